@@ -1,0 +1,124 @@
+#pragma once
+
+#include "Dossier.h"
+#include "LabelTemplate.h"
+#include "Printer.h"
+#include "SettingsData.h"
+
+#include <QList>
+#include <QObject>
+#include <QString>
+#include <QTimer>
+#include <QUuid>
+
+#include <functional>
+#include <optional>
+
+// The one settings store. Loads ~/.stampix/settings.json on construction,
+// migrates the old flat layout, repairs the selections and saves itself 0.5 s
+// after the last assignment to any published property.
+class AppSettings : public QObject
+{
+    Q_OBJECT
+
+public:
+    static constexpr int kSaveDelayMs = 500;
+
+    explicit AppSettings(QObject* parent = nullptr);
+    ~AppSettings() override;
+
+    // Published properties: every setter notifies and schedules a save, even
+    // when the value does not change.
+    const QString& bookyear() const { return m_bookyear; }
+    void setBookyear(const QString& value);
+    const QList<Dossier>& dossiers() const { return m_dossiers; }
+    void setDossiers(const QList<Dossier>& value);
+    std::optional<QUuid> selectedDossierID() const { return m_selectedDossierID; }
+    void setSelectedDossierID(std::optional<QUuid> value);
+    const QList<Printer>& printers() const { return m_printers; }
+    void setPrinters(const QList<Printer>& value);
+    const QList<LabelTemplate>& templates() const { return m_templates; }
+    void setTemplates(const QList<LabelTemplate>& value);
+    std::optional<QUuid> selectedTemplateID() const { return m_selectedTemplateID; }
+    void setSelectedTemplateID(std::optional<QUuid> value);
+    double settingsWindowWidth() const { return m_settingsWindowWidth; }
+    void setSettingsWindowWidth(double value);
+    double settingsWindowHeight() const { return m_settingsWindowHeight; }
+    void setSettingsWindowHeight(double value);
+    double columnWidthCheckbox() const { return m_columnWidthCheckbox; }
+    void setColumnWidthCheckbox(double value);
+    double columnWidthSKU() const { return m_columnWidthSKU; }
+    void setColumnWidthSKU(double value);
+    double columnWidthName() const { return m_columnWidthName; }
+    void setColumnWidthName(double value);
+    double columnWidthPrice() const { return m_columnWidthPrice; }
+    void setColumnWidthPrice(double value);
+    double columnWidthBarcode() const { return m_columnWidthBarcode; }
+    void setColumnWidthBarcode(double value);
+
+    // Edit one record in place (an assignment of the whole list). A stale
+    // index is ignored and returns false.
+    bool updateDossier(qsizetype index, const std::function<void(Dossier&)>& edit);
+    bool updatePrinter(qsizetype index, const std::function<void(Printer&)>& edit);
+    bool updateTemplate(qsizetype index, const std::function<void(LabelTemplate&)>& edit);
+
+    // Computed.
+    std::optional<Dossier> selectedDossier() const;
+    std::optional<LabelTemplate> selectedTemplate() const;
+    bool isConfigured() const;
+    bool isPrinterConfigured() const;
+    std::optional<Printer> printerFor(const LabelTemplate& labelTemplate) const;
+
+    void addDossier();
+    void deleteDossier(const Dossier& dossier);
+    void addPrinter();
+    void deletePrinter(const Printer& printer);
+    void addTemplate();
+    void deleteTemplate(const LabelTemplate& labelTemplate);
+
+    // Both return the error's description on failure, nothing on success;
+    // the store is unchanged by a failure.
+    std::optional<QString> exportSettings(const QString& filePath) const;
+    std::optional<QString> importSettings(const QString& filePath);
+
+    // Writes a pending save now (used once, when the application quits).
+    void savePendingChanges();
+    bool isSavePending() const;
+
+    QString settingsFilePath() const;
+
+signals:
+    void bookyearChanged();
+    void dossiersChanged();
+    void selectedDossierIDChanged();
+    void printersChanged();
+    void templatesChanged();
+    void selectedTemplateIDChanged();
+    void settingsWindowWidthChanged();
+    void settingsWindowHeightChanged();
+    void columnWidthCheckboxChanged();
+    void columnWidthSKUChanged();
+    void columnWidthNameChanged();
+    void columnWidthPriceChanged();
+    void columnWidthBarcodeChanged();
+
+private:
+    // implementation detail left to the implementer
+    QString m_settingsDirectory;
+    QString m_settingsFile;
+    QTimer m_saveTimer;
+
+    QString m_bookyear;
+    QList<Dossier> m_dossiers;
+    std::optional<QUuid> m_selectedDossierID;
+    QList<Printer> m_printers;
+    QList<LabelTemplate> m_templates;
+    std::optional<QUuid> m_selectedTemplateID;
+    double m_settingsWindowWidth = 1100;
+    double m_settingsWindowHeight = 700;
+    double m_columnWidthCheckbox = 30;
+    double m_columnWidthSKU = 120;
+    double m_columnWidthName = 300;
+    double m_columnWidthPrice = 100;
+    double m_columnWidthBarcode = 130;
+};

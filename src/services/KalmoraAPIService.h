@@ -1,0 +1,38 @@
+#pragma once
+
+#include "APIError.h"
+#include "Expected.h"
+#include "Product.h"
+
+#include <QCoroTask>
+#include <QList>
+#include <QNetworkAccessManager>
+#include <QObject>
+#include <QString>
+
+#include <chrono>
+
+// Fetches one page of a dossier's products from the invoicing service.
+class KalmoraAPIService : public QObject
+{
+    Q_OBJECT
+
+public:
+    static constexpr std::chrono::milliseconds kDefaultTimeout{60'000};
+    // Larger bodies end as invalidResponse instead of eating memory.
+    static constexpr qint64 kMaxBodyBytes = 64 * 1024 * 1024;
+
+    explicit KalmoraAPIService(QString baseURL,
+                               std::chrono::milliseconds timeout = kDefaultTimeout,
+                               QObject* parent = nullptr);
+
+    const QString& baseURL() const { return m_baseURL; }
+
+    QCoro::Task<Expected<QList<Product>, APIError>> fetchProducts(QString apiKey, QString bookyear,
+                                                                  qint64 limit, qint64 offset);
+
+private:
+    const QString m_baseURL;
+    const std::chrono::milliseconds m_timeout;
+    QNetworkAccessManager m_network;
+};
