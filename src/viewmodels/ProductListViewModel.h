@@ -80,14 +80,35 @@ signals:
     void printQuantityChanged();
 
 private:
-    // implementation detail left to the implementer
+    // Lower-cased once per load, so a keystroke only scans.
+    struct SearchTexts
+    {
+        QString sku;
+        QString displayName;
+        QString barcode;
+        std::optional<QString> description;
+
+        bool contains(QStringView query) const;
+    };
+
+    void setIsLoading(bool loading);
+    void setErrorMessage(const std::optional<QString>& message);
+    void setSuccessMessage(const std::optional<QString>& message);
+    void setProducts(QList<Product> products);
+    void applyFilter();
+    void clearSuccessLater(const QString& message);
+
     QPointer<AppSettings> m_settings;
     KalmoraAPIService m_apiService;
     ZPLService m_zplService;
     PrinterService m_printerService;
 
     QList<Product> m_products;
+    QList<SearchTexts> m_searchTexts;
     QList<qsizetype> m_filteredIndexes;
+    // The query that produced m_filteredIndexes; a longer query containing it
+    // can only narrow the result, so it scans the previous matches only.
+    std::optional<QString> m_appliedQuery;
     QString m_searchText;
     bool m_isLoading = false;
     std::optional<QString> m_errorMessage;

@@ -1,0 +1,30 @@
+#pragma once
+
+#include <QColor>
+#include <QFont>
+#include <QPalette>
+
+// Named colours and text styles of the desktop, taken from the palette so
+// that light and dark themes both work. Sizes are device-independent pixels.
+class Theme
+{
+public:
+    static QColor windowBackground(const QPalette& palette);
+    static QColor controlBackground(const QPalette& palette);
+    static QColor primaryText(const QPalette& palette);
+    static QColor secondaryText(const QPalette& palette);
+    static QColor separator(const QPalette& palette);
+    static QColor accent(const QPalette& palette);
+    static QColor green();
+    static QColor red();
+    static QColor orange();
+    static QColor blue();
+
+    static QFont systemFont(int pixelSize, QFont::Weight weight = QFont::Normal);
+    static QFont monospaced(int pixelSize);
+    static QFont caption();     // 10 px
+    static QFont body();        // 13 px
+    static QFont headline();    // 13 px bold
+    static QFont subheadline(); // 11 px
+    static QFont title2();      // 17 px
+};
