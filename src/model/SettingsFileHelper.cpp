@@ -1,0 +1,71 @@
+#include "SettingsFileHelper.h"
+
+#include "AppSettings.h"
+#include "SettingsFileDialogs.h"
+
+#include <QDir>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+const QString kNameFilter = u"JSON (*.json)"_s;
+const QString kButtonText = u"OK"_s;
+
+// A dialog that returns an empty path has not chosen anything either.
+bool isChosen(const std::optional<QString>& path)
+{
+    return path.has_value() && !path->isEmpty();
+}
+
+SettingsFileDialogs::Message message(SettingsFileDialogs::MessageStyle style, const QString& text,
+                                     const QString& informativeText)
+{
+    return {style, text, informativeText, kButtonText};
+}
+
+} // namespace
+
+void SettingsFileHelper::exportSettings(const AppSettings& settings, SettingsFileDialogs& dialogs)
+{
+    const std::optional<QString> path = dialogs.askSaveLocation({
+        .title = u"Exporteer Instellingen"_s,
+        .message = u"Kies een locatie om de instellingen op te slaan"_s,
+        .proposedFileName = u"stampix-settings.json"_s,
+        .nameFilter = kNameFilter,
+    });
+    if (!isChosen(path))
+        return;
+
+    if (const std::optional<QString> error = settings.exportSettings(*path)) {
+        dialogs.showMessage(message(SettingsFileDialogs::MessageStyle::Critical,
+                                    u"Export Mislukt"_s,
+                                    u"Kon de instellingen niet exporteren: "_s + *error));
+        return;
+    }
+    dialogs.showMessage(
+        message(SettingsFileDialogs::MessageStyle::Informational, u"Instellingen Geëxporteerd"_s,
+                u"De instellingen zijn opgeslagen naar:\n"_s + QDir::toNativeSeparators(*path)));
+}
+
+void SettingsFileHelper::importSettings(AppSettings& settings, SettingsFileDialogs& dialogs)
+{
+    const std::optional<QString> path = dialogs.askOpenFile({
+        .title = u"Importeer Instellingen"_s,
+        .message = u"Selecteer een settings.json bestand om te importeren"_s,
+        .proposedFileName = {},
+        .nameFilter = kNameFilter,
+    });
+    if (!isChosen(path))
+        return;
+
+    if (const std::optional<QString> error = settings.importSettings(*path)) {
+        dialogs.showMessage(message(SettingsFileDialogs::MessageStyle::Critical,
+                                    u"Import Mislukt"_s,
+                                    u"Kon de instellingen niet importeren: "_s + *error));
+        return;
+    }
+    dialogs.showMessage(message(SettingsFileDialogs::MessageStyle::Informational,
+                                u"Instellingen Geïmporteerd"_s,
+                                u"De instellingen zijn succesvol geïmporteerd."_s));
+}
