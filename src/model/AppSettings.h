@@ -10,7 +10,6 @@
 #include <QString>
 #include <QTimer>
 #include <QUuid>
-
 #include <functional>
 #include <optional>
 
@@ -103,10 +102,31 @@ signals:
     void columnWidthBarcodeChanged();
 
 private:
-    // implementation detail left to the implementer
+    template <typename T> void assign(T& member, const T& value, void (AppSettings::*changed)());
+    template <typename Record>
+    bool updateRecord(const QList<Record>& records, qsizetype index,
+                      const std::function<void(Record&)>& edit,
+                      void (AppSettings::*set)(const QList<Record>&));
+
+    void scheduleSettingsSave();
+    void saveSettings();
+    void loadSettings();
+    void keepUnreadableFile(const QString& description);
+    void applyLoadedValues(const SettingsData& data);
+    void applySizes(const SettingsData& data);
+    void migrateLegacyDossier(const SettingsData& data);
+    void migrateOldPrinterSettings(const SettingsData& data);
+    // A non-empty list and a selection that names one of its records.
+    void ensureDossierSelected();
+    void ensureTemplateSelected();
+    SettingsData currentDocument() const;
+
     QString m_settingsDirectory;
     QString m_settingsFile;
     QTimer m_saveTimer;
+    // Set when an unreadable settings file could not be moved aside: saves
+    // then leave it alone rather than destroy what may still be recovered.
+    bool m_keepExistingFile = false;
 
     QString m_bookyear;
     QList<Dossier> m_dossiers;

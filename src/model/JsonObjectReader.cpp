@@ -1,0 +1,169 @@
+#include "JsonObjectReader.h"
+
+#include "UuidText.h"
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+QString describe(const QJsonValue& value)
+{
+    switch (value.type()) {
+    case QJsonValue::Null:
+        return u"null"_s;
+    case QJsonValue::Bool:
+        return u"a boolean"_s;
+    case QJsonValue::Double:
+        return u"a number"_s;
+    case QJsonValue::String:
+        return u"a string"_s;
+    case QJsonValue::Array:
+        return u"an array"_s;
+    case QJsonValue::Object:
+        return u"an object"_s;
+    case QJsonValue::Undefined:
+        break;
+    }
+    return u"nothing"_s;
+}
+
+} // namespace
+
+JsonObjectReader::JsonObjectReader(const QJsonValue& value)
+{
+    if (value.isObject())
+        m_object = value.toObject();
+    else
+        fail(u"expected an object, found "_s + describe(value));
+}
+
+QString JsonObjectReader::requiredString(QStringView key)
+{
+    return toText(key, requiredMember(key));
+}
+
+std::optional<QString> JsonObjectReader::optionalString(QStringView key)
+{
+    const std::optional<QJsonValue> value = presentMember(key);
+    if (!value)
+        return std::nullopt;
+    QString text = toText(key, *value);
+    if (hasFailed())
+        return std::nullopt;
+    return text;
+}
+
+QUuid JsonObjectReader::requiredUuid(QStringView key)
+{
+    return toUuid(key, requiredMember(key));
+}
+
+std::optional<QUuid> JsonObjectReader::optionalUuid(QStringView key)
+{
+    const std::optional<QJsonValue> value = presentMember(key);
+    if (!value)
+        return std::nullopt;
+    const QUuid uuid = toUuid(key, *value);
+    if (hasFailed())
+        return std::nullopt;
+    return uuid;
+}
+
+qint64 JsonObjectReader::requiredInteger(QStringView key)
+{
+    return toInteger(key, requiredMember(key));
+}
+
+std::optional<qint64> JsonObjectReader::optionalInteger(QStringView key)
+{
+    const std::optional<QJsonValue> value = presentMember(key);
+    if (!value)
+        return std::nullopt;
+    const qint64 integer = toInteger(key, *value);
+    if (hasFailed())
+        return std::nullopt;
+    return integer;
+}
+
+std::optional<double> JsonObjectReader::optionalNumber(QStringView key)
+{
+    const std::optional<QJsonValue> value = presentMember(key);
+    if (!value)
+        return std::nullopt;
+    if (!value->isDouble()) {
+        failType(key, u"a number", *value);
+        return std::nullopt;
+    }
+    return value->toDouble();
+}
+
+std::optional<QJsonValue> JsonObjectReader::presentMember(QStringView key)
+{
+    if (hasFailed())
+        return std::nullopt;
+    QJsonValue value = m_object.value(key);
+    if (value.isUndefined() || value.isNull())
+        return std::nullopt;
+    return value;
+}
+
+QJsonValue JsonObjectReader::requiredMember(QStringView key)
+{
+    if (hasFailed())
+        return {};
+    if (!m_object.contains(key))
+        fail(u"\"%1\" is missing"_s.arg(key));
+    return m_object.value(key);
+}
+
+QString JsonObjectReader::toText(QStringView key, const QJsonValue& value)
+{
+    if (hasFailed())
+        return {};
+    if (!value.isString()) {
+        failType(key, u"a string", value);
+        return {};
+    }
+    return value.toString();
+}
+
+QUuid JsonObjectReader::toUuid(QStringView key, const QJsonValue& value)
+{
+    const QString text = toText(key, value);
+    if (hasFailed())
+        return {};
+    const std::optional<QUuid> uuid = uuidFromText(text);
+    if (!uuid) {
+        fail(u"\"%1\" is not a valid UUID: \"%2\""_s.arg(key, text));
+        return {};
+    }
+    return *uuid;
+}
+
+qint64 JsonObjectReader::toInteger(QStringView key, const QJsonValue& value)
+{
+    if (hasFailed())
+        return 0;
+    // QJsonValue has one number type; an integer is a number without a
+    // fraction that fits in 64 bits (toInteger() answers 0 otherwise).
+    const qint64 integer = value.toInteger();
+    if (!value.isDouble() || value.toDouble() != static_cast<double>(integer)) {
+        failType(key, u"an integer", value);
+        return 0;
+    }
+    return integer;
+}
+
+void JsonObjectReader::failType(QStringView key, QStringView expected, const QJsonValue& found)
+{
+    QString foundText = describe(found);
+    if (found.isDouble())
+        foundText += u" ("_s + QString::number(found.toDouble()) + u')';
+    fail(u"\"%1\" must be %2, found %3"_s.arg(key, expected, foundText));
+}
+
+void JsonObjectReader::fail(const QString& message)
+{
+    if (m_error.isEmpty())
+        m_error = message;
+}
