@@ -46,7 +46,6 @@ private slots:
     void emptyObjectReadsAsDefaults();
     void emptyOrNullTemplatesGiveTheDefaultTemplate_data();
     void emptyOrNullTemplatesGiveTheDefaultTemplate();
-    void documentRoundTrips();
     void writtenFormIsSortedAndWithoutLegacyKeys();
     void nullSelectionsAndUnknownKeys();
     void legacyKeysAreRead();
@@ -90,27 +89,6 @@ void TestSettingsData::emptyOrNullTemplatesGiveTheDefaultTemplate()
     const auto data = SettingsData::read(json, nullptr);
     QVERIFY(data);
     QCOMPARE(data->templates, QList<LabelTemplate>{LabelTemplate::defaultTemplate()});
-}
-
-void TestSettingsData::documentRoundTrips()
-{
-    const SettingsData original = fullDocument();
-    QString error;
-    const auto read = SettingsData::read(original.write(), &error);
-    QVERIFY2(read, qPrintable(error));
-    QCOMPARE(read->bookyear, original.bookyear);
-    QCOMPARE(read->dossiers, original.dossiers);
-    QCOMPARE(read->selectedDossierID, original.selectedDossierID);
-    QCOMPARE(read->printers, original.printers);
-    QCOMPARE(read->templates, original.templates);
-    QCOMPARE(read->selectedTemplateID, original.selectedTemplateID);
-    QCOMPARE(read->settingsWindowWidth, original.settingsWindowWidth);
-    QCOMPARE(read->settingsWindowHeight, original.settingsWindowHeight);
-    QCOMPARE(read->columnWidthCheckbox, original.columnWidthCheckbox);
-    QCOMPARE(read->columnWidthSKU, original.columnWidthSKU);
-    QCOMPARE(read->columnWidthName, original.columnWidthName);
-    QCOMPARE(read->columnWidthPrice, original.columnWidthPrice);
-    QCOMPARE(read->columnWidthBarcode, original.columnWidthBarcode);
 }
 
 void TestSettingsData::writtenFormIsSortedAndWithoutLegacyKeys()
