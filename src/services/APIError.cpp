@@ -1,0 +1,45 @@
+#include "APIError.h"
+
+using namespace Qt::StringLiterals;
+
+APIError APIError::networkError(const QString& underlyingDescription)
+{
+    return {Kind::networkError, underlyingDescription};
+}
+
+APIError APIError::serverError(const QString& message)
+{
+    return {Kind::serverError, message};
+}
+
+APIError APIError::invalidURL()
+{
+    return {Kind::invalidURL, {}};
+}
+
+APIError APIError::noAPIKey()
+{
+    return {Kind::noAPIKey, {}};
+}
+
+APIError APIError::invalidResponse()
+{
+    return {Kind::invalidResponse, {}};
+}
+
+QString APIError::errorDescription() const
+{
+    switch (m_kind) {
+    case Kind::networkError:
+        return u"Netwerkfout: "_s + m_payload;
+    case Kind::serverError:
+        return u"Serverfout: "_s + m_payload;
+    case Kind::invalidURL:
+        return u"Ongeldige API URL"_s;
+    case Kind::noAPIKey:
+        return u"Geen API key geconfigureerd"_s;
+    case Kind::invalidResponse:
+        return u"Ongeldige respons van server"_s;
+    }
+    return {};
+}

@@ -1,0 +1,71 @@
+#include "PrinterSendJob.h"
+
+PrinterSendJob::PrinterSendJob(QByteArray payload, std::chrono::milliseconds timeout,
+                               QObject* parent)
+    : QObject(parent), m_payload(std::move(payload))
+{
+    m_timer.setSingleShot(true);
+    m_timer.setTimerType(Qt::PreciseTimer);
+    m_timer.setInterval(timeout);
+    connect(&m_timer, &QTimer::timeout, this, &PrinterSendJob::onTimeout);
+    connect(&m_socket, &QTcpSocket::connected, this, &PrinterSendJob::onConnected);
+    connect(&m_socket, &QTcpSocket::bytesWritten, this, &PrinterSendJob::onBytesWritten);
+    connect(&m_socket, &QTcpSocket::errorOccurred, this, &PrinterSendJob::onErrorOccurred);
+}
+
+void PrinterSendJob::start(const QString& host, quint16 port)
+{
+    // The time-out counts from the connection attempt, not from "connected".
+    m_timer.start();
+    m_socket.connectToHost(host, port);
+}
+
+void PrinterSendJob::onConnected()
+{
+    m_connected = true;
+    if (m_payload.isEmpty()) {
+        endStream();
+        return;
+    }
+    if (m_socket.write(m_payload) != m_payload.size())
+        finish(PrinterError::sendFailed(m_socket.errorString()));
+}
+
+void PrinterSendJob::onBytesWritten(qint64 count)
+{
+    m_written += count;
+    if (m_written >= m_payload.size())
+        endStream();
+}
+
+void PrinterSendJob::onErrorOccurred(QAbstractSocket::SocketError)
+{
+    const QString message = m_socket.errorString();
+    finish(m_connected ? PrinterError::sendFailed(message)
+                       : PrinterError::connectionFailed(message));
+}
+
+void PrinterSendJob::onTimeout()
+{
+    finish(PrinterError::timeout());
+}
+
+void PrinterSendJob::endStream()
+{
+    // Everything has reached the network stack: FIN after the text, then close.
+    m_socket.disconnectFromHost();
+    finish(std::nullopt);
+}
+
+void PrinterSendJob::finish(std::optional<PrinterError> result)
+{
+    if (m_finished)
+        return;
+    m_finished = true;
+    m_result = std::move(result);
+    m_timer.stop();
+    m_socket.disconnect(this);
+    if (m_result)
+        m_socket.abort();
+    emit finished();
+}

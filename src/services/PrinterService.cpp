@@ -1,0 +1,53 @@
+#include "PrinterService.h"
+
+#include "PrinterSendJob.h"
+
+#include <QCoroSignal>
+#include <memory>
+
+using namespace Qt::StringLiterals;
+
+const QString PrinterService::kTestLabel = u"^XA^FO50,50^A0N,30,30^FDTest Etiket^FS^XZ"_s;
+
+namespace {
+
+constexpr qint64 kMaxPort = 65535;
+
+struct DeleteLater
+{
+    void operator()(QObject* object) const { object->deleteLater(); }
+};
+
+} // namespace
+
+PrinterService::PrinterService(std::chrono::milliseconds timeout) : m_timeout(timeout) {}
+
+QCoro::Task<std::optional<PrinterError>> PrinterService::sendZPL(QString zpl, QString ip,
+                                                                 qint64 port) const
+{
+    if (ip.isEmpty())
+        co_return PrinterError::noPrinterConfigured();
+    if (port < 0 || port > kMaxPort)
+        co_return PrinterError::connectionFailed(
+            u"ongeldige poort %1 (toegestaan: 0 tot en met 65535)"_s.arg(port));
+
+    // The job lives in this frame, not in the service: the service may be gone
+    // before the job ends, so nothing after the await touches this.
+    std::unique_ptr<PrinterSendJob, DeleteLater> job(new PrinterSendJob(zpl.toUtf8(), m_timeout));
+    job->start(ip, static_cast<quint16>(port));
+    if (!job->isFinished())
+        co_await qCoro(job.get(), &PrinterSendJob::finished);
+    co_return job->result();
+}
+
+QCoro::Task<PrinterService::ConnectionTestResult> PrinterService::testConnection(QString ip,
+                                                                                 qint64 port) const
+{
+    if (ip.isEmpty())
+        co_return ConnectionTestResult{false, u"Geen IP adres geconfigureerd"_s};
+
+    const std::optional<PrinterError> error = co_await sendZPL(kTestLabel, ip, port);
+    if (error)
+        co_return ConnectionTestResult{false, error->errorDescription()};
+    co_return ConnectionTestResult{true, u"Verbinding gelukt! Test etiket verstuurd."_s};
+}

@@ -1,0 +1,153 @@
+#include "ProductReplyReader.h"
+
+#include "ProductAPIResponse.h"
+
+#include <QTextStream>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+constexpr int kStatusOK = 200;
+constexpr int kStatusUnauthorized = 401;
+
+// Errors below this value come from the connection or the proxy, not from an
+// HTTP status that Qt mapped onto an error code.
+constexpr int kFirstStatusMappedError = 200;
+
+QString timeoutDescription(std::chrono::milliseconds timeout)
+{
+    return u"Time-out: de server antwoordde niet binnen %1 seconden"_s.arg(
+        static_cast<double>(timeout.count()) / 1000.0);
+}
+
+void logDecodingError(const QString& description)
+{
+    QTextStream out(stdout);
+    out << u"Decoding error: "_s << description << Qt::endl;
+}
+
+} // namespace
+
+ProductReplyReader::ProductReplyReader(QNetworkReply* reply, std::chrono::milliseconds timeout,
+                                       qint64 maxBodyBytes, QObject* parent)
+    : QObject(parent), m_reply(reply), m_timeout(timeout), m_maxBodyBytes(maxBodyBytes)
+{
+    connect(reply, &QNetworkReply::metaDataChanged, this, &ProductReplyReader::onMetaDataChanged);
+    connect(reply, &QNetworkReply::readyRead, this, &ProductReplyReader::onReadyRead);
+    connect(reply, &QNetworkReply::finished, this, &ProductReplyReader::onReplyFinished);
+    // The reply belongs to the service's access manager and dies with it.
+    connect(reply, &QObject::destroyed, this, &ProductReplyReader::onReplyDestroyed);
+
+    m_timer.setSingleShot(true);
+    m_timer.setTimerType(Qt::PreciseTimer);
+    m_timer.setInterval(timeout);
+    connect(&m_timer, &QTimer::timeout, this, &ProductReplyReader::onTimeout);
+    m_timer.start();
+
+    if (reply->isFinished())
+        onReplyFinished();
+}
+
+ProductReplyReader::~ProductReplyReader()
+{
+    if (m_reply) {
+        m_reply->disconnect(this);
+        m_reply->abort();
+        m_reply->deleteLater();
+    }
+}
+
+bool ProductReplyReader::isSuccessStatus() const
+{
+    return m_reply->attribute(QNetworkRequest::HttpStatusCodeAttribute).toInt() == kStatusOK;
+}
+
+void ProductReplyReader::onMetaDataChanged()
+{
+    if (!isSuccessStatus())
+        return;
+    const QVariant length = m_reply->header(QNetworkRequest::ContentLengthHeader);
+    if (length.isValid() && length.toLongLong() > m_maxBodyBytes)
+        finish(APIError::invalidResponse());
+}
+
+void ProductReplyReader::onReadyRead()
+{
+    // Only a 200 body is ever decoded; anything else is drained, not kept.
+    const QByteArray chunk = m_reply->readAll();
+    if (!isSuccessStatus())
+        return;
+    m_body.append(chunk);
+    if (m_body.size() > m_maxBodyBytes) {
+        m_body.clear();
+        finish(APIError::invalidResponse());
+    }
+}
+
+void ProductReplyReader::onReplyFinished()
+{
+    m_body.append(m_reply->readAll());
+    finish(classify());
+}
+
+void ProductReplyReader::onTimeout()
+{
+    finish(APIError::networkError(timeoutDescription(m_timeout)));
+}
+
+void ProductReplyReader::onReplyDestroyed()
+{
+    finish(APIError::networkError(u"het verzoek is afgebroken"_s));
+}
+
+ProductReplyReader::Result ProductReplyReader::classify() const
+{
+    const QNetworkReply::NetworkError error = m_reply->error();
+    const QVariant statusAttribute = m_reply->attribute(QNetworkRequest::HttpStatusCodeAttribute);
+
+    // A redirect that is not followed (another origin, or too many) ends on
+    // the redirect's own status, like any other status but 200.
+    const bool redirectRefused = error == QNetworkReply::InsecureRedirectError ||
+                                 error == QNetworkReply::TooManyRedirectsError;
+    if (redirectRefused && statusAttribute.isValid())
+        return APIError::serverError(u"HTTP "_s + QString::number(statusAttribute.toInt()));
+
+    if (error != QNetworkReply::NoError &&
+        (error < kFirstStatusMappedError || !statusAttribute.isValid()))
+        return APIError::networkError(m_reply->errorString());
+    if (!statusAttribute.isValid())
+        return APIError::invalidResponse();
+
+    const int status = statusAttribute.toInt();
+    if (status == kStatusUnauthorized)
+        return APIError::serverError(u"Ongeldige API key"_s);
+    if (status != kStatusOK)
+        return APIError::serverError(u"HTTP "_s + QString::number(status));
+
+    QString decodingError;
+    std::optional<ProductAPIResponse> response = ProductAPIResponse::decode(m_body, &decodingError);
+    if (!response) {
+        logDecodingError(decodingError);
+        return APIError::invalidResponse();
+    }
+    if (response->error && !response->error->isEmpty())
+        return APIError::serverError(*response->error);
+    return response->data.value_or(QList<Product>());
+}
+
+void ProductReplyReader::finish(Result result)
+{
+    if (m_result)
+        return;
+    m_result = std::move(result);
+    m_timer.stop();
+    if (m_reply) {
+        m_reply->disconnect(this);
+        if (m_reply->isRunning())
+            m_reply->abort();
+        m_reply->deleteLater();
+        m_reply.clear();
+    }
+    emit finished();
+}

@@ -1,0 +1,337 @@
+#include "services/PrinterService.h"
+
+#include "AwaitTask.h"
+#include "BacklogFullListener.h"
+#include "LabelSink.h"
+#include "services/PrinterSendJob.h"
+
+#include <QCoroTask>
+#include <QElapsedTimer>
+#include <QNetworkProxy>
+#include <QSet>
+#include <QSignalSpy>
+#include <QTcpServer>
+#include <QtTest>
+#include <memory>
+#include <vector>
+
+using namespace Qt::StringLiterals;
+using namespace std::chrono_literals;
+
+using SendResult = std::optional<PrinterError>;
+
+namespace {
+
+const QString kLocalhost = u"127.0.0.1"_s;
+
+SendResult send(const PrinterService& service, const QString& zpl, const QString& ip, qint64 port)
+{
+    return awaitTask(service.sendZPL(zpl, ip, port));
+}
+
+QString describe(const SendResult& result)
+{
+    return result ? result->errorDescription() : u"success"_s;
+}
+
+quint16 closedPort()
+{
+    QTcpServer placeholder;
+    if (!placeholder.listen(QHostAddress::LocalHost))
+        return 0;
+    return placeholder.serverPort(); // closed again when this returns
+}
+
+// Larger than the kernel's socket buffers can take at once (4 MiB send buffer
+// at most here), so a peer that stops reading holds the sender up.
+const QString& hugeLabel()
+{
+    static const QString label =
+        u"^XA^FD"_s + QString::fromLatin1(QByteArray(8 * 1024 * 1024, 'Z')) + u"^FS^XZ"_s;
+    return label;
+}
+
+} // namespace
+
+class PrinterServiceTest : public QObject
+{
+    Q_OBJECT
+
+private slots:
+    void initTestCase();
+    void deliversExactlyTheUtf8Bytes_data();
+    void deliversExactlyTheUtf8Bytes();
+    void reachesAnIPv6Literal();
+    void emptyAddressNeverConnects();
+    void portOutsideSixteenBitsNeverConnects_data();
+    void portOutsideSixteenBitsNeverConnects();
+    void refusedConnectionFailsAtOnce();
+    void unansweredConnectionEndsAtTheTimeOut();
+    void stalledPrinterEndsAtTheTimeOut();
+    void brokenPeerIsASendFailure_data();
+    void brokenPeerIsASendFailure();
+    void concurrentSendsEachGetTheirOwnConnection();
+    void jobFinishesOnceAndIgnoresTheLateTimer();
+    void serviceMayGoAwayWhileSending();
+    void connectionTestSendsTheTestLabel();
+    void connectionTestReportsFailures();
+};
+
+void PrinterServiceTest::initTestCase()
+{
+    QNetworkProxy::setApplicationProxy(QNetworkProxy::NoProxy);
+    QCOMPARE(PrinterService::kTestLabel.toUtf8().size(), 41);
+}
+
+void PrinterServiceTest::deliversExactlyTheUtf8Bytes_data()
+{
+    QTest::addColumn<QString>("zpl");
+    QTest::addColumn<QByteArray>("wire");
+    QTest::newRow("ascii") << u"^XA^FDABC-1^FS^XZ"_s << QByteArray("^XA^FDABC-1^FS^XZ");
+    QTest::newRow("accents") << u"^XA^FDCafé crème €5^FS^XZ"_s
+                             << QByteArray("^XA^FDCaf\xC3\xA9 cr\xC3\xA8me \xE2\x82\xAC"
+                                           "5^FS^XZ");
+    QTest::newRow("line ends kept, none added") << u"^XA\r\n^XZ\n"_s << QByteArray("^XA\r\n^XZ\n");
+    QTest::newRow("empty") << QString() << QByteArray();
+}
+
+void PrinterServiceTest::deliversExactlyTheUtf8Bytes()
+{
+    QFETCH(QString, zpl);
+    QFETCH(QByteArray, wire);
+    LabelSink sink;
+    QVERIFY(sink.listen());
+    const PrinterService service;
+
+    const SendResult result = send(service, zpl, kLocalhost, sink.port());
+    QVERIFY2(!result, qPrintable(describe(result)));
+    // A job is recorded only when the sender has closed its end.
+    QTRY_COMPARE(sink.jobs().size(), 1);
+    QCOMPARE(sink.jobs().at(0), wire);
+    QCOMPARE(sink.connectionCount(), 1);
+}
+
+void PrinterServiceTest::reachesAnIPv6Literal()
+{
+    LabelSink sink;
+    if (!sink.listen(0, QHostAddress::LocalHostIPv6))
+        QSKIP("No IPv6 loopback here");
+    const PrinterService service;
+
+    const SendResult result = send(service, u"^XA^XZ"_s, u"::1"_s, sink.port());
+    QVERIFY2(!result, qPrintable(describe(result)));
+    QTRY_COMPARE(sink.jobs().size(), 1);
+    QCOMPARE(sink.jobs().at(0), "^XA^XZ");
+}
+
+void PrinterServiceTest::emptyAddressNeverConnects()
+{
+    LabelSink sink;
+    QVERIFY(sink.listen());
+    const PrinterService service;
+
+    for (const qint64 port : {qint64(sink.port()), qint64(-5), qint64(100000)}) {
+        const SendResult result = send(service, u"^XA^XZ"_s, QString(), port);
+        QVERIFY(result);
+        QCOMPARE(result->kind(), PrinterError::Kind::noPrinterConfigured);
+        QCOMPARE(result->errorDescription(), u"Geen printer IP geconfigureerd"_s);
+    }
+    const auto test = awaitTask(service.testConnection(QString(), sink.port()));
+    QVERIFY(!test.success);
+    QCOMPARE(test.message, u"Geen IP adres geconfigureerd"_s);
+
+    QTest::qWait(50);
+    QCOMPARE(sink.connectionCount(), 0);
+}
+
+void PrinterServiceTest::portOutsideSixteenBitsNeverConnects_data()
+{
+    QTest::addColumn<qint64>("port");
+    QTest::newRow("negative") << qint64(-1);
+    QTest::newRow("65536") << qint64(65536);
+    // Would wrap to a valid 16-bit port if it were truncated.
+    QTest::newRow("wraps onto a real port") << qint64(65536 + 9100);
+}
+
+void PrinterServiceTest::portOutsideSixteenBitsNeverConnects()
+{
+    QFETCH(qint64, port);
+    const PrinterService service(5s);
+
+    QElapsedTimer clock;
+    clock.start();
+    const SendResult result = send(service, u"^XA^XZ"_s, kLocalhost, port);
+    QVERIFY(result);
+    QCOMPARE(result->kind(), PrinterError::Kind::connectionFailed);
+    QVERIFY(result->errorDescription().startsWith(u"Verbinding mislukt: "_s));
+    QVERIFY(!result->payload().isEmpty());
+    QVERIFY(clock.elapsed() < 1000);
+}
+
+void PrinterServiceTest::refusedConnectionFailsAtOnce()
+{
+    const quint16 port = closedPort();
+    QVERIFY(port != 0);
+    const PrinterService service(5s);
+
+    QElapsedTimer clock;
+    clock.start();
+    const SendResult result = send(service, u"^XA^XZ"_s, kLocalhost, port);
+    QVERIFY(result);
+    QCOMPARE(result->kind(), PrinterError::Kind::connectionFailed);
+    QVERIFY(!result->payload().isEmpty());
+    QVERIFY2(clock.elapsed() < 2000, "a refusal must not wait for the time-out");
+}
+
+void PrinterServiceTest::unansweredConnectionEndsAtTheTimeOut()
+{
+    const BacklogFullListener silent;
+    if (!silent.isReady())
+        QSKIP("Could not fill the accept queue of a loopback listener");
+    const PrinterService service(400ms);
+
+    QElapsedTimer clock;
+    clock.start();
+    const SendResult result = send(service, u"^XA^XZ"_s, kLocalhost, silent.port());
+    QVERIFY(result);
+    QCOMPARE(result->kind(), PrinterError::Kind::timeout);
+    QCOMPARE(result->errorDescription(), u"Verbinding time-out"_s);
+    QVERIFY2(clock.elapsed() >= 400, "the time-out must not fire early");
+    QVERIFY(clock.elapsed() < 3000);
+}
+
+void PrinterServiceTest::stalledPrinterEndsAtTheTimeOut()
+{
+    // Connected, but the printer takes the data far too slowly: the time-out
+    // covers the whole job, not only the connection attempt.
+    LabelSink sink;
+    sink.setBehaviour(LabelSink::Behaviour::readSlowly);
+    QVERIFY(sink.listen());
+    const PrinterService service(500ms);
+
+    const SendResult result = send(service, hugeLabel(), kLocalhost, sink.port());
+    QVERIFY(result);
+    QCOMPARE(result->kind(), PrinterError::Kind::timeout);
+}
+
+void PrinterServiceTest::brokenPeerIsASendFailure_data()
+{
+    QTest::addColumn<LabelSink::Behaviour>("behaviour");
+    QTest::newRow("closes at once") << LabelSink::Behaviour::closeAtOnce;
+    QTest::newRow("resets mid-transfer") << LabelSink::Behaviour::resetMidTransfer;
+}
+
+void PrinterServiceTest::brokenPeerIsASendFailure()
+{
+    QFETCH(LabelSink::Behaviour, behaviour);
+    LabelSink sink;
+    sink.setBehaviour(behaviour);
+    QVERIFY(sink.listen());
+    const PrinterService service(5s);
+
+    QElapsedTimer clock;
+    clock.start();
+    const SendResult result = send(service, hugeLabel(), kLocalhost, sink.port());
+    QVERIFY(result);
+    QCOMPARE(result->kind(), PrinterError::Kind::sendFailed);
+    QVERIFY(result->errorDescription().startsWith(u"Verzenden mislukt: "_s));
+    QVERIFY(clock.elapsed() < 3000);
+    QVERIFY(sink.jobs().isEmpty());
+}
+
+void PrinterServiceTest::concurrentSendsEachGetTheirOwnConnection()
+{
+    constexpr int kSends = 6;
+    LabelSink sink;
+    QVERIFY(sink.listen());
+    const PrinterService service(300ms);
+
+    std::vector<QCoro::Task<SendResult>> tasks;
+    QSet<QByteArray> expected;
+    for (int i = 0; i < kSends; ++i) {
+        const QString label = u"^XA^FDlabel %1^FS^XZ"_s.arg(i);
+        expected.insert(label.toUtf8());
+        tasks.push_back(service.sendZPL(label, kLocalhost, sink.port()));
+    }
+    for (auto& task : tasks) {
+        const SendResult result = awaitTask(std::move(task));
+        QVERIFY2(!result, qPrintable(describe(result)));
+    }
+    QTRY_COMPARE(sink.jobs().size(), kSends);
+    QCOMPARE(QSet<QByteArray>(sink.jobs().cbegin(), sink.jobs().cend()), expected);
+
+    // Past every time-out: the late timers change nothing.
+    QTest::qWait(400);
+    QCOMPARE(sink.connectionCount(), kSends);
+    QCOMPARE(sink.jobs().size(), kSends);
+}
+
+void PrinterServiceTest::jobFinishesOnceAndIgnoresTheLateTimer()
+{
+    LabelSink sink;
+    QVERIFY(sink.listen());
+    const quint16 refused = closedPort();
+
+    PrinterSendJob delivered("^XA^XZ", 200ms);
+    PrinterSendJob rejected("^XA^XZ", 200ms);
+    QSignalSpy deliveredSpy(&delivered, &PrinterSendJob::finished);
+    QSignalSpy rejectedSpy(&rejected, &PrinterSendJob::finished);
+    delivered.start(kLocalhost, sink.port());
+    rejected.start(kLocalhost, refused);
+
+    QTRY_COMPARE(deliveredSpy.count(), 1);
+    QTRY_COMPARE(rejectedSpy.count(), 1);
+    QTest::qWait(350);
+    QCOMPARE(deliveredSpy.count(), 1);
+    QCOMPARE(rejectedSpy.count(), 1);
+    QVERIFY(!delivered.result());
+    QCOMPARE(rejected.result()->kind(), PrinterError::Kind::connectionFailed);
+}
+
+void PrinterServiceTest::serviceMayGoAwayWhileSending()
+{
+    const BacklogFullListener silent;
+    if (!silent.isReady())
+        QSKIP("Could not fill the accept queue of a loopback listener");
+    auto service = std::make_unique<PrinterService>(300ms);
+
+    QCoro::Task<SendResult> pending = service->sendZPL(u"^XA^XZ"_s, kLocalhost, silent.port());
+    service.reset();
+    const SendResult result = awaitTask(std::move(pending));
+    QVERIFY(result);
+    QCOMPARE(result->kind(), PrinterError::Kind::timeout);
+}
+
+void PrinterServiceTest::connectionTestSendsTheTestLabel()
+{
+    LabelSink sink;
+    QVERIFY(sink.listen());
+    const PrinterService service;
+
+    const auto test = awaitTask(service.testConnection(kLocalhost, sink.port()));
+    QVERIFY(test.success);
+    QCOMPARE(test.message, u"Verbinding gelukt! Test etiket verstuurd."_s);
+    QTRY_COMPARE(sink.jobs().size(), 1);
+    QCOMPARE(sink.jobs().at(0), "^XA^FO50,50^A0N,30,30^FDTest Etiket^FS^XZ");
+    QCOMPARE(sink.jobs().at(0).size(), 41);
+}
+
+void PrinterServiceTest::connectionTestReportsFailures()
+{
+    const PrinterService service(5s);
+
+    const auto refused = awaitTask(service.testConnection(kLocalhost, closedPort()));
+    QVERIFY(!refused.success);
+    QVERIFY2(refused.message.startsWith(u"Verbinding mislukt: "_s), qPrintable(refused.message));
+
+    const BacklogFullListener silent;
+    if (!silent.isReady())
+        QSKIP("Could not fill the accept queue of a loopback listener");
+    const PrinterService impatient(200ms);
+    const auto timedOut = awaitTask(impatient.testConnection(kLocalhost, silent.port()));
+    QVERIFY(!timedOut.success);
+    QCOMPARE(timedOut.message, u"Verbinding time-out"_s);
+}
+
+QTEST_GUILESS_MAIN(PrinterServiceTest)
+#include "PrinterServiceTest.moc"

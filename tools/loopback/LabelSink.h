@@ -1,0 +1,53 @@
+#pragma once
+
+#include <QByteArray>
+#include <QHostAddress>
+#include <QList>
+#include <QObject>
+#include <QTcpServer>
+
+class QTcpSocket;
+
+// A stand-in for a raw-TCP label printer: every connection is one job, made of
+// all bytes that arrived before the peer closed. It can also misbehave the way
+// a busy or broken printer does.
+class LabelSink : public QObject
+{
+    Q_OBJECT
+
+public:
+    enum class Behaviour
+    {
+        normal,
+        readSlowly,       // a trickle of reading, so a large job stalls the sender
+        closeAtOnce,      // accept, then close without reading
+        resetMidTransfer, // read the first bytes, then reset the connection
+    };
+    Q_ENUM(Behaviour)
+
+    explicit LabelSink(QObject* parent = nullptr);
+
+    bool listen(quint16 port = 0, const QHostAddress& address = QHostAddress::LocalHost);
+    void close();
+    quint16 port() const { return m_server.serverPort(); }
+
+    // Applies to connections accepted from now on.
+    void setBehaviour(Behaviour behaviour) { m_behaviour = behaviour; }
+    Behaviour behaviour() const { return m_behaviour; }
+
+    // Jobs from connections the peer closed; the sink's own resets leave none.
+    const QList<QByteArray>& jobs() const { return m_jobs; }
+    int connectionCount() const { return m_connectionCount; }
+
+signals:
+    void jobReceived(const QByteArray& job);
+
+private:
+    void acceptPending();
+    void recordJob(const QByteArray& job);
+
+    QTcpServer m_server;
+    Behaviour m_behaviour = Behaviour::normal;
+    QList<QByteArray> m_jobs;
+    int m_connectionCount = 0;
+};

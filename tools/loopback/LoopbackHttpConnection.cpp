@@ -1,0 +1,174 @@
+#include "LoopbackHttpConnection.h"
+
+#include <QList>
+#include <QTcpSocket>
+
+namespace {
+
+constexpr qsizetype kMaxHeaderBytes = 64 * 1024;
+constexpr qint64 kStreamChunk = 1024 * 1024;
+constexpr QByteArrayView kHeaderEnd = "\r\n\r\n";
+
+QByteArray reasonPhrase(int status)
+{
+    switch (status) {
+    case 200:
+        return "OK";
+    case 204:
+        return "No Content";
+    case 301:
+        return "Moved Permanently";
+    case 302:
+        return "Found";
+    case 307:
+        return "Temporary Redirect";
+    case 401:
+        return "Unauthorized";
+    case 403:
+        return "Forbidden";
+    case 404:
+        return "Not Found";
+    case 500:
+        return "Internal Server Error";
+    default:
+        return "Status";
+    }
+}
+
+bool hasHeader(const LoopbackHttpServer::HeaderList& headers, QByteArrayView name)
+{
+    return std::any_of(headers.cbegin(), headers.cend(), [&](const auto& entry) {
+        return entry.first.compare(name, Qt::CaseInsensitive) == 0;
+    });
+}
+
+} // namespace
+
+LoopbackHttpConnection::LoopbackHttpConnection(QTcpSocket* socket, Responder responder)
+    : QObject(socket), m_socket(socket), m_responder(std::move(responder))
+{
+    connect(socket, &QTcpSocket::readyRead, this, &LoopbackHttpConnection::onReadyRead);
+    connect(socket, &QTcpSocket::bytesWritten, this, &LoopbackHttpConnection::streamMore);
+    connect(&m_trickleTimer, &QTimer::timeout, this, &LoopbackHttpConnection::trickleNext);
+    if (socket->bytesAvailable() > 0)
+        onReadyRead();
+}
+
+void LoopbackHttpConnection::onReadyRead()
+{
+    m_buffer.append(m_socket->readAll());
+    if (m_answered)
+        return;
+    if (m_buffer.size() > kMaxHeaderBytes && !m_buffer.contains(kHeaderEnd)) {
+        m_socket->abort();
+        return;
+    }
+    std::optional<Request> request = takeRequest();
+    if (!request)
+        return;
+    m_answered = true;
+    const Response response = m_responder(*request);
+    if (response.delay.count() > 0) {
+        QTimer::singleShot(response.delay, this, [this, response] { answer(response); });
+    } else {
+        answer(response);
+    }
+}
+
+std::optional<LoopbackHttpConnection::Request> LoopbackHttpConnection::takeRequest()
+{
+    const qsizetype headerEnd = m_buffer.indexOf(kHeaderEnd);
+    if (headerEnd < 0)
+        return std::nullopt;
+
+    const QList<QByteArray> lines = m_buffer.left(headerEnd).split('\n');
+    const QList<QByteArray> requestLine = lines.value(0).trimmed().split(' ');
+    Request request;
+    request.method = requestLine.value(0);
+    const QByteArray target = requestLine.value(1);
+    const qsizetype question = target.indexOf('?');
+    request.path = question < 0 ? target : target.left(question);
+    request.query = question < 0 ? QByteArray() : target.mid(question + 1);
+
+    for (qsizetype i = 1; i < lines.size(); ++i) {
+        const qsizetype colon = lines.at(i).indexOf(':');
+        if (colon > 0)
+            request.headers.append(
+                {lines.at(i).left(colon).trimmed(), lines.at(i).mid(colon + 1).trimmed()});
+    }
+
+    const qint64 bodyLength = request.header("Content-Length").toLongLong();
+    const qsizetype bodyStart = headerEnd + kHeaderEnd.size();
+    if (m_buffer.size() - bodyStart < bodyLength)
+        return std::nullopt;
+    request.body = m_buffer.mid(bodyStart, bodyLength);
+    return request;
+}
+
+QByteArray LoopbackHttpConnection::headerBlock(const Response& response, qint64 contentLength) const
+{
+    QByteArray block = "HTTP/1.1 " + QByteArray::number(response.status) + ' ' +
+                       reasonPhrase(response.status) + "\r\n";
+    for (const auto& [name, value] : response.headers)
+        block += name + ": " + value + "\r\n";
+    if (contentLength >= 0 && !hasHeader(response.headers, "Content-Length"))
+        block += "Content-Length: " + QByteArray::number(contentLength) + "\r\n";
+    block += "Connection: close\r\n\r\n";
+    return block;
+}
+
+void LoopbackHttpConnection::answer(const Response& response)
+{
+    using Mode = Response::Mode;
+    switch (response.mode) {
+    case Mode::neverAnswer:
+        return;
+    case Mode::normal:
+        m_socket->write(headerBlock(response, response.body.size()) + response.body);
+        finishAnswer();
+        return;
+    case Mode::truncated:
+        m_socket->write(headerBlock(response, response.declaredLength) + response.body);
+        finishAnswer();
+        return;
+    case Mode::trickle:
+        m_socket->write(headerBlock(response, response.body.size()));
+        m_pending = response.body;
+        m_trickleTimer.start(response.trickleInterval);
+        return;
+    case Mode::stream:
+        m_socket->write(headerBlock(response, -1));
+        m_streamLeft = response.streamLength;
+        streamMore();
+        return;
+    }
+}
+
+void LoopbackHttpConnection::trickleNext()
+{
+    if (m_pending.isEmpty()) {
+        m_trickleTimer.stop();
+        finishAnswer();
+        return;
+    }
+    m_socket->write(m_pending.left(1));
+    m_pending.remove(0, 1);
+}
+
+void LoopbackHttpConnection::streamMore()
+{
+    // Keep about one chunk queued: the body is never held whole in memory.
+    if (m_streamLeft <= 0 || m_socket->bytesToWrite() > kStreamChunk)
+        return;
+    const qint64 size = std::min(m_streamLeft, kStreamChunk);
+    m_socket->write(QByteArray(size, ' '));
+    m_streamLeft -= size;
+    if (m_streamLeft == 0)
+        finishAnswer();
+}
+
+void LoopbackHttpConnection::finishAnswer()
+{
+    // Closes once everything queued has been written.
+    m_socket->disconnectFromHost();
+}
