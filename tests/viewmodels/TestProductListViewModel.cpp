@@ -393,4 +393,4 @@ void ProductListViewModelTest::successMessageClearsAfterThreeSecondsUnlessReplac
 }
 
 QTEST_GUILESS_MAIN(ProductListViewModelTest)
-#include "tst_ProductListViewModel.moc"
+#include "TestProductListViewModel.moc"
