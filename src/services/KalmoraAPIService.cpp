@@ -78,6 +78,6 @@ KalmoraAPIService::fetchProducts(QString apiKey, QString bookyear, qint64 limit,
     if (!reader->isFinished())
         co_await qCoro(reader.get(), &ProductReplyReader::finished);
     if (!self)
-        co_return APIError::networkError(u"de productdienst is afgesloten"_s);
+        co_return APIError::networkError(u"De productdienst is afgesloten"_s);
     co_return reader->result();
 }

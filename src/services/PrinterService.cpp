@@ -29,7 +29,7 @@ QCoro::Task<std::optional<PrinterError>> PrinterService::sendZPL(QString zpl, QS
         co_return PrinterError::noPrinterConfigured();
     if (port < 0 || port > kMaxPort)
         co_return PrinterError::connectionFailed(
-            u"ongeldige poort %1 (toegestaan: 0 tot en met 65535)"_s.arg(port));
+            u"Ongeldige poort %1 (toegestaan: 0 tot en met 65535)"_s.arg(port));
 
     // The job lives in this frame, not in the service: the service may be gone
     // before the job ends, so nothing after the await touches this.

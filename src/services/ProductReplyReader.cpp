@@ -98,7 +98,7 @@ void ProductReplyReader::onTimeout()
 
 void ProductReplyReader::onReplyDestroyed()
 {
-    finish(APIError::networkError(u"het verzoek is afgebroken"_s));
+    finish(APIError::networkError(u"Het verzoek is afgebroken"_s));
 }
 
 ProductReplyReader::Result ProductReplyReader::classify() const

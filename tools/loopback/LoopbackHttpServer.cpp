@@ -47,7 +47,12 @@ LoopbackHttpServer::Response LoopbackHttpServer::Response::redirect(int status, 
 
 LoopbackHttpServer::LoopbackHttpServer(QObject* parent) : QObject(parent) {}
 
-LoopbackHttpServer::~LoopbackHttpServer() = default;
+LoopbackHttpServer::~LoopbackHttpServer()
+{
+    // Connections call back into this object; end them while it is still whole.
+    qDeleteAll(findChildren<QTcpSocket*>(Qt::FindDirectChildrenOnly));
+    close();
+}
 
 bool LoopbackHttpServer::listen(quint16 port)
 {
