@@ -1,0 +1,93 @@
+#include "DemoHome.h"
+#include "LabelJobWriter.h"
+#include "ProductService.h"
+#include "TestHome.h"
+#include "VirtualPrinter.h"
+#include "model/AppSettings.h"
+#include "viewmodels/ProductListViewModel.h"
+
+#include <QCoroTask>
+#include <QDir>
+#include <QFile>
+#include <QTemporaryDir>
+#include <QTest>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+const QString kKey = u"demo-sleutel"_s;
+
+// The default label as the printer must receive it, written out by hand.
+QByteArray expectedLabel(const QString& sku, const QString& name, const QString& price)
+{
+    return (u"^XA\n^FO50,50^A0N,50,50^FD"_s + sku + u"^FS\n^FO50,120^A0N,40,40^FD"_s + name +
+            u"^FS\n^FO50,180^A0N,35,35^FDE "_s + price + u"^FS\n^XZ"_s)
+        .toUtf8();
+}
+
+QByteArray readFile(const QString& path)
+{
+    QFile file(path);
+    return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
+}
+
+} // namespace
+
+// The demo from the user's side: the demo settings, the product list model
+// against the simulator's service, and the jobs in the simulator's printer folder.
+class DemoPathTest : public QObject
+{
+    Q_OBJECT
+
+private slots:
+    void loadAndPrintTwoProductsTwice();
+};
+
+void DemoPathTest::loadAndPrintTwoProductsTwice()
+{
+    QTemporaryDir jobs;
+    ProductService service(ProductCatalogue(), kKey);
+    QVERIFY(service.listen());
+    VirtualPrinter printer(u"Virtual printer 1"_s, jobs.filePath(u"printer-1"_s));
+    QString error;
+    QVERIFY2(printer.start(0, &error), qPrintable(error));
+
+    TestHome home;
+    QVERIFY(home.writeSettingsFile(DemoHome::settingsDocument(kKey, printer.port())));
+    AppSettings settings;
+    ProductListViewModel model(service.baseUrl());
+    model.setSettings(&settings);
+
+    QCoro::waitFor(model.fetchProducts());
+    QCOMPARE(model.errorMessage(), std::nullopt);
+    QCOMPARE(model.products(), service.catalogue().page(0, ProductListViewModel::kPageLimit));
+
+    // An accented name, and a product without a price; ticked in reverse order,
+    // printed in the service's order.
+    const Product withoutPrice = service.catalogue().product(19);
+    const Product accented = service.catalogue().product(2);
+    QVERIFY(!withoutPrice.SellPrice1WithVat);
+    QCOMPARE(accented.Name, u"Crème brûlée schaaltjes (4 st.) crème"_s);
+    model.toggleChecked(withoutPrice);
+    model.toggleChecked(accented);
+    model.setPrintQuantity(2);
+    QCoro::waitFor(model.printCheckedLabels());
+    QCOMPARE(model.errorMessage(), std::nullopt);
+    QCOMPARE(model.successMessage(), u"Etiket geprint voor "_s + withoutPrice.sku());
+
+    const QDir folder(printer.jobDirectory());
+    QTRY_COMPARE_WITH_TIMEOUT(folder.entryList(QDir::Files).size(), 4, 5000);
+    const QByteArray first = expectedLabel(accented.sku(), *accented.Name,
+                                           QString::asprintf("%.2f", *accented.SellPrice1WithVat));
+    const QByteArray second = expectedLabel(withoutPrice.sku(), *withoutPrice.Name, u"-"_s);
+    const QList<QByteArray> expected{first, first, second, second};
+    QCOMPARE(folder.entryList(QDir::Files),
+             (QStringList{LabelJobWriter::fileName(1), LabelJobWriter::fileName(2),
+                          LabelJobWriter::fileName(3), LabelJobWriter::fileName(4)}));
+    for (int i = 0; i < expected.size(); ++i)
+        QCOMPARE(readFile(folder.filePath(LabelJobWriter::fileName(i + 1))), expected[i]);
+}
+
+QTEST_GUILESS_MAIN(DemoPathTest)
+#include "tst_DemoPath.moc"

@@ -1,0 +1,131 @@
+#include "SimulatorOptions.h"
+
+#include <QCommandLineParser>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+struct Parser
+{
+    const SimulatorOptions defaults;
+    QCommandLineParser parser;
+    QCommandLineOption servicePort{u"service-port"_s,
+                                   u"Port of the product service (0: any free port)."_s, u"port"_s,
+                                   QString::number(defaults.servicePort)};
+    QCommandLineOption printerPort{u"printer-port"_s,
+                                   u"Port of the first virtual printer; further printers use "
+                                   u"the ports after it (0: any free ports)."_s,
+                                   u"port"_s, QString::number(defaults.printerPort)};
+    QCommandLineOption printers{u"printers"_s, u"Number of virtual printers."_s, u"count"_s,
+                                QString::number(defaults.printerCount)};
+    QCommandLineOption apiKey{u"api-key"_s, u"The API key the service accepts."_s, u"key"_s,
+                              defaults.apiKey};
+    QCommandLineOption products{u"products"_s,
+                                u"Catalogue size, up to 1000000 (100000 for load tests)."_s,
+                                u"count"_s, QString::number(defaults.productCount)};
+    QCommandLineOption jobsDirectory{u"jobs-dir"_s,
+                                     u"Folder for the printed jobs, one subfolder per printer."_s,
+                                     u"dir"_s, defaults.jobsDirectory};
+    QCommandLineOption delay{u"delay"_s, u"Delay of every service answer, in milliseconds."_s,
+                             u"ms"_s, u"0"_s};
+    QCommandLineOption serviceFailure{
+        u"service-failure"_s,
+        u"Make the service fail: %1."_s.arg(ProductService::failureNames().join(u", "_s)),
+        u"mode"_s, u"none"_s};
+    QCommandLineOption printerFailure{
+        u"printer-failure"_s,
+        u"Make the printers fail: %1."_s.arg(VirtualPrinter::failureNames().join(u", "_s)),
+        u"mode"_s, u"none"_s};
+    QCommandLineOption demoHome{u"demo-home"_s,
+                                u"Before serving, write demo settings for these services to "
+                                u"<dir>/.stampix/settings.json (never your own home)."_s,
+                                u"dir"_s};
+
+    Parser()
+    {
+        parser.setApplicationDescription(
+            u"Loopback stand-ins for the Kalmora Online product service and for network "
+            u"label printers, for trying Stampix without an account or a printer."_s);
+        parser.addHelpOption();
+        parser.addOptions({servicePort, printerPort, printers, apiKey, products, jobsDirectory,
+                           delay, serviceFailure, printerFailure, demoHome});
+    }
+};
+
+std::optional<qint64> number(const QString& text, qint64 lowest, qint64 highest)
+{
+    bool ok = false;
+    const qint64 value = text.toLongLong(&ok);
+    if (!ok || value < lowest || value > highest)
+        return std::nullopt;
+    return value;
+}
+
+} // namespace
+
+SimulatorOptions::Outcome SimulatorOptions::parse(const QStringList& arguments,
+                                                  SimulatorOptions* options, QString* message)
+{
+    Parser p;
+    if (!p.parser.parse(arguments)) {
+        *message = p.parser.errorText();
+        return Outcome::error;
+    }
+    if (p.parser.isSet(u"help"_s)) {
+        *message = p.parser.helpText();
+        return Outcome::help;
+    }
+    if (!p.parser.positionalArguments().isEmpty()) {
+        *message = u"unexpected argument: %1"_s.arg(p.parser.positionalArguments().constFirst());
+        return Outcome::error;
+    }
+
+    const auto servicePort = number(p.parser.value(p.servicePort), 0, 65535);
+    const auto printerCount = number(p.parser.value(p.printers), 1, kMaxPrinters);
+    const auto printerPort = number(p.parser.value(p.printerPort), 0, 65535);
+    const auto products = number(p.parser.value(p.products), 0, kMaxProducts);
+    const auto delay = number(p.parser.value(p.delay), 0, 3'600'000);
+    const auto serviceFailure = ProductService::failureFromName(p.parser.value(p.serviceFailure));
+    const auto printerFailure = VirtualPrinter::failureFromName(p.parser.value(p.printerFailure));
+    const QString apiKey = p.parser.value(p.apiKey);
+
+    if (!servicePort)
+        *message = u"--service-port takes a port from 0 to 65535"_s;
+    else if (!printerPort)
+        *message = u"--printer-port takes a port from 0 to 65535"_s;
+    else if (!printerCount)
+        *message = u"--printers takes a count from 1 to %1"_s.arg(kMaxPrinters);
+    else if (*printerPort != 0 && *printerPort + *printerCount - 1 > 65535)
+        *message = u"the printers' ports would pass 65535"_s;
+    else if (!products)
+        *message = u"--products takes a count from 0 to %1"_s.arg(kMaxProducts);
+    else if (!delay)
+        *message = u"--delay takes milliseconds from 0 to 3600000"_s;
+    else if (!serviceFailure)
+        *message = u"--service-failure takes one of: %1"_s.arg(
+            ProductService::failureNames().join(u", "_s));
+    else if (!printerFailure)
+        *message = u"--printer-failure takes one of: %1"_s.arg(
+            VirtualPrinter::failureNames().join(u", "_s));
+    else if (apiKey.isEmpty())
+        *message = u"--api-key must not be empty"_s;
+    else if (p.parser.isSet(p.demoHome) && p.parser.value(p.demoHome).isEmpty())
+        *message = u"--demo-home needs a folder"_s;
+    else
+        message->clear();
+    if (!message->isEmpty())
+        return Outcome::error;
+
+    options->servicePort = quint16(*servicePort);
+    options->printerPort = quint16(*printerPort);
+    options->printerCount = int(*printerCount);
+    options->apiKey = apiKey;
+    options->productCount = *products;
+    options->jobsDirectory = p.parser.value(p.jobsDirectory);
+    options->delay = std::chrono::milliseconds(*delay);
+    options->serviceFailure = *serviceFailure;
+    options->printerFailure = *printerFailure;
+    options->demoHome = p.parser.value(p.demoHome);
+    return Outcome::run;
+}

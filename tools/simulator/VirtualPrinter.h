@@ -1,0 +1,67 @@
+#pragma once
+
+#include "LabelJobWriter.h"
+#include "LabelSink.h"
+
+#include <QByteArray>
+#include <QObject>
+#include <QString>
+#include <QStringList>
+#include <memory>
+#include <optional>
+
+class UnansweredPort;
+
+// A raw-TCP label printer on 127.0.0.1 that keeps every job as a file, or that
+// fails in one of the ways a real printer does.
+class VirtualPrinter : public QObject
+{
+    Q_OBJECT
+
+public:
+    enum class Failure
+    {
+        none,
+        refuse, // nothing listens: connections are refused
+        hang,   // connection attempts are never answered
+        slow,   // accepts, then reads a trickle
+        drop,   // accepts, then closes without reading
+        reset,  // reads the first bytes, then resets the connection
+    };
+
+    static std::optional<Failure> failureFromName(QStringView name);
+    static QStringList failureNames();
+    static QString failureName(Failure failure);
+
+    VirtualPrinter(QString name, QString jobDirectory, Failure failure = Failure::none,
+                   QObject* parent = nullptr);
+    ~VirtualPrinter() override;
+
+    // Port 0 picks a free one. False with the reason in `error`.
+    bool start(quint16 port, QString* error);
+    quint16 port() const { return m_port; }
+    const QString& name() const { return m_name; }
+    const QString& jobDirectory() const { return m_writer.directory(); }
+    Failure failure() const { return m_failure; }
+
+    // The data of the first ^FD field, up to the next command, for the log.
+    static QString firstFieldData(const QByteArray& job);
+
+signals:
+    void jobWritten(const QString& filePath, const QByteArray& job);
+    void jobNotWritten(const QString& error);
+    // A connection that closed without sending anything is no job.
+    void emptyConnection();
+
+private:
+    void onJob(const QByteArray& job);
+    bool startSink(quint16 port, QString* error);
+    bool reservePort(quint16 port, QString* error);
+
+    QString m_name;
+    Failure m_failure;
+    LabelJobWriter m_writer;
+    LabelSink m_sink;
+    std::unique_ptr<UnansweredPort> m_unanswered;
+    quint16 m_port = 0;
+};
