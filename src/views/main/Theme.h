@@ -4,11 +4,16 @@
 #include <QFont>
 #include <QPalette>
 
+class QWidget;
+
 // Named colours and text styles of the desktop, taken from the palette so
 // that light and dark themes both work. Sizes are device-independent pixels.
 class Theme
 {
 public:
+    // A colour that follows the palette it is read from (Theme::secondaryText, ...).
+    using PaletteColor = QColor (*)(const QPalette& palette);
+
     static QColor windowBackground(const QPalette& palette);
     static QColor controlBackground(const QPalette& palette);
     static QColor primaryText(const QPalette& palette);
@@ -19,6 +24,7 @@ public:
     static QColor red();
     static QColor orange();
     static QColor blue();
+    static QColor badgeGreen(); // sRGB 65, 195, 145: the checked badge
 
     static QFont systemFont(int pixelSize, QFont::Weight weight = QFont::Normal);
     static QFont monospaced(int pixelSize);
@@ -27,4 +33,8 @@ public:
     static QFont headline();    // 13 px bold
     static QFont subheadline(); // 11 px
     static QFont title2();      // 17 px
+
+    // The palette a themed child should read its colours from: its parent's,
+    // since the child's own palette carries the colour it was given.
+    static QPalette inheritedPalette(const QWidget* widget);
 };

@@ -1,0 +1,19 @@
+#include "AppInfo.h"
+#include "StampixApp.h"
+#include "SymbolIcons.h"
+
+#include <QApplication>
+
+using namespace Qt::StringLiterals;
+
+int main(int argc, char* argv[])
+{
+    QApplication application(argc, argv);
+    QApplication::setApplicationName(u"Stampix"_s);
+    QApplication::setApplicationVersion(AppInfo::version());
+    QApplication::setWindowIcon(SymbolIcons::appIcon());
+
+    StampixApp stampix;
+    stampix.openMainWindow();
+    return QApplication::exec();
+}

@@ -1,0 +1,36 @@
+#include "CheckCellDelegate.h"
+
+#include "SymbolIcons.h"
+#include "Theme.h"
+
+#include <QApplication>
+#include <QPainter>
+
+using namespace Qt::StringLiterals;
+
+void CheckCellDelegate::paint(QPainter* painter, const QStyleOptionViewItem& option,
+                              const QModelIndex& index) const
+{
+    QStyleOptionViewItem cell = option;
+    initStyleOption(&cell, index);
+    const bool checked = cell.checkState == Qt::Checked;
+    // Only the cell's background and selection come from the style; the symbol is ours.
+    cell.features &= ~QStyleOptionViewItem::HasCheckIndicator;
+    cell.text.clear();
+    cell.icon = QIcon();
+    const QWidget* widget = option.widget;
+    QStyle* style = widget ? widget->style() : QApplication::style();
+    style->drawControl(QStyle::CE_ItemViewItem, &cell, painter, widget);
+
+    QColor color;
+    if (option.state & QStyle::State_Selected)
+        color = option.palette.color(QPalette::HighlightedText);
+    else if (checked)
+        color = Theme::accent(option.palette);
+    else
+        color = Theme::secondaryText(option.palette);
+    const QIcon symbol = SymbolIcons::tinted(checked ? u"checkmark.square.fill" : u"square", color);
+    QRect frame(0, 0, kSymbolSize, kSymbolSize);
+    frame.moveCenter(option.rect.center());
+    symbol.paint(painter, frame);
+}

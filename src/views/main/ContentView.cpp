@@ -1,0 +1,147 @@
+#include "ContentView.h"
+
+#include "ConfigurationNeededView.h"
+#include "CustomTitleBar.h"
+#include "CustomToolbar.h"
+#include "Divider.h"
+#include "EmptyStateView.h"
+#include "ErrorAlert.h"
+#include "LoadingView.h"
+#include "NoResultsView.h"
+#include "ProductListView.h"
+#include "StatusBarView.h"
+#include "model/AppSettings.h"
+#include "viewmodels/ProductListViewModel.h"
+
+#include <QVBoxLayout>
+
+namespace {
+
+constexpr QSize kMinimumSize{600, 400};
+constexpr int kContentStretch = 1;
+
+} // namespace
+
+ContentView::ContentView(AppSettings& settings, ProductListViewModel& viewModel, QWidget* parent)
+    : QWidget(parent), m_settings(settings), m_viewModel(viewModel),
+      m_layout(new QVBoxLayout(this)), m_titleBar(new CustomTitleBar(this)),
+      m_toolbar(new CustomToolbar(settings, viewModel, this)),
+      m_statusBar(new StatusBarView(settings, viewModel, this)),
+      m_errorAlert(new ErrorAlert(viewModel, this))
+{
+    setMinimumSize(kMinimumSize);
+    setBackgroundRole(QPalette::Window);
+    setAutoFillBackground(true);
+
+    m_layout->setContentsMargins(0, 0, 0, 0);
+    m_layout->setSpacing(0);
+    m_layout->addWidget(m_titleBar);
+    m_layout->addWidget(m_toolbar);
+    m_layout->addWidget(new Divider(Qt::Horizontal, 0, this));
+    m_layout->addWidget(m_statusBar);
+
+    // Every value the choice of content reads.
+    connect(&m_settings, &AppSettings::dossiersChanged, this, &ContentView::updateContent);
+    connect(&m_settings, &AppSettings::selectedDossierIDChanged, this, &ContentView::updateContent);
+    connect(&m_viewModel, &ProductListViewModel::isLoadingChanged, this,
+            &ContentView::updateContent);
+    connect(&m_viewModel, &ProductListViewModel::productsChanged, this,
+            &ContentView::updateContent);
+    connect(&m_viewModel, &ProductListViewModel::filteredProductsChanged, this,
+            &ContentView::updateContent);
+    connect(&m_viewModel, &ProductListViewModel::searchTextChanged, this,
+            &ContentView::updateContent);
+
+    m_state = stateFor(m_settings, m_viewModel);
+    replaceContent(createContent(m_state));
+}
+
+ContentView::~ContentView() = default;
+
+ContentView::ContentState ContentView::stateFor(const AppSettings& settings,
+                                                const ProductListViewModel& viewModel)
+{
+    if (!settings.isConfigured())
+        return ContentState::ConfigurationNeeded;
+    if (viewModel.isLoading())
+        return ContentState::Loading;
+    if (viewModel.filteredCount() == 0 && !viewModel.searchText().isEmpty())
+        return ContentState::NoResults;
+    if (viewModel.products().isEmpty())
+        return ContentState::Empty;
+    return ContentState::ProductList;
+}
+
+void ContentView::setTitleBarVisible(bool visible)
+{
+    m_titleBar->setVisible(visible);
+}
+
+QMessageBox* ContentView::errorAlert() const
+{
+    return m_errorAlert->messageBox();
+}
+
+void ContentView::showEvent(QShowEvent* event)
+{
+    QWidget::showEvent(event);
+    m_viewModel.setSettings(&m_settings);
+    m_errorAlert->showMessage();
+    if (m_settings.isConfigured() && m_viewModel.products().isEmpty())
+        m_viewModel.fetchProducts();
+}
+
+void ContentView::updateContent()
+{
+    const ContentState state = stateFor(m_settings, m_viewModel);
+    if (state == m_state) {
+        if (auto* noResults = qobject_cast<NoResultsView*>(m_content))
+            noResults->setSearchText(m_viewModel.searchText());
+        return;
+    }
+    m_state = state;
+    replaceContent(createContent(state));
+}
+
+QWidget* ContentView::createContent(ContentState state)
+{
+    switch (state) {
+    case ContentState::ConfigurationNeeded:
+        return new ConfigurationNeededView(this);
+    case ContentState::Loading:
+        return new LoadingView(this);
+    case ContentState::NoResults:
+        return new NoResultsView(m_viewModel.searchText(), this);
+    case ContentState::Empty:
+        return new EmptyStateView([this] { refresh(); }, this);
+    case ContentState::ProductList:
+        return new ProductListView(m_viewModel, m_settings, this);
+    }
+    return nullptr;
+}
+
+void ContentView::replaceContent(QWidget* content)
+{
+    QWidget* old = m_content;
+    m_content = content;
+    // Between the divider and the status bar.
+    m_layout->insertWidget(m_layout->indexOf(m_statusBar), m_content, kContentStretch);
+    // A layout would only show it on the next pass of the event loop.
+    m_content->show();
+    if (!old)
+        return;
+    m_layout->removeWidget(old);
+    if (auto* table = qobject_cast<ProductListView*>(old)) {
+        // At once, so its space bar filter ends with it.
+        delete table;
+    } else {
+        // A placeholder may be replaced from inside its own button's click.
+        old->hide();
+        old->deleteLater();
+    }
+}
+
+void ContentView::refresh()
+{
+    m_viewModel.fetchProducts();
+}

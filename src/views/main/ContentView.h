@@ -1,0 +1,66 @@
+#pragma once
+
+#include <QWidget>
+
+class AppSettings;
+class CustomTitleBar;
+class CustomToolbar;
+class ErrorAlert;
+class ProductListViewModel;
+class QMessageBox;
+class QVBoxLayout;
+class StatusBarView;
+
+// The product window's root: title bar, toolbar, divider, one content area and
+// the status bar, plus the alert for the view model's error message.
+class ContentView : public QWidget
+{
+    Q_OBJECT
+
+public:
+    // What the content area shows, in the order the states take precedence.
+    enum class ContentState
+    {
+        ConfigurationNeeded,
+        Loading,
+        NoResults,
+        Empty,
+        ProductList
+    };
+
+    ContentView(AppSettings& settings, ProductListViewModel& viewModel, QWidget* parent = nullptr);
+    ~ContentView() override;
+
+    static ContentState stateFor(const AppSettings& settings,
+                                 const ProductListViewModel& viewModel);
+
+    ContentState contentState() const { return m_state; }
+    QWidget* contentWidget() const { return m_content; }
+
+    // The window's own title row; shown only where the system title bar is hidden.
+    CustomTitleBar* titleBar() const { return m_titleBar; }
+    void setTitleBarVisible(bool visible);
+
+    CustomToolbar* toolbar() const { return m_toolbar; }
+    StatusBarView* statusBar() const { return m_statusBar; }
+    QMessageBox* errorAlert() const;
+
+protected:
+    void showEvent(QShowEvent* event) override;
+
+private:
+    void updateContent();
+    QWidget* createContent(ContentState state);
+    void replaceContent(QWidget* content);
+    void refresh();
+
+    AppSettings& m_settings;
+    ProductListViewModel& m_viewModel;
+    QVBoxLayout* m_layout;
+    CustomTitleBar* m_titleBar;
+    CustomToolbar* m_toolbar;
+    StatusBarView* m_statusBar;
+    ErrorAlert* m_errorAlert;
+    QWidget* m_content = nullptr;
+    ContentState m_state = ContentState::ConfigurationNeeded;
+};

@@ -1,0 +1,24 @@
+#include "CustomTitleBar.h"
+
+#include "Theme.h"
+#include "ThemedLabel.h"
+
+#include <QHBoxLayout>
+
+using namespace Qt::StringLiterals;
+
+CustomTitleBar::CustomTitleBar(QWidget* parent) : QWidget(parent)
+{
+    setFixedHeight(kHeight);
+    auto* layout = new QHBoxLayout(this);
+    layout->setContentsMargins(0, 0, 0, 0);
+    layout->setSpacing(0);
+    layout->addSpacing(kReservedWidth);
+    layout->addStretch();
+    auto* title = new ThemedLabel(u"Stampix"_s, Theme::systemFont(13, QFont::Medium),
+                                  &Theme::primaryText, this);
+    title->setObjectName(u"titleLabel"_s);
+    layout->addWidget(title, 0, Qt::AlignVCenter);
+    layout->addStretch();
+    layout->addSpacing(kReservedWidth);
+}

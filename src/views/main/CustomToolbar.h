@@ -1,0 +1,59 @@
+#pragma once
+
+#include <QUuid>
+#include <QWidget>
+#include <optional>
+
+class AppSettings;
+class ProductListViewModel;
+class QComboBox;
+class QLabel;
+class QLineEdit;
+class QPushButton;
+class QToolButton;
+class RoundedBox;
+
+// The row under the title: dossier and label pickers, the search field, the
+// badge of checked products and the reload button. It keeps no state: every
+// control reads from and writes to the store or the view model.
+class CustomToolbar : public QWidget
+{
+    Q_OBJECT
+
+public:
+    CustomToolbar(AppSettings& settings, ProductListViewModel& viewModel,
+                  QWidget* parent = nullptr);
+
+    QComboBox* dossierPicker() const { return m_dossierPicker; }
+    QComboBox* templatePicker() const { return m_templatePicker; }
+    QLineEdit* searchField() const { return m_searchField; }
+    QWidget* checkedBadge() const;
+    QLabel* checkedBadgeLabel() const { return m_badgeLabel; }
+    QToolButton* clearCheckedButton() const { return m_clearChecked; }
+    QPushButton* reloadButton() const { return m_reload; }
+
+private:
+    QWidget* buildSearchField();
+    QWidget* buildCheckedBadge();
+    void showDossiers();
+    void showTemplates();
+    void chooseDossier(int index);
+    void chooseTemplate(int index);
+    void reloadOnDossierChange();
+    void showSearchText();
+    void showCheckedCount();
+    void showLoading();
+    void reload();
+
+    AppSettings& m_settings;
+    ProductListViewModel& m_viewModel;
+    QComboBox* m_dossierPicker;
+    QComboBox* m_templatePicker;
+    QLineEdit* m_searchField;
+    RoundedBox* m_badge = nullptr;
+    QLabel* m_badgeLabel = nullptr;
+    QToolButton* m_clearChecked = nullptr;
+    QPushButton* m_reload;
+    // Only to tell a real change of the selected dossier from a repeated assignment.
+    std::optional<QUuid> m_observedDossierID;
+};

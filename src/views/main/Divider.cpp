@@ -1,0 +1,26 @@
+#include "Divider.h"
+
+#include "Theme.h"
+
+#include <QPainter>
+
+Divider::Divider(Qt::Orientation orientation, int length, QWidget* parent) : QWidget(parent)
+{
+    if (orientation == Qt::Horizontal) {
+        setFixedHeight(1);
+        setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Fixed);
+        if (length > 0)
+            setFixedWidth(length);
+    } else {
+        setFixedWidth(1);
+        setSizePolicy(QSizePolicy::Fixed, QSizePolicy::Expanding);
+        if (length > 0)
+            setFixedHeight(length);
+    }
+}
+
+void Divider::paintEvent(QPaintEvent*)
+{
+    QPainter painter(this);
+    painter.fillRect(rect(), Theme::separator(palette()));
+}

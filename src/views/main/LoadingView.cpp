@@ -1,0 +1,29 @@
+#include "LoadingView.h"
+
+#include "BusyIndicator.h"
+#include "Theme.h"
+#include "ThemedLabel.h"
+
+#include <QVBoxLayout>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+// The regular spinning wheel is 32 pixels; this one is drawn half as large again.
+constexpr int kWheelDiameter = 48;
+
+} // namespace
+
+LoadingView::LoadingView(QWidget* parent) : QWidget(parent)
+{
+    auto* layout = new QVBoxLayout(this);
+    layout->setSpacing(16);
+    layout->addStretch();
+    layout->addWidget(new BusyIndicator(kWheelDiameter, &Theme::secondaryText, this), 0,
+                      Qt::AlignHCenter);
+    layout->addWidget(
+        new ThemedLabel(u"Producten laden..."_s, Theme::body(), &Theme::secondaryText, this), 0,
+        Qt::AlignHCenter);
+    layout->addStretch();
+}

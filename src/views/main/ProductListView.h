@@ -1,0 +1,51 @@
+#pragma once
+
+#include <QWidget>
+#include <optional>
+
+class AppSettings;
+class CheckCellDelegate;
+class ProductListViewModel;
+class ProductSortProxy;
+class ProductTableModel;
+class QTableView;
+class SpacebarHandler;
+
+// The product table: check box, article number, description, price and
+// barcode of the filtered products, sortable by the four data columns, with
+// one selected row bound to the view model's selectedProductID. While it
+// exists the space bar ticks the selected product and moves one row down.
+class ProductListView : public QWidget
+{
+    Q_OBJECT
+
+public:
+    ProductListView(ProductListViewModel& viewModel, AppSettings& settings,
+                    QWidget* parent = nullptr);
+    ~ProductListView() override;
+
+    QTableView* tableView() const { return m_table; }
+    ProductTableModel* tableModel() const { return m_model; }
+    ProductSortProxy* sortProxy() const { return m_proxy; }
+
+private:
+    void configureTable();
+    void applyColumnWidths();
+    void keepMinimumWidth(int column, int oldWidth, int newWidth);
+    void sortByHeader(int column);
+    void showSortIndicator();
+    void toggleIfCheckCell(const QModelIndex& index);
+    void writeSelection();
+    void showSelection();
+    std::optional<int> displayedRow(qint64 productID) const;
+    void handleSpacebarPress();
+
+    ProductListViewModel& m_viewModel;
+    AppSettings& m_settings;
+    ProductTableModel* m_model;
+    ProductSortProxy* m_proxy;
+    QTableView* m_table;
+    CheckCellDelegate* m_checkDelegate;
+    SpacebarHandler* m_spacebarHandler;
+    bool m_showingSelection = false;
+};

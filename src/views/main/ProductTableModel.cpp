@@ -1,0 +1,135 @@
+#include "ProductTableModel.h"
+
+#include "Theme.h"
+#include "viewmodels/ProductListViewModel.h"
+
+using namespace Qt::StringLiterals;
+
+ProductTableModel::ProductTableModel(ProductListViewModel& viewModel, QObject* parent)
+    : QAbstractTableModel(parent), m_viewModel(viewModel)
+{
+    connect(&m_viewModel, &ProductListViewModel::filteredProductsChanged, this,
+            &ProductTableModel::resetRows);
+    connect(&m_viewModel, &ProductListViewModel::checkedProductIDsChanged, this,
+            &ProductTableModel::refreshChecks);
+}
+
+int ProductTableModel::rowCount(const QModelIndex& parent) const
+{
+    return parent.isValid() ? 0 : int(m_viewModel.filteredCount());
+}
+
+int ProductTableModel::columnCount(const QModelIndex& parent) const
+{
+    return parent.isValid() ? 0 : kColumnCount;
+}
+
+QVariant ProductTableModel::data(const QModelIndex& index, int role) const
+{
+    if (!checkIndex(index, CheckIndexOption::IndexIsValid | CheckIndexOption::ParentIsInvalid))
+        return {};
+    const Product& product = productAt(index.row());
+    const int column = index.column();
+    switch (role) {
+    case Qt::DisplayRole:
+    case Qt::ToolTipRole:
+        return displayText(product, column);
+    case Qt::CheckStateRole:
+        if (column == kCheckColumn)
+            return m_viewModel.isChecked(product) ? Qt::Checked : Qt::Unchecked;
+        return {};
+    case Qt::FontRole:
+        if (column == kSKUColumn || column == kBarcodeColumn)
+            return Theme::monospaced(13);
+        return Theme::body();
+    case Qt::TextAlignmentRole:
+        if (column == kCheckColumn)
+            return int(Qt::AlignCenter);
+        if (column == kPriceColumn)
+            return int(Qt::AlignRight | Qt::AlignVCenter);
+        return int(Qt::AlignLeft | Qt::AlignVCenter);
+    case kProductIDRole:
+        return product.ID;
+    default:
+        return {};
+    }
+}
+
+QVariant ProductTableModel::headerData(int section, Qt::Orientation orientation, int role) const
+{
+    if (orientation != Qt::Horizontal || section < 0 || section >= kColumnCount)
+        return QAbstractTableModel::headerData(section, orientation, role);
+    switch (role) {
+    case Qt::DisplayRole:
+        switch (section) {
+        case kSKUColumn:
+            return u"Artikel nr."_s;
+        case kNameColumn:
+            return u"Omschrijving"_s;
+        case kPriceColumn:
+            return u"Verkoop incl."_s;
+        case kBarcodeColumn:
+            return u"Barcode"_s;
+        default:
+            return QString();
+        }
+    case Qt::TextAlignmentRole:
+        if (section == kPriceColumn)
+            return int(Qt::AlignRight | Qt::AlignVCenter);
+        return int(Qt::AlignLeft | Qt::AlignVCenter);
+    case Qt::InitialSortOrderRole:
+        return int(Qt::AscendingOrder);
+    default:
+        return {};
+    }
+}
+
+Qt::ItemFlags ProductTableModel::flags(const QModelIndex& index) const
+{
+    if (!index.isValid())
+        return Qt::NoItemFlags;
+    return Qt::ItemIsEnabled | Qt::ItemIsSelectable | Qt::ItemNeverHasChildren;
+}
+
+const Product& ProductTableModel::productAt(int row) const
+{
+    return m_viewModel.filteredAt(row);
+}
+
+QString ProductTableModel::priceText(const Product& product)
+{
+    if (!product.SellPrice1WithVat)
+        return u"€ -"_s;
+    return u"€ "_s + QString::asprintf("%.2f", *product.SellPrice1WithVat);
+}
+
+QVariant ProductTableModel::displayText(const Product& product, int column) const
+{
+    switch (column) {
+    case kSKUColumn:
+        return product.sku();
+    case kNameColumn:
+        return product.displayName();
+    case kPriceColumn:
+        return priceText(product);
+    case kBarcodeColumn:
+        return product.barcode();
+    default:
+        return {};
+    }
+}
+
+void ProductTableModel::resetRows()
+{
+    // The view model has already replaced its list; the views only need to re-read it.
+    beginResetModel();
+    endResetModel();
+}
+
+void ProductTableModel::refreshChecks()
+{
+    const int rows = rowCount();
+    if (rows > 0)
+        emit dataChanged(index(0, kCheckColumn), index(rows - 1, kCheckColumn),
+                         {Qt::CheckStateRole});
+}

@@ -1,0 +1,156 @@
+#include "StatusBarView.h"
+
+#include "AppInfo.h"
+#include "PrintButton.h"
+#include "SymbolLabel.h"
+#include "Theme.h"
+#include "ThemedLabel.h"
+#include "model/AppSettings.h"
+#include "viewmodels/ProductListViewModel.h"
+
+#include <QHBoxLayout>
+#include <QLineEdit>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+constexpr int kQuantityWidth = 60;
+
+QColor green(const QPalette&)
+{
+    return Theme::green();
+}
+
+} // namespace
+
+StatusBarView::StatusBarView(AppSettings& settings, ProductListViewModel& viewModel,
+                             QWidget* parent)
+    : QWidget(parent), m_settings(settings), m_viewModel(viewModel),
+      m_countLabel(new ThemedLabel(QString(), Theme::caption(), &Theme::secondaryText, this)),
+      m_versionLabel(new ThemedLabel(u"v"_s + AppInfo::version(), Theme::caption(),
+                                     &Theme::secondaryText, this))
+{
+    m_countLabel->setObjectName(u"countLabel"_s);
+    m_versionLabel->setObjectName(u"versionLabel"_s);
+
+    auto* layout = new QHBoxLayout(this);
+    layout->setContentsMargins(16, 12, 16, 12);
+    layout->setSpacing(12);
+    layout->addWidget(m_countLabel);
+    layout->addStretch();
+    layout->addWidget(buildSuccessRow());
+    layout->addWidget(buildPrintControls());
+    layout->addStretch();
+    layout->addWidget(m_versionLabel);
+
+    connect(&m_viewModel, &ProductListViewModel::filteredProductsChanged, this,
+            &StatusBarView::showCount);
+    connect(&m_viewModel, &ProductListViewModel::successMessageChanged, this,
+            &StatusBarView::showSuccess);
+    connect(&m_viewModel, &ProductListViewModel::checkedProductIDsChanged, this,
+            &StatusBarView::showPrintControls);
+    connect(&m_viewModel, &ProductListViewModel::printQuantityChanged, this,
+            &StatusBarView::showQuantity);
+    connect(&m_settings, &AppSettings::templatesChanged, this, &StatusBarView::updatePrintButton);
+    connect(&m_settings, &AppSettings::selectedTemplateIDChanged, this,
+            &StatusBarView::updatePrintButton);
+    connect(&m_settings, &AppSettings::printersChanged, this, &StatusBarView::updatePrintButton);
+
+    showCount();
+    showSuccess();
+    showPrintControls();
+    showQuantity();
+    updatePrintButton();
+}
+
+QWidget* StatusBarView::buildSuccessRow()
+{
+    m_successRow = new QWidget(this);
+    m_successRow->setObjectName(u"successRow"_s);
+    auto* layout = new QHBoxLayout(m_successRow);
+    layout->setContentsMargins(0, 0, 0, 0);
+    layout->setSpacing(4);
+    layout->addWidget(new SymbolLabel(u"checkmark.circle.fill"_s, 11, &green, m_successRow));
+    m_successLabel = new ThemedLabel(QString(), Theme::caption(), &green, m_successRow);
+    m_successLabel->setTextFormat(Qt::PlainText);
+    layout->addWidget(m_successLabel);
+    return m_successRow;
+}
+
+QWidget* StatusBarView::buildPrintControls()
+{
+    m_printControls = new QWidget(this);
+    m_printControls->setObjectName(u"printControls"_s);
+    auto* layout = new QHBoxLayout(m_printControls);
+    layout->setContentsMargins(0, 0, 0, 0);
+    layout->setSpacing(12);
+    layout->addWidget(new ThemedLabel(u"Aantal:"_s, Theme::systemFont(13), &Theme::secondaryText,
+                                      m_printControls));
+
+    m_quantityField = new QLineEdit(m_printControls);
+    m_quantityField->setObjectName(u"quantityField"_s);
+    m_quantityField->setFixedWidth(kQuantityWidth);
+    m_quantityField->setAlignment(Qt::AlignCenter);
+    m_quantityField->setFont(Theme::body());
+    connect(m_quantityField, &QLineEdit::editingFinished, this, &StatusBarView::commitQuantity);
+    layout->addWidget(m_quantityField);
+
+    m_printButton = new PrintButton(m_printControls);
+    m_printButton->setObjectName(u"printButton"_s);
+    connect(m_printButton, &PrintButton::clicked, this, &StatusBarView::startPrinting);
+    layout->addWidget(m_printButton);
+    return m_printControls;
+}
+
+void StatusBarView::showCount()
+{
+    // Always the plural, also for one product.
+    m_countLabel->setText(QString::number(m_viewModel.filteredCount()) + u" producten"_s);
+}
+
+void StatusBarView::showSuccess()
+{
+    const std::optional<QString>& message = m_viewModel.successMessage();
+    m_successLabel->setText(message.value_or(QString()));
+    m_successRow->setVisible(message.has_value());
+}
+
+void StatusBarView::showPrintControls()
+{
+    m_printControls->setVisible(!m_viewModel.checkedProductIDs().isEmpty());
+}
+
+void StatusBarView::showQuantity()
+{
+    m_quantityField->setText(QString::number(m_viewModel.printQuantity()));
+}
+
+void StatusBarView::commitQuantity()
+{
+    // A whole number, no grouping and no bounds; anything else is not written.
+    bool isNumber = false;
+    const qint64 quantity = m_quantityField->text().trimmed().toLongLong(&isNumber);
+    if (isNumber)
+        m_viewModel.setPrintQuantity(quantity);
+    showQuantity();
+}
+
+void StatusBarView::updatePrintButton()
+{
+    m_printButton->setEnabled(m_settings.isPrinterConfigured() && !m_isPrinting);
+    m_printButton->setBusy(m_isPrinting);
+}
+
+void StatusBarView::startPrinting()
+{
+    m_isPrinting = true;
+    updatePrintButton();
+    QCoro::connect(m_viewModel.printCheckedLabels(), this, &StatusBarView::finishPrinting);
+}
+
+void StatusBarView::finishPrinting()
+{
+    m_isPrinting = false;
+    updatePrintButton();
+}

@@ -1,0 +1,53 @@
+#pragma once
+
+#include <QWidget>
+
+class AppSettings;
+class PrintButton;
+class ProductListViewModel;
+class QLabel;
+class QLineEdit;
+
+// The bottom row: product count, success message, the print controls while
+// products are checked, and the version.
+class StatusBarView : public QWidget
+{
+    Q_OBJECT
+
+public:
+    StatusBarView(AppSettings& settings, ProductListViewModel& viewModel,
+                  QWidget* parent = nullptr);
+
+    bool isPrinting() const { return m_isPrinting; }
+
+    QLabel* countLabel() const { return m_countLabel; }
+    QWidget* successRow() const { return m_successRow; }
+    QLabel* successLabel() const { return m_successLabel; }
+    QWidget* printControls() const { return m_printControls; }
+    QLineEdit* quantityField() const { return m_quantityField; }
+    PrintButton* printButton() const { return m_printButton; }
+    QLabel* versionLabel() const { return m_versionLabel; }
+
+private:
+    QWidget* buildSuccessRow();
+    QWidget* buildPrintControls();
+    void showCount();
+    void showSuccess();
+    void showPrintControls();
+    void showQuantity();
+    void commitQuantity();
+    void updatePrintButton();
+    void startPrinting();
+    void finishPrinting();
+
+    AppSettings& m_settings;
+    ProductListViewModel& m_viewModel;
+    QLabel* m_countLabel;
+    QWidget* m_successRow = nullptr;
+    QLabel* m_successLabel = nullptr;
+    QWidget* m_printControls = nullptr;
+    QLineEdit* m_quantityField = nullptr;
+    PrintButton* m_printButton = nullptr;
+    QLabel* m_versionLabel;
+    bool m_isPrinting = false;
+};

@@ -1,0 +1,100 @@
+#include "ProductWindowFixture.h"
+
+#include "model/AppSettings.h"
+#include "viewmodels/ProductListViewModel.h"
+
+#include <QJsonArray>
+#include <QJsonDocument>
+#include <QJsonObject>
+
+using namespace Qt::StringLiterals;
+
+const QString ProductWindowFixture::kTemplateZPL = u"^XA^FD{{ARTIKELNR}}|{{NAAM}}^FS^XZ"_s;
+
+ProductWindowFixture::ProductWindowFixture()
+{
+    m_server.listen();
+    m_sink.listen();
+    serveProducts({});
+    m_server.setHandler([this](const LoopbackHttpServer::Request&) { return m_response; });
+}
+
+ProductWindowFixture::~ProductWindowFixture() = default;
+
+bool ProductWindowFixture::isReady() const
+{
+    return m_home.isValid() && m_server.port() != 0 && m_sink.port() != 0;
+}
+
+int ProductWindowFixture::productRequestCount() const
+{
+    int count = 0;
+    for (const LoopbackHttpServer::Request& request : m_server.requests()) {
+        if (request.path == "/product")
+            ++count;
+    }
+    return count;
+}
+
+void ProductWindowFixture::serveProducts(const QList<Product>& products,
+                                         std::chrono::milliseconds delay)
+{
+    QJsonArray data;
+    for (const Product& product : products)
+        data.append(product.toJson());
+    m_response = LoopbackHttpServer::Response::json(
+        QJsonDocument(QJsonObject{{u"data"_s, data}}).toJson(QJsonDocument::Compact));
+    m_response.delay = delay;
+}
+
+void ProductWindowFixture::serveStatus(int status)
+{
+    m_response = LoopbackHttpServer::Response::json("{}", status);
+}
+
+std::unique_ptr<AppSettings> ProductWindowFixture::makeConfiguredSettings() const
+{
+    auto settings = std::make_unique<AppSettings>();
+    Dossier dossier;
+    dossier.name = u"Winkel"_s;
+    dossier.apiKey = u"key-1"_s;
+    Printer printer;
+    printer.name = u"Balie"_s;
+    printer.ipAddress = u"127.0.0.1"_s;
+    printer.port = m_sink.port();
+    LabelTemplate label;
+    label.name = u"Schap"_s;
+    label.zplContent = kTemplateZPL;
+    label.printerID = printer.id;
+    settings->setDossiers({dossier});
+    settings->setSelectedDossierID(dossier.id);
+    settings->setPrinters({printer});
+    settings->setTemplates({label});
+    settings->setSelectedTemplateID(label.id);
+    return settings;
+}
+
+std::unique_ptr<ProductListViewModel> ProductWindowFixture::makeViewModel() const
+{
+    return std::make_unique<ProductListViewModel>(m_server.baseUrl());
+}
+
+QByteArray ProductWindowFixture::expectedLabel(const Product& product)
+{
+    return "^XA^FD" + product.sku().toUtf8() + '|' + product.displayName().toUtf8() + "^FS^XZ";
+}
+
+Product ProductWindowFixture::product(qint64 id, const QString& sku, const QString& name,
+                                      std::optional<double> price, const QString& barcode)
+{
+    Product product;
+    product.ID = id;
+    if (!sku.isNull())
+        product.Sku = sku;
+    if (!name.isNull())
+        product.Name = name;
+    product.SellPrice1WithVat = price;
+    if (!barcode.isNull())
+        product.BarCode = barcode;
+    return product;
+}

@@ -1,0 +1,247 @@
+#include "ProductSortProxy.h"
+#include "ProductTableModel.h"
+#include "ProductWindowFixture.h"
+#include "model/AppSettings.h"
+#include "viewmodels/ProductListViewModel.h"
+
+#include <QAbstractItemModelTester>
+#include <QSignalSpy>
+#include <QTest>
+
+using namespace Qt::StringLiterals;
+using Fixture = ProductWindowFixture;
+
+class ProductTableModelTest : public QObject
+{
+    Q_OBJECT
+
+private slots:
+    void init();
+    void cleanup();
+
+    void modelsStayConsistentThroughLoadFilterCheckAndSort();
+    void cellsShowTheProductTexts();
+    void checkingRefreshesOnlyTheCheckColumn();
+    void sortsArticleNumbersLikeAFileBrowser();
+    void sortsLikeAFileBrowserInADutchLocaleToo();
+    void equalKeysKeepTheServiceOrder();
+    void headerClicksPromoteAndReverse();
+    void priceSortsByNumberWithMissingAsZero();
+    void keysFollowANewLoad();
+
+private:
+    void load(const QList<Product>& products);
+    QStringList column(int column) const;
+
+    std::unique_ptr<Fixture> m_fixture;
+    std::unique_ptr<AppSettings> m_settings;
+    std::unique_ptr<ProductListViewModel> m_viewModel;
+    std::unique_ptr<ProductTableModel> m_table;
+    std::unique_ptr<ProductSortProxy> m_proxy;
+};
+
+void ProductTableModelTest::init()
+{
+    m_fixture = std::make_unique<Fixture>();
+    QVERIFY(m_fixture->isReady());
+    m_settings = m_fixture->makeConfiguredSettings();
+    m_viewModel = m_fixture->makeViewModel();
+    m_viewModel->setSettings(m_settings.get());
+    m_table = std::make_unique<ProductTableModel>(*m_viewModel);
+    m_proxy = std::make_unique<ProductSortProxy>(*m_table);
+}
+
+void ProductTableModelTest::cleanup()
+{
+    m_proxy.reset();
+    m_table.reset();
+    m_viewModel.reset();
+    m_settings.reset();
+    m_fixture.reset();
+    QLocale::setDefault(QLocale::c());
+}
+
+void ProductTableModelTest::load(const QList<Product>& products)
+{
+    m_fixture->serveProducts(products);
+    QSignalSpy loaded(m_viewModel.get(), &ProductListViewModel::productsChanged);
+    m_viewModel->fetchProducts();
+    QVERIFY(loaded.wait(5000));
+    QVERIFY(!m_viewModel->errorMessage());
+}
+
+QStringList ProductTableModelTest::column(int column) const
+{
+    QStringList texts;
+    for (int row = 0; row < m_proxy->rowCount(); ++row)
+        texts.append(m_proxy->index(row, column).data().toString());
+    return texts;
+}
+
+void ProductTableModelTest::modelsStayConsistentThroughLoadFilterCheckAndSort()
+{
+    QAbstractItemModelTester tableTester(m_table.get(),
+                                         QAbstractItemModelTester::FailureReportingMode::QtTest);
+    QAbstractItemModelTester proxyTester(m_proxy.get(),
+                                         QAbstractItemModelTester::FailureReportingMode::QtTest);
+    load({Fixture::product(1, u"B-2"_s, u"Beitel"_s), Fixture::product(2, u"A-1"_s, u"Hamer"_s),
+          Fixture::product(3, u"C-3"_s, u"Zaag"_s)});
+    QCOMPARE(m_proxy->rowCount(), 3);
+    m_viewModel->setSearchText(u"a"_s);
+    m_viewModel->toggleChecked(m_viewModel->products().at(1));
+    m_proxy->promoteColumn(ProductTableModel::kNameColumn);
+    m_proxy->promoteColumn(ProductTableModel::kNameColumn);
+    m_viewModel->setSearchText(u"zzz"_s);
+    QCOMPARE(m_proxy->rowCount(), 0);
+    m_viewModel->setSearchText({});
+    load({Fixture::product(4, u"D"_s, u"Nieuw"_s)});
+    QCOMPARE(m_proxy->rowCount(), 1);
+}
+
+void ProductTableModelTest::cellsShowTheProductTexts()
+{
+    Product unnamed = Fixture::product(2, {}, {}, std::nullopt);
+    load({Fixture::product(1, u"A-1"_s, u"Hamer"_s, 12.5, u"8712345678906"_s), unnamed,
+          Fixture::product(3, u"N"_s, u"Korting"_s, -3)});
+    QCOMPARE(column(ProductTableModel::kSKUColumn), (QStringList{u""_s, u"A-1"_s, u"N"_s}));
+    QCOMPARE(column(ProductTableModel::kNameColumn),
+             (QStringList{u"Unknown"_s, u"Hamer"_s, u"Korting"_s}));
+    QCOMPARE(column(ProductTableModel::kPriceColumn),
+             (QStringList{u"€ -"_s, u"€ 12.50"_s, u"€ -3.00"_s}));
+    QCOMPARE(column(ProductTableModel::kBarcodeColumn),
+             (QStringList{u""_s, u"8712345678906"_s, u""_s}));
+    QCOMPARE(m_proxy->headerData(ProductTableModel::kCheckColumn, Qt::Horizontal).toString(),
+             u""_s);
+    QCOMPARE(m_proxy->headerData(ProductTableModel::kSKUColumn, Qt::Horizontal).toString(),
+             u"Artikel nr."_s);
+    QCOMPARE(m_proxy->headerData(ProductTableModel::kNameColumn, Qt::Horizontal).toString(),
+             u"Omschrijving"_s);
+    QCOMPARE(m_proxy->headerData(ProductTableModel::kPriceColumn, Qt::Horizontal).toString(),
+             u"Verkoop incl."_s);
+    QCOMPARE(m_proxy->headerData(ProductTableModel::kBarcodeColumn, Qt::Horizontal).toString(),
+             u"Barcode"_s);
+    const auto alignment = [this](int column) {
+        return m_proxy->index(0, column).data(Qt::TextAlignmentRole).toInt() &
+               Qt::AlignHorizontal_Mask;
+    };
+    QCOMPARE(alignment(ProductTableModel::kPriceColumn), int(Qt::AlignRight));
+    QCOMPARE(alignment(ProductTableModel::kNameColumn), int(Qt::AlignLeft));
+    QVERIFY(m_proxy->index(0, ProductTableModel::kSKUColumn)
+                .data(Qt::FontRole)
+                .value<QFont>()
+                .fixedPitch() ||
+            QFontInfo(
+                m_proxy->index(0, ProductTableModel::kSKUColumn).data(Qt::FontRole).value<QFont>())
+                .fixedPitch());
+}
+
+void ProductTableModelTest::checkingRefreshesOnlyTheCheckColumn()
+{
+    load({Fixture::product(1, u"A"_s, u"Een"_s), Fixture::product(2, u"B"_s, u"Twee"_s)});
+    QSignalSpy resets(m_table.get(), &QAbstractItemModel::modelReset);
+    QSignalSpy changes(m_table.get(), &QAbstractItemModel::dataChanged);
+    QSignalSpy layouts(m_proxy.get(), &QAbstractItemModel::layoutChanged);
+
+    m_viewModel->toggleChecked(m_viewModel->products().at(1));
+
+    QCOMPARE(resets.count(), 0);
+    QCOMPARE(layouts.count(), 0);
+    QCOMPARE(changes.count(), 1);
+    const QModelIndex topLeft = changes.first().at(0).toModelIndex();
+    const QModelIndex bottomRight = changes.first().at(1).toModelIndex();
+    QCOMPARE(topLeft.column(), ProductTableModel::kCheckColumn);
+    QCOMPARE(bottomRight.column(), ProductTableModel::kCheckColumn);
+    QCOMPARE(bottomRight.row(), 1);
+    QCOMPARE(m_proxy->index(1, 0).data(Qt::CheckStateRole).toInt(), int(Qt::Checked));
+    QCOMPARE(m_proxy->index(0, 0).data(Qt::CheckStateRole).toInt(), int(Qt::Unchecked));
+}
+
+void ProductTableModelTest::sortsArticleNumbersLikeAFileBrowser()
+{
+    // The tests run in the C locale, which has no language of its own.
+    load({Fixture::product(1, u"100"_s, u"a"_s), Fixture::product(2, u"9"_s, u"b"_s),
+          Fixture::product(3, u"b-2"_s, u"c"_s), Fixture::product(4, u""_s, u"d"_s),
+          Fixture::product(5, u"10"_s, u"e"_s), Fixture::product(6, u"B-10"_s, u"f"_s),
+          Fixture::product(7, u"a-1"_s, u"g"_s), Fixture::product(8, u"A-3"_s, u"h"_s),
+          Fixture::product(9, {}, u"i"_s)});
+    QCOMPARE(column(ProductTableModel::kSKUColumn),
+             (QStringList{u""_s, u""_s, u"9"_s, u"10"_s, u"100"_s, u"a-1"_s, u"A-3"_s, u"b-2"_s,
+                          u"B-10"_s}));
+    // Products without an article number keep their service order among themselves.
+    QCOMPARE(column(ProductTableModel::kNameColumn).mid(0, 2), (QStringList{u"d"_s, u"i"_s}));
+}
+
+void ProductTableModelTest::sortsLikeAFileBrowserInADutchLocaleToo()
+{
+    QLocale::setDefault(QLocale(QLocale::Dutch, QLocale::Netherlands));
+    load({Fixture::product(1, u"Ü-20"_s, u"a"_s), Fixture::product(2, u"u-3"_s, u"b"_s),
+          Fixture::product(3, u"V-1"_s, u"c"_s), Fixture::product(4, u"U-100"_s, u"d"_s)});
+    QCOMPARE(column(ProductTableModel::kSKUColumn),
+             (QStringList{u"u-3"_s, u"Ü-20"_s, u"U-100"_s, u"V-1"_s}));
+}
+
+void ProductTableModelTest::equalKeysKeepTheServiceOrder()
+{
+    load({Fixture::product(1, u"X"_s, u"eerste"_s), Fixture::product(2, u"A"_s, u"tweede"_s),
+          Fixture::product(3, u"x"_s, u"derde"_s), Fixture::product(4, u"X"_s, u"vierde"_s)});
+    QCOMPARE(column(ProductTableModel::kNameColumn),
+             (QStringList{u"tweede"_s, u"eerste"_s, u"derde"_s, u"vierde"_s}));
+    m_proxy->promoteColumn(ProductTableModel::kSKUColumn); // now descending
+    QCOMPARE(column(ProductTableModel::kNameColumn),
+             (QStringList{u"eerste"_s, u"derde"_s, u"vierde"_s, u"tweede"_s}));
+}
+
+void ProductTableModelTest::headerClicksPromoteAndReverse()
+{
+    using Key = ProductSortProxy::SortKey;
+    load({Fixture::product(1, u"3"_s, u"Appel"_s, 2.0), Fixture::product(2, u"1"_s, u"Peer"_s, 1.0),
+          Fixture::product(3, u"2"_s, u"Appel"_s, 3.0)});
+    QCOMPARE(m_proxy->sortOrder(),
+             (QList<Key>{{ProductTableModel::kSKUColumn, Qt::AscendingOrder}}));
+
+    m_proxy->promoteColumn(ProductTableModel::kNameColumn);
+    QCOMPARE(m_proxy->sortOrder().first(),
+             (Key{ProductTableModel::kNameColumn, Qt::AscendingOrder}));
+    // Equal names fall back on the article number, the earlier key.
+    QCOMPARE(column(ProductTableModel::kSKUColumn), (QStringList{u"2"_s, u"3"_s, u"1"_s}));
+
+    m_proxy->promoteColumn(ProductTableModel::kNameColumn);
+    QCOMPARE(m_proxy->sortOrder().first(),
+             (Key{ProductTableModel::kNameColumn, Qt::DescendingOrder}));
+    // The tie-breaker keeps its own direction while the first key runs backwards.
+    QCOMPARE(column(ProductTableModel::kSKUColumn), (QStringList{u"1"_s, u"2"_s, u"3"_s}));
+
+    m_proxy->promoteColumn(ProductTableModel::kCheckColumn);
+    QCOMPARE(m_proxy->sortOrder().first(),
+             (Key{ProductTableModel::kNameColumn, Qt::DescendingOrder}));
+
+    m_proxy->promoteColumn(ProductTableModel::kSKUColumn);
+    QCOMPARE(m_proxy->sortOrder(),
+             (QList<Key>{{ProductTableModel::kSKUColumn, Qt::AscendingOrder},
+                         {ProductTableModel::kNameColumn, Qt::DescendingOrder}}));
+    QCOMPARE(column(ProductTableModel::kSKUColumn), (QStringList{u"1"_s, u"2"_s, u"3"_s}));
+}
+
+void ProductTableModelTest::priceSortsByNumberWithMissingAsZero()
+{
+    load({Fixture::product(1, u"a"_s, u"a"_s, 10.0), Fixture::product(2, u"b"_s, u"b"_s, 9.5),
+          Fixture::product(3, u"c"_s, u"c"_s, std::nullopt),
+          Fixture::product(4, u"d"_s, u"d"_s, -1.0), Fixture::product(5, u"e"_s, u"e"_s, 0.0)});
+    m_proxy->promoteColumn(ProductTableModel::kPriceColumn);
+    QCOMPARE(column(ProductTableModel::kPriceColumn),
+             (QStringList{u"€ -1.00"_s, u"€ -"_s, u"€ 0.00"_s, u"€ 9.50"_s, u"€ 10.00"_s}));
+}
+
+void ProductTableModelTest::keysFollowANewLoad()
+{
+    load({Fixture::product(1, u"2"_s, u"oud"_s), Fixture::product(2, u"1"_s, u"oud"_s)});
+    QCOMPARE(column(ProductTableModel::kSKUColumn), (QStringList{u"1"_s, u"2"_s}));
+    load({Fixture::product(3, u"B"_s, u"nieuw"_s), Fixture::product(4, u"C"_s, u"nieuw"_s),
+          Fixture::product(5, u"A"_s, u"nieuw"_s)});
+    QCOMPARE(column(ProductTableModel::kSKUColumn), (QStringList{u"A"_s, u"B"_s, u"C"_s}));
+    m_viewModel->setSearchText(u"c"_s);
+    QCOMPARE(column(ProductTableModel::kSKUColumn), (QStringList{u"C"_s}));
+}
+
+QTEST_MAIN(ProductTableModelTest)
+#include "tst_ProductTableModel.moc"
