@@ -1,0 +1,78 @@
+#include "AboutSettingsPage.h"
+
+#include "SettingsDivider.h"
+#include "SettingsText.h"
+#include "SettingsView.h"
+#include "views/main/AboutView.h"
+#include "views/main/SymbolIcons.h"
+#include "views/main/Theme.h"
+
+#include <QDate>
+#include <QDesktopServices>
+#include <QHBoxLayout>
+#include <QLabel>
+#include <QVBoxLayout>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+constexpr int kIconSize = 32;
+
+QVBoxLayout* tightColumn(int spacing)
+{
+    auto* column = new QVBoxLayout;
+    column->setContentsMargins(0, 0, 0, 0);
+    column->setSpacing(spacing);
+    return column;
+}
+
+} // namespace
+
+AboutSettingsPage::AboutSettingsPage(QWidget* parent) : SettingsEditorPage(parent)
+{
+    const Section section = addSection(u"Over Stampix"_s);
+
+    auto* icon = new QLabel;
+    icon->setPixmap(SymbolIcons::tinted(u"printer.fill", Theme::accent(palette()))
+                        .pixmap(QSize(kIconSize, kIconSize), devicePixelRatioF()));
+    icon->setFixedSize(kIconSize, kIconSize);
+    QVBoxLayout* nameColumn = tightColumn(2);
+    nameColumn->addWidget(SettingsText::label(u"Stampix"_s, Theme::systemFont(15, QFont::DemiBold),
+                                              Theme::primaryText(palette())));
+    nameColumn->addWidget(
+        SettingsText::secondary(u"Versie "_s + SettingsView::appVersion(), Theme::systemFont(11)));
+    auto* nameRow = new QHBoxLayout;
+    nameRow->addWidget(icon, 0, Qt::AlignVCenter);
+    nameRow->addLayout(nameColumn);
+    nameRow->addStretch();
+    section.content->addLayout(nameRow);
+
+    QVBoxLayout* about = tightColumn(4);
+    about->addWidget(SettingsText::label(u"Etiket print tool voor Kalmora Online"_s,
+                                         Theme::subheadline(), Theme::primaryText(palette())));
+    auto* description = SettingsText::secondary(
+        u"Print ZPL etiketten naar Zebra netwerkprinters direct vanuit je Kalmora Online product "
+        u"database. Meerdere aanpasbare templates mogelijk, elk met hun eigen printer "
+        u"configuratie."_s,
+        Theme::caption());
+    description->setWordWrap(true);
+    about->addWidget(description);
+    section.content->addLayout(about);
+
+    section.content->addWidget(new SettingsDivider(Qt::Horizontal));
+
+    QVBoxLayout* owner = tightColumn(4);
+    owner->addWidget(SettingsText::secondary(
+        u"© %1 Stampix. Alle rechten voorbehouden."_s.arg(QDate::currentDate().year()),
+        Theme::caption()));
+    m_link = SettingsText::label(
+        u"<a href=\"%1\">%2</a>"_s.arg(AboutView::makerURL().toString(), AboutView::makerDomain()),
+        Theme::caption(), QColor());
+    m_link->setTextFormat(Qt::RichText);
+    m_link->setTextInteractionFlags(Qt::LinksAccessibleByMouse | Qt::LinksAccessibleByKeyboard);
+    connect(m_link, &QLabel::linkActivated, this,
+            [](const QString& link) { QDesktopServices::openUrl(QUrl(link)); });
+    owner->addWidget(m_link);
+    section.content->addLayout(owner);
+}

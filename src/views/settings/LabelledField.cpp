@@ -1,0 +1,43 @@
+#include "LabelledField.h"
+
+#include "SettingsText.h"
+#include "views/main/SymbolIcons.h"
+#include "views/main/Theme.h"
+
+#include <QHBoxLayout>
+#include <QLabel>
+#include <QVBoxLayout>
+
+namespace {
+
+constexpr int kIconSize = 14;
+constexpr int kIconBox = 20;
+
+} // namespace
+
+LabelledField::LabelledField(const QString& symbolName, const QString& label, QWidget* input,
+                             QWidget* parent)
+    : QWidget(parent), m_label(label), m_input(input)
+{
+    auto* icon = new QLabel;
+    icon->setPixmap(SymbolIcons::tinted(symbolName, Theme::secondaryText(palette()))
+                        .pixmap(QSize(kIconSize, kIconSize), devicePixelRatioF()));
+    icon->setFixedWidth(kIconBox);
+    icon->setAlignment(Qt::AlignCenter);
+
+    QFont labelFont = Theme::subheadline();
+    labelFont.setWeight(QFont::Medium);
+    auto* labelRow = new QHBoxLayout;
+    labelRow->setSpacing(10);
+    labelRow->addWidget(icon, 0, Qt::AlignVCenter);
+    labelRow->addWidget(SettingsText::label(label, labelFont, Theme::primaryText(palette())), 0,
+                        Qt::AlignVCenter);
+    labelRow->addStretch();
+
+    auto* column = new QVBoxLayout(this);
+    column->setContentsMargins(0, 0, 0, 0);
+    column->setSpacing(8);
+    column->addLayout(labelRow);
+    column->addWidget(input, 0,
+                      input->maximumWidth() < QWIDGETSIZE_MAX ? Qt::AlignLeft : Qt::Alignment());
+}

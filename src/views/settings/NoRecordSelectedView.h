@@ -1,0 +1,25 @@
+#pragma once
+
+#include "SettingsTabKey.h"
+
+#include <QWidget>
+
+class QLabel;
+
+// What the detail area shows when the selection names no record of a kind:
+// a prompt to pick one, or, with an empty list, how to add the first.
+class NoRecordSelectedView : public QWidget
+{
+    Q_OBJECT
+
+public:
+    NoRecordSelectedView(SettingsTabKey::Kind kind, bool listEmpty, QWidget* parent = nullptr);
+
+    QString message() const;
+    // Empty while the list has records.
+    QString hint() const;
+
+private:
+    QLabel* m_message;
+    QLabel* m_hint = nullptr;
+};

@@ -1,0 +1,46 @@
+#include "PlaceholderChip.h"
+
+#include "views/main/Theme.h"
+
+#include <QPainter>
+#include <QPainterPath>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+constexpr int kPaddingH = 8;
+constexpr int kPaddingV = 4;
+constexpr qreal kRadius = 4;
+
+} // namespace
+
+PlaceholderChip::PlaceholderChip(const QString& key, QWidget* parent) : QAbstractButton(parent)
+{
+    setText(key);
+    setFont(Theme::monospaced(Theme::caption().pixelSize()));
+    setToolTip(u"Klik om te kopiëren"_s);
+    setCursor(Qt::PointingHandCursor);
+    setFocusPolicy(Qt::NoFocus);
+    setSizePolicy(QSizePolicy::Fixed, QSizePolicy::Fixed);
+}
+
+QSize PlaceholderChip::sizeHint() const
+{
+    const QFontMetrics metrics(font());
+    return {metrics.horizontalAdvance(text()) + 2 * kPaddingH, metrics.height() + 2 * kPaddingV};
+}
+
+void PlaceholderChip::paintEvent(QPaintEvent*)
+{
+    QPainter painter(this);
+    painter.setRenderHint(QPainter::Antialiasing);
+    QColor background = Theme::blue();
+    background.setAlphaF(isDown() ? 0.2f : 0.1f);
+    QPainterPath shape;
+    shape.addRoundedRect(QRectF(rect()), kRadius, kRadius);
+    painter.fillPath(shape, background);
+    painter.setFont(font());
+    painter.setPen(Theme::blue());
+    painter.drawText(rect(), Qt::AlignCenter, text());
+}

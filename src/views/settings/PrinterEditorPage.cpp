@@ -1,0 +1,116 @@
+#include "PrinterEditorPage.h"
+
+#include "InfoBox.h"
+#include "LabelledField.h"
+#include "SettingsSpinner.h"
+#include "SettingsText.h"
+#include "SettingsView.h"
+#include "model/AppSettings.h"
+#include "views/main/Theme.h"
+
+#include <QHBoxLayout>
+#include <QLabel>
+#include <QLineEdit>
+#include <QPushButton>
+#include <QVBoxLayout>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+// 0.7 of the small progress indicator.
+constexpr int kSpinnerSize = 12;
+
+} // namespace
+
+PrinterEditorPage::PrinterEditorPage(SettingsView& view, qsizetype index, QWidget* parent)
+    : SettingsEditorPage(parent), m_view(view), m_index(index),
+      m_name(makeLineEdit(u"Printer naam"_s)), m_ipAddress(makeLineEdit(u"192.168.1.100"_s, 150)),
+      m_port(makeLineEdit(u"9100"_s, 70)), m_testButton(new QPushButton(u"Test Verbinding"_s)),
+      m_spinner(new SettingsSpinner(kSpinnerSize)),
+      m_result(SettingsText::label({}, Theme::caption(), QColor()))
+{
+    const Section details = addSection(u"Printer Details"_s);
+    details.content->addWidget(new LabelledField(u"tag"_s, u"Naam"_s, m_name));
+
+    const Section connection = addSection(u"Verbinding"_s);
+    auto* addressRow = new QHBoxLayout;
+    addressRow->setSpacing(16);
+    addressRow->addWidget(new LabelledField(u"network"_s, u"IP Adres"_s, m_ipAddress));
+    addressRow->addWidget(new LabelledField(u"number"_s, u"Poort"_s, m_port));
+    addressRow->addStretch();
+    connection.content->addLayout(addressRow);
+
+    auto* testRow = new QHBoxLayout;
+    testRow->setSpacing(12);
+    testRow->addWidget(m_testButton);
+    testRow->addWidget(m_spinner);
+    testRow->addWidget(m_result, 1);
+    connection.content->addLayout(testRow);
+    connection.content->addWidget(new InfoBox(
+        u"Voer het IP adres en poort van je Zebra etiketprinter in. Standaard poort is 9100."_s));
+    m_result->setWordWrap(true);
+    m_result->setTextInteractionFlags(Qt::TextSelectableByMouse);
+
+    m_deleteButton = addDeleteSection(u"Verwijder Printer"_s, nullptr);
+
+    connect(m_name, &QLineEdit::textEdited, this, [this](const QString& text) {
+        m_view.settings().updatePrinter(m_index, [&text](Printer& p) { p.name = text; });
+    });
+    connect(m_ipAddress, &QLineEdit::textEdited, this, [this](const QString& text) {
+        m_view.settings().updatePrinter(m_index, [&text](Printer& p) { p.ipAddress = text; });
+    });
+    connect(m_port, &QLineEdit::textEdited, this, &PrinterEditorPage::writePort);
+    // Leaving the field shows the port in force again (e.g. after "abc").
+    connect(m_port, &QLineEdit::editingFinished, this, &PrinterEditorPage::refresh);
+    connect(m_testButton, &QPushButton::clicked, this,
+            [this] { m_view.testPrinterConnection(m_index); });
+    connect(m_deleteButton, &QPushButton::clicked, this, [this] { m_view.deletePrinter(m_index); });
+    connect(&m_view.settings(), &AppSettings::printersChanged, this, &PrinterEditorPage::refresh);
+    connect(&m_view, &SettingsView::printerTestChanged, this, &PrinterEditorPage::refreshTestState);
+    refresh();
+}
+
+std::optional<qint64> PrinterEditorPage::parsePort(const QString& text)
+{
+    bool ok = false;
+    const qint64 port = text.trimmed().toLongLong(&ok);
+    if (!ok)
+        return std::nullopt;
+    return port;
+}
+
+void PrinterEditorPage::writePort(const QString& text)
+{
+    if (const std::optional<qint64> port = parsePort(text))
+        m_view.settings().updatePrinter(m_index, [port](Printer& p) { p.port = *port; });
+}
+
+void PrinterEditorPage::refresh()
+{
+    const QList<Printer>& printers = m_view.settings().printers();
+    const bool valid = m_index >= 0 && m_index < printers.size();
+    const Printer printer = valid ? printers.at(m_index) : Printer{};
+    syncText(m_name, valid ? printer.name : QString());
+    syncText(m_ipAddress, valid ? printer.ipAddress : QString());
+    // While the port is being typed, text that is not (yet) a number stays.
+    if (!m_port->hasFocus())
+        syncText(m_port, valid ? QString::number(printer.port) : QString());
+    refreshTestState();
+}
+
+void PrinterEditorPage::refreshTestState()
+{
+    const QList<Printer>& printers = m_view.settings().printers();
+    const bool hasAddress =
+        m_index >= 0 && m_index < printers.size() && !printers.at(m_index).ipAddress.isEmpty();
+    m_testButton->setEnabled(hasAddress && !m_view.isPrinterTesting());
+    m_spinner->setVisible(m_view.isPrinterTesting());
+
+    const std::optional<QString>& result = m_view.printerTestResult();
+    m_result->setVisible(result.has_value());
+    m_result->setText(result.value_or(QString()));
+    if (result)
+        SettingsText::setTextColor(m_result,
+                                   result->contains(u"gelukt"_s) ? Theme::green() : Theme::red());
+}

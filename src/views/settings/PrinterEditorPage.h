@@ -1,0 +1,46 @@
+#pragma once
+
+#include "SettingsEditorPage.h"
+
+class QLabel;
+class QLineEdit;
+class QPushButton;
+class SettingsSpinner;
+class SettingsView;
+
+// Edits one printer's name, address and port, tests the connection and
+// deletes the printer.
+class PrinterEditorPage : public SettingsEditorPage
+{
+    Q_OBJECT
+
+public:
+    PrinterEditorPage(SettingsView& view, qsizetype index, QWidget* parent = nullptr);
+
+    qsizetype index() const { return m_index; }
+    QLineEdit* nameField() const { return m_name; }
+    QLineEdit* ipAddressField() const { return m_ipAddress; }
+    QLineEdit* portField() const { return m_port; }
+    QPushButton* testButton() const { return m_testButton; }
+    QLabel* resultLabel() const { return m_result; }
+    SettingsSpinner* spinner() const { return m_spinner; }
+    QPushButton* deleteButton() const { return m_deleteButton; }
+
+    // Only whole numbers are taken over; anything else keeps the stored port.
+    static std::optional<qint64> parsePort(const QString& text);
+
+private:
+    void refresh();
+    void refreshTestState();
+    void writePort(const QString& text);
+
+    SettingsView& m_view;
+    qsizetype m_index;
+    QLineEdit* m_name;
+    QLineEdit* m_ipAddress;
+    QLineEdit* m_port;
+    QPushButton* m_testButton;
+    SettingsSpinner* m_spinner;
+    QLabel* m_result;
+    QPushButton* m_deleteButton;
+};

@@ -1,0 +1,278 @@
+#include "SettingsView.h"
+
+#include "SettingsDetailArea.h"
+#include "SettingsDivider.h"
+#include "SettingsFooterView.h"
+#include "SettingsHeaderView.h"
+#include "SettingsSidebar.h"
+#include "model/AppSettings.h"
+#include "services/PrinterService.h"
+#include "views/main/AppInfo.h"
+#include "views/main/Theme.h"
+
+#include <QClipboard>
+#include <QGuiApplication>
+#include <QHBoxLayout>
+#include <QPointer>
+#include <QTimer>
+#include <QVBoxLayout>
+
+using namespace Qt::StringLiterals;
+
+SettingsView::SettingsView(AppSettings& settings, QWidget* parent)
+    : QWidget(parent), m_settings(settings), m_printerService(std::make_shared<PrinterService>()),
+      m_templatePrinterService(std::make_shared<PrinterService>())
+{
+    QPalette pal = palette();
+    pal.setColor(QPalette::Window, Theme::windowBackground(pal));
+    setPalette(pal);
+    setAutoFillBackground(true);
+    buildLayout();
+}
+
+SettingsView::~SettingsView() = default;
+
+void SettingsView::buildLayout()
+{
+    auto* body = new QHBoxLayout;
+    body->setContentsMargins(0, 0, 0, 0);
+    body->setSpacing(0);
+    body->addWidget(new SettingsSidebar(*this));
+    body->addWidget(new SettingsDivider(Qt::Vertical));
+    body->addWidget(new SettingsDetailArea(*this), 1);
+
+    auto* column = new QVBoxLayout(this);
+    column->setContentsMargins(0, 0, 0, 0);
+    column->setSpacing(0);
+    column->addWidget(new SettingsHeaderView);
+    column->addWidget(new SettingsDivider(Qt::Horizontal));
+    column->addLayout(body, 1);
+    column->addWidget(new SettingsDivider(Qt::Horizontal));
+    column->addWidget(new SettingsFooterView(appVersion()));
+}
+
+QString SettingsView::appVersion()
+{
+    return u"v"_s + AppInfo::version() + u"."_s + AppInfo::buildNumber();
+}
+
+void SettingsView::setSelectedTab(const QString& key)
+{
+    if (key == m_selectedTab)
+        return;
+    m_selectedTab = key;
+    emit selectedTabChanged();
+}
+
+void SettingsView::select(Kind kind, const QUuid& id)
+{
+    setSelectedTab(SettingsTabKey::make(kind, id));
+}
+
+bool SettingsView::isExpanded(Kind group) const
+{
+    switch (group) {
+    case Kind::dossier:
+        return m_dossiersExpanded;
+    case Kind::printer:
+        return m_printersExpanded;
+    case Kind::labelTemplate:
+        return m_templatesExpanded;
+    case Kind::none:
+    case Kind::about:
+        break;
+    }
+    return false;
+}
+
+void SettingsView::setExpanded(Kind group, bool expanded, bool animated)
+{
+    bool* flag = nullptr;
+    switch (group) {
+    case Kind::dossier:
+        flag = &m_dossiersExpanded;
+        break;
+    case Kind::printer:
+        flag = &m_printersExpanded;
+        break;
+    case Kind::labelTemplate:
+        flag = &m_templatesExpanded;
+        break;
+    case Kind::none:
+    case Kind::about:
+        return;
+    }
+    if (*flag == expanded)
+        return;
+    *flag = expanded;
+    emit expandedChanged(group, animated);
+}
+
+void SettingsView::toggleGroup(Kind group)
+{
+    setExpanded(group, !isExpanded(group), true);
+}
+
+void SettingsView::showEvent(QShowEvent* event)
+{
+    QWidget::showEvent(event);
+    initializeSelectedTab();
+}
+
+void SettingsView::initializeSelectedTab()
+{
+    if (m_selectedTab.isEmpty())
+        selectFirstDossier();
+}
+
+void SettingsView::selectFirstDossier()
+{
+    if (!m_settings.dossiers().isEmpty())
+        select(Kind::dossier, m_settings.dossiers().constFirst().id);
+}
+
+void SettingsView::addRecord(Kind group)
+{
+    std::optional<QUuid> newID;
+    switch (group) {
+    case Kind::dossier:
+        m_settings.addDossier();
+        if (!m_settings.dossiers().isEmpty())
+            newID = m_settings.dossiers().constLast().id;
+        break;
+    case Kind::printer:
+        m_settings.addPrinter();
+        if (!m_settings.printers().isEmpty())
+            newID = m_settings.printers().constLast().id;
+        break;
+    case Kind::labelTemplate:
+        m_settings.addTemplate();
+        if (!m_settings.templates().isEmpty())
+            newID = m_settings.templates().constLast().id;
+        break;
+    case Kind::none:
+    case Kind::about:
+        return;
+    }
+    setExpanded(group, true);
+    if (newID)
+        select(group, *newID);
+}
+
+void SettingsView::addPrinterAndSelect()
+{
+    m_settings.addPrinter();
+    if (!m_settings.printers().isEmpty())
+        select(Kind::printer, m_settings.printers().constLast().id);
+}
+
+void SettingsView::deleteDossier(qsizetype index)
+{
+    if (index < 0 || index >= m_settings.dossiers().size())
+        return;
+    m_settings.deleteDossier(m_settings.dossiers().at(index));
+    selectFirstDossier();
+}
+
+void SettingsView::deletePrinter(qsizetype index)
+{
+    if (index < 0 || index >= m_settings.printers().size())
+        return;
+    m_settings.deletePrinter(m_settings.printers().at(index));
+    if (!m_settings.printers().isEmpty())
+        select(Kind::printer, m_settings.printers().constFirst().id);
+    else
+        selectFirstDossier();
+}
+
+void SettingsView::deleteTemplate(qsizetype index)
+{
+    if (index < 0 || index >= m_settings.templates().size())
+        return;
+    m_settings.deleteTemplate(m_settings.templates().at(index));
+    if (!m_settings.templates().isEmpty())
+        select(Kind::labelTemplate, m_settings.templates().constFirst().id);
+    else
+        selectFirstDossier();
+}
+
+void SettingsView::testPrinterConnection(qsizetype index)
+{
+    // The button is disabled while a test runs; this also covers a double click
+    // that arrives before the button was repainted.
+    if (m_isPrinterTesting || index < 0 || index >= m_settings.printers().size())
+        return;
+    const Printer printer = m_settings.printers().at(index);
+    m_isPrinterTesting = true;
+    m_printerTestResult.reset();
+    emit printerTestChanged();
+    runPrinterTest(printer.ipAddress, printer.port);
+}
+
+QCoro::Task<> SettingsView::runPrinterTest(QString ip, qint64 port)
+{
+    const QPointer<SettingsView> self(this);
+    const std::shared_ptr<PrinterService> service = m_printerService;
+    const PrinterService::ConnectionTestResult result = co_await service->testConnection(ip, port);
+    if (!self)
+        co_return;
+    m_printerTestResult = result.message;
+    m_isPrinterTesting = false;
+    emit printerTestChanged();
+}
+
+void SettingsView::testPrintTemplate(qsizetype index)
+{
+    if (m_isTemplateTesting || index < 0 || index >= m_settings.templates().size())
+        return;
+    const LabelTemplate labelTemplate = m_settings.templates().at(index);
+    const std::optional<Printer> printer = m_settings.printerFor(labelTemplate);
+    if (!printer || printer->ipAddress.isEmpty()) {
+        m_templateTestResult = u"Geen printer geconfigureerd"_s;
+        emit templateTestChanged();
+        return;
+    }
+    m_isTemplateTesting = true;
+    m_templateTestResult.reset();
+    emit templateTestChanged();
+    runTemplateTest(m_zplService.previewZPL(labelTemplate.zplContent), *printer);
+}
+
+QCoro::Task<> SettingsView::runTemplateTest(QString zpl, Printer printer)
+{
+    const QPointer<SettingsView> self(this);
+    const std::shared_ptr<PrinterService> service = m_templatePrinterService;
+    const std::optional<PrinterError> error =
+        co_await service->sendZPL(zpl, printer.ipAddress, printer.port);
+    if (!self)
+        co_return;
+    m_templateTestResult = error ? u"Fout: "_s + error->errorDescription()
+                                 : u"✓ Test etiket verstuurd naar "_s + printer.name;
+    m_isTemplateTesting = false;
+    emit templateTestChanged();
+}
+
+void SettingsView::copyPlaceholder(const QString& key)
+{
+    QGuiApplication::clipboard()->setText(key);
+    setCopiedPlaceholder(key);
+    // Each click schedules its own check, so a later click on another chip
+    // keeps its full time and a repeated click does not extend the first.
+    QTimer::singleShot(m_copyFeedbackDuration, Qt::PreciseTimer, this, [this, key] {
+        if (m_copiedPlaceholder == key)
+            setCopiedPlaceholder(std::nullopt);
+    });
+}
+
+void SettingsView::setCopyFeedbackDuration(std::chrono::milliseconds duration)
+{
+    m_copyFeedbackDuration = duration;
+}
+
+void SettingsView::setCopiedPlaceholder(std::optional<QString> key)
+{
+    if (key == m_copiedPlaceholder)
+        return;
+    m_copiedPlaceholder = std::move(key);
+    emit copiedPlaceholderChanged();
+}

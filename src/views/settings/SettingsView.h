@@ -1,0 +1,101 @@
+#pragma once
+
+#include "SettingsTabKey.h"
+#include "model/Printer.h"
+#include "services/ZPLService.h"
+
+#include <QCoroTask>
+#include <QString>
+#include <QWidget>
+#include <chrono>
+#include <memory>
+#include <optional>
+
+class AppSettings;
+class PrinterService;
+
+// Root of the settings window: header, sidebar, detail area and footer over
+// the one settings store. It also holds the window-wide state the editor
+// pages share (selection, open groups, test results, copy feedback) and the
+// actions that change it. Every edit goes straight into the store.
+class SettingsView : public QWidget
+{
+    Q_OBJECT
+
+public:
+    using Kind = SettingsTabKey::Kind;
+
+    static constexpr std::chrono::milliseconds kCopyFeedbackDuration{2000};
+
+    explicit SettingsView(AppSettings& settings, QWidget* parent = nullptr);
+    ~SettingsView() override;
+
+    AppSettings& settings() const { return m_settings; }
+    const ZPLService& zplService() const { return m_zplService; }
+
+    // "v" + short version + "." + build number, e.g. v2.3.45.
+    static QString appVersion();
+
+    const QString& selectedTab() const { return m_selectedTab; }
+    void setSelectedTab(const QString& key);
+    void select(Kind kind, const QUuid& id);
+
+    bool isExpanded(Kind group) const;
+    // The group header animates its own change; other changes are immediate.
+    void setExpanded(Kind group, bool expanded, bool animated = false);
+    void toggleGroup(Kind group);
+
+    const std::optional<QString>& printerTestResult() const { return m_printerTestResult; }
+    bool isPrinterTesting() const { return m_isPrinterTesting; }
+    const std::optional<QString>& templateTestResult() const { return m_templateTestResult; }
+    bool isTemplateTesting() const { return m_isTemplateTesting; }
+    const std::optional<QString>& copiedPlaceholder() const { return m_copiedPlaceholder; }
+
+    void initializeSelectedTab();
+    // "+" beside a group: add a record, open the group, select the new record.
+    void addRecord(Kind group);
+    // "Printer Toevoegen" on the template page: add and show the new printer.
+    void addPrinterAndSelect();
+    void deleteDossier(qsizetype index);
+    void deletePrinter(qsizetype index);
+    void deleteTemplate(qsizetype index);
+    void testPrinterConnection(qsizetype index);
+    void testPrintTemplate(qsizetype index);
+    void copyPlaceholder(const QString& key);
+
+    // Tests shorten the feedback time.
+    void setCopyFeedbackDuration(std::chrono::milliseconds duration);
+
+signals:
+    void selectedTabChanged();
+    void expandedChanged(SettingsTabKey::Kind group, bool animated);
+    void printerTestChanged();
+    void templateTestChanged();
+    void copiedPlaceholderChanged();
+
+protected:
+    void showEvent(QShowEvent* event) override;
+
+private:
+    void buildLayout();
+    void selectFirstDossier();
+    void setCopiedPlaceholder(std::optional<QString> key);
+    QCoro::Task<> runPrinterTest(QString ip, qint64 port);
+    QCoro::Task<> runTemplateTest(QString zpl, Printer printer);
+
+    AppSettings& m_settings;
+    QString m_selectedTab;
+    bool m_dossiersExpanded = true;
+    bool m_printersExpanded = true;
+    bool m_templatesExpanded = true;
+    std::optional<QString> m_printerTestResult;
+    bool m_isPrinterTesting = false;
+    // Shared so that a running test keeps its service alive if the window closes.
+    std::shared_ptr<PrinterService> m_printerService;
+    std::optional<QString> m_templateTestResult;
+    bool m_isTemplateTesting = false;
+    std::optional<QString> m_copiedPlaceholder;
+    ZPLService m_zplService;
+    std::shared_ptr<PrinterService> m_templatePrinterService;
+    std::chrono::milliseconds m_copyFeedbackDuration = kCopyFeedbackDuration;
+};

@@ -1,0 +1,94 @@
+#include "SidebarGroupHeader.h"
+
+#include "views/main/SymbolIcons.h"
+#include "views/main/Theme.h"
+
+#include <QHBoxLayout>
+#include <QMouseEvent>
+#include <QPainter>
+#include <QToolButton>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+constexpr int kPadding = 12;
+constexpr int kHeight = 32;
+constexpr int kSpacing = 8;
+constexpr int kChevronSize = 9;
+constexpr int kChevronBox = 10;
+constexpr int kIconSize = 14;
+constexpr int kIconBox = 20;
+constexpr int kPlusSize = 11;
+
+} // namespace
+
+SidebarGroupHeader::SidebarGroupHeader(const QString& symbolName, const QString& title,
+                                       const QString& addToolTip, QWidget* parent)
+    : QWidget(parent), m_title(title), m_addButton(new QToolButton(this))
+{
+    const QColor secondary = Theme::secondaryText(palette());
+    m_groupIcon = SymbolIcons::tinted(symbolName, secondary);
+    m_chevronOpen = SymbolIcons::tinted(u"chevron.down", secondary);
+    m_chevronClosed = SymbolIcons::tinted(u"chevron.right", secondary);
+
+    m_addButton->setIcon(SymbolIcons::tinted(u"plus", secondary));
+    m_addButton->setIconSize(QSize(kPlusSize, kPlusSize));
+    m_addButton->setAutoRaise(true);
+    m_addButton->setFocusPolicy(Qt::NoFocus);
+    m_addButton->setToolTip(addToolTip);
+    m_addButton->setCursor(Qt::PointingHandCursor);
+    connect(m_addButton, &QToolButton::clicked, this, &SidebarGroupHeader::addRequested);
+
+    auto* row = new QHBoxLayout(this);
+    row->setContentsMargins(kPadding, 0, kPadding, 0);
+    row->addStretch();
+    row->addWidget(m_addButton);
+
+    setFixedHeight(kHeight);
+    setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Fixed);
+}
+
+void SidebarGroupHeader::setExpanded(bool expanded)
+{
+    if (expanded == m_expanded)
+        return;
+    m_expanded = expanded;
+    update();
+}
+
+void SidebarGroupHeader::paintEvent(QPaintEvent*)
+{
+    QPainter painter(this);
+    painter.setRenderHint(QPainter::Antialiasing);
+    int x = kPadding;
+    const QIcon& chevron = m_expanded ? m_chevronOpen : m_chevronClosed;
+    chevron.paint(&painter, QRect(x + (kChevronBox - kChevronSize) / 2,
+                                  (height() - kChevronSize) / 2, kChevronSize, kChevronSize));
+    x += kChevronBox + kSpacing;
+    m_groupIcon.paint(&painter, QRect(x + (kIconBox - kIconSize) / 2, (height() - kIconSize) / 2,
+                                      kIconSize, kIconSize));
+    x += kIconBox + kSpacing;
+
+    const QRect textRect(x, 0, m_addButton->geometry().left() - kSpacing - x, height());
+    painter.setFont(Theme::systemFont(13));
+    painter.setPen(Theme::primaryText(palette()));
+    painter.drawText(textRect, Qt::AlignLeft | Qt::AlignVCenter | Qt::TextSingleLine,
+                     painter.fontMetrics().elidedText(m_title, Qt::ElideRight, textRect.width()));
+}
+
+void SidebarGroupHeader::mousePressEvent(QMouseEvent* event)
+{
+    m_pressed = event->button() == Qt::LeftButton;
+    event->accept();
+}
+
+void SidebarGroupHeader::mouseReleaseEvent(QMouseEvent* event)
+{
+    const bool click = m_pressed && event->button() == Qt::LeftButton &&
+                       rect().contains(event->position().toPoint());
+    m_pressed = false;
+    event->accept();
+    if (click)
+        emit toggleRequested();
+}

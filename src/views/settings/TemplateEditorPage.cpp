@@ -1,0 +1,262 @@
+#include "TemplateEditorPage.h"
+
+#include "InfoBox.h"
+#include "LabelledField.h"
+#include "PlaceholderChip.h"
+#include "SettingsSpinner.h"
+#include "SettingsText.h"
+#include "SettingsView.h"
+#include "TemplatePrinterField.h"
+#include "model/AppSettings.h"
+#include "views/main/SymbolIcons.h"
+#include "views/main/Theme.h"
+
+#include <QGridLayout>
+#include <QHBoxLayout>
+#include <QLabel>
+#include <QLineEdit>
+#include <QPlainTextEdit>
+#include <QPushButton>
+#include <QVBoxLayout>
+#include <algorithm>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+constexpr int kSmallIcon = 12;
+constexpr int kSpinnerSize = 12;
+constexpr int kEditorMinHeight = 200;
+
+QLabel* symbolLabel(const QString& symbolName, const QColor& color)
+{
+    auto* label = new QLabel;
+    label->setPixmap(SymbolIcons::tinted(symbolName, color)
+                         .pixmap(QSize(kSmallIcon, kSmallIcon), label->devicePixelRatioF()));
+    label->setFixedSize(kSmallIcon, kSmallIcon);
+    return label;
+}
+
+QHBoxLayout* tightRow(QWidget* owner, int spacing)
+{
+    auto* row = new QHBoxLayout(owner);
+    row->setContentsMargins(0, 0, 0, 0);
+    row->setSpacing(spacing);
+    return row;
+}
+
+} // namespace
+
+TemplateEditorPage::TemplateEditorPage(SettingsView& view, qsizetype index, QWidget* parent)
+    : SettingsEditorPage(parent), m_view(view), m_index(index)
+{
+    buildDetailsSection();
+    buildPlaceholderSection();
+    buildZPLSection();
+    m_deleteButton = addDeleteSection(u"Verwijder Etiket"_s, &m_deleteSection);
+    connect(m_deleteButton, &QPushButton::clicked, this,
+            [this] { m_view.deleteTemplate(m_index); });
+
+    AppSettings& settings = m_view.settings();
+    connect(&settings, &AppSettings::templatesChanged, this, &TemplateEditorPage::refresh);
+    connect(&settings, &AppSettings::printersChanged, this, &TemplateEditorPage::refresh);
+    connect(&m_view, &SettingsView::templateTestChanged, this,
+            &TemplateEditorPage::refreshTestState);
+    connect(&m_view, &SettingsView::copiedPlaceholderChanged, this,
+            &TemplateEditorPage::refreshCopyFeedback);
+    refresh();
+    refreshCopyFeedback();
+}
+
+void TemplateEditorPage::buildDetailsSection()
+{
+    const Section details = addSection(u"Etiket Details"_s);
+    m_name = makeLineEdit(u"Etiket naam"_s);
+    m_printerField = new TemplatePrinterField(m_view, m_index);
+    m_printerHint =
+        new InfoBox(u"Selecteer een printer om etiketten te kunnen printen met dit template"_s);
+    details.content->addWidget(new LabelledField(u"tag"_s, u"Naam"_s, m_name));
+    details.content->addWidget(new LabelledField(u"printer"_s, u"Printer"_s, m_printerField));
+    details.content->addWidget(m_printerHint);
+
+    connect(m_name, &QLineEdit::textEdited, this, [this](const QString& text) {
+        m_view.settings().updateTemplate(m_index, [&text](LabelTemplate& t) { t.name = text; });
+    });
+}
+
+void TemplateEditorPage::buildPlaceholderSection()
+{
+    const Section placeholders = addSection(u"Beschikbare Placeholders"_s);
+    QStringList keys = ZPLService::placeholders().keys();
+    std::sort(keys.begin(), keys.end());
+    auto* chipRow = new QHBoxLayout;
+    chipRow->setSpacing(16);
+    for (const QString& key : std::as_const(keys)) {
+        auto* chip = new PlaceholderChip(key);
+        connect(chip, &PlaceholderChip::clicked, this,
+                [this, key] { m_view.copyPlaceholder(key); });
+        chipRow->addWidget(chip);
+        m_chips.append(chip);
+    }
+    chipRow->addStretch();
+    placeholders.content->addLayout(chipRow);
+
+    // The hint keeps its place while the feedback is shown over it.
+    m_copyHint = new InfoBox(u"Klik op een placeholder om te kopiëren naar klembord"_s);
+    QSizePolicy keepSpace = m_copyHint->sizePolicy();
+    keepSpace.setRetainSizeWhenHidden(true);
+    m_copyHint->setSizePolicy(keepSpace);
+
+    m_copyFeedback = new QWidget;
+    m_copyFeedbackText = SettingsText::label({}, Theme::caption(), Theme::green());
+    QHBoxLayout* feedbackRow = tightRow(m_copyFeedback, 4);
+    feedbackRow->addWidget(symbolLabel(u"checkmark.circle.fill"_s, Theme::green()));
+    feedbackRow->addWidget(m_copyFeedbackText);
+    feedbackRow->addStretch();
+
+    auto* layers = new QGridLayout;
+    layers->setContentsMargins(0, 0, 0, 0);
+    layers->addWidget(m_copyHint, 0, 0);
+    layers->addWidget(m_copyFeedback, 0, 0, Qt::AlignVCenter);
+    placeholders.content->addLayout(layers);
+}
+
+void TemplateEditorPage::buildZPLSection()
+{
+    const Section zpl = addSection(u"ZPL Template"_s);
+    m_zpl = new QPlainTextEdit;
+    m_zpl->setFont(Theme::monospaced(Theme::body().pixelSize()));
+    m_zpl->setMinimumHeight(kEditorMinHeight);
+    m_zpl->setLineWrapMode(QPlainTextEdit::NoWrap);
+    m_zpl->setFrameShape(QFrame::NoFrame);
+    QColor border = Qt::gray;
+    border.setAlphaF(0.3f);
+    m_zpl->setStyleSheet(
+        u"QPlainTextEdit { border: 1px solid %1; }"_s.arg(border.name(QColor::HexArgb)));
+    zpl.content->addWidget(m_zpl);
+
+    m_testButton = new QPushButton(u"Test Print"_s);
+    auto* buttonRow = new QHBoxLayout;
+    buttonRow->addStretch();
+    buttonRow->addWidget(m_testButton);
+    zpl.content->addLayout(buttonRow);
+    zpl.content->addWidget(buildTestingRow());
+    zpl.content->addWidget(buildResultRow());
+
+    m_validation = new QVBoxLayout;
+    m_validation->setSpacing(4);
+    zpl.content->addLayout(m_validation);
+
+    connect(m_zpl, &QPlainTextEdit::textChanged, this, &TemplateEditorPage::writeZPL);
+    connect(m_testButton, &QPushButton::clicked, this,
+            [this] { m_view.testPrintTemplate(m_index); });
+}
+
+QWidget* TemplateEditorPage::buildTestingRow()
+{
+    m_testingRow = new QWidget;
+    QHBoxLayout* row = tightRow(m_testingRow, 8);
+    row->addWidget(new SettingsSpinner(kSpinnerSize));
+    row->addWidget(SettingsText::secondary(u"Test etiket versturen..."_s, Theme::caption()));
+    row->addStretch();
+    return m_testingRow;
+}
+
+QWidget* TemplateEditorPage::buildResultRow()
+{
+    m_resultRow = new QWidget;
+    m_resultIcon = new QLabel;
+    m_resultIcon->setFixedSize(kSmallIcon, kSmallIcon);
+    m_resultText = SettingsText::label({}, Theme::caption(), QColor());
+    m_resultText->setWordWrap(true);
+    m_resultText->setTextInteractionFlags(Qt::TextSelectableByMouse);
+    QHBoxLayout* row = tightRow(m_resultRow, 4);
+    row->addWidget(m_resultIcon);
+    row->addWidget(m_resultText, 1);
+    return m_resultRow;
+}
+
+bool TemplateEditorPage::isDeleteShown() const
+{
+    return !m_deleteSection->isHidden();
+}
+
+void TemplateEditorPage::writeZPL()
+{
+    if (m_syncingZPL)
+        return;
+    const QString text = m_zpl->toPlainText();
+    m_view.settings().updateTemplate(m_index, [&text](LabelTemplate& t) { t.zplContent = text; });
+}
+
+void TemplateEditorPage::refresh()
+{
+    const AppSettings& settings = m_view.settings();
+    const QList<LabelTemplate>& templates = settings.templates();
+    const bool valid = m_index >= 0 && m_index < templates.size();
+    const LabelTemplate labelTemplate = valid ? templates.at(m_index) : LabelTemplate{};
+
+    syncText(m_name, valid ? labelTemplate.name : QString());
+    m_printerField->refresh();
+    m_printerHint->setVisible(valid && !labelTemplate.printerID && !settings.printers().isEmpty());
+
+    const QString zpl = valid ? labelTemplate.zplContent : QString();
+    if (m_zpl->toPlainText() != zpl) {
+        m_syncingZPL = true;
+        m_zpl->setPlainText(zpl);
+        m_syncingZPL = false;
+    }
+    refreshValidation(zpl);
+    m_deleteSection->setVisible(templates.size() > 1);
+    refreshTestState();
+}
+
+void TemplateEditorPage::refreshTestState()
+{
+    const QList<LabelTemplate>& templates = m_view.settings().templates();
+    const bool hasPrinter =
+        m_index >= 0 && m_index < templates.size() && templates.at(m_index).printerID.has_value();
+    m_testButton->setEnabled(hasPrinter && !m_view.isTemplateTesting());
+
+    const std::optional<QString>& result = m_view.templateTestResult();
+    m_testingRow->setVisible(m_view.isTemplateTesting());
+    m_resultRow->setVisible(!m_view.isTemplateTesting() && result.has_value());
+    if (!result)
+        return;
+    const bool success = result->contains(u"✓"_s);
+    const QColor color = success ? Theme::green() : Theme::red();
+    m_resultText->setText(*result);
+    SettingsText::setTextColor(m_resultText, color);
+    m_resultIcon->setPixmap(
+        SymbolIcons::tinted(success ? u"checkmark.circle.fill" : u"xmark.circle.fill", color)
+            .pixmap(QSize(kSmallIcon, kSmallIcon), devicePixelRatioF()));
+}
+
+void TemplateEditorPage::refreshCopyFeedback()
+{
+    const std::optional<QString>& copied = m_view.copiedPlaceholder();
+    m_copyHint->setVisible(!copied);
+    m_copyFeedback->setVisible(copied.has_value());
+    if (copied)
+        m_copyFeedbackText->setText(*copied + u" gekopieerd naar klembord"_s);
+}
+
+void TemplateEditorPage::refreshValidation(const QString& zpl)
+{
+    const ZPLService::Validation validation = m_view.zplService().validateTemplate(zpl);
+    if (validation.errors == m_shownMessages)
+        return;
+    m_shownMessages = validation.errors;
+    while (QLayoutItem* item = m_validation->takeAt(0)) {
+        delete item->widget();
+        delete item;
+    }
+    for (const QString& message : std::as_const(m_shownMessages)) {
+        auto* row = new QWidget;
+        QHBoxLayout* layout = tightRow(row, 4);
+        layout->addWidget(symbolLabel(u"exclamationmark.triangle.fill"_s, Theme::orange()));
+        layout->addWidget(SettingsText::label(message, Theme::caption(), QColor()));
+        layout->addStretch();
+        m_validation->addWidget(row);
+    }
+}

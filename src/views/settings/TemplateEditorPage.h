@@ -1,0 +1,76 @@
+#pragma once
+
+#include "SettingsEditorPage.h"
+
+#include <QList>
+#include <QStringList>
+
+class InfoBox;
+class PlaceholderChip;
+class QLabel;
+class QLineEdit;
+class QPlainTextEdit;
+class QPushButton;
+class QVBoxLayout;
+class SettingsView;
+class TemplatePrinterField;
+
+// Edits one label template: name, printer, ZPL text with live validation,
+// the placeholder chips that copy to the clipboard, a test print and delete.
+class TemplateEditorPage : public SettingsEditorPage
+{
+    Q_OBJECT
+
+public:
+    TemplateEditorPage(SettingsView& view, qsizetype index, QWidget* parent = nullptr);
+
+    qsizetype index() const { return m_index; }
+    QLineEdit* nameField() const { return m_name; }
+    TemplatePrinterField* printerField() const { return m_printerField; }
+    InfoBox* printerHint() const { return m_printerHint; }
+    const QList<PlaceholderChip*>& chips() const { return m_chips; }
+    InfoBox* copyHint() const { return m_copyHint; }
+    QWidget* copyFeedback() const { return m_copyFeedback; }
+    QLabel* copyFeedbackLabel() const { return m_copyFeedbackText; }
+    QPlainTextEdit* zplEditor() const { return m_zpl; }
+    QPushButton* testButton() const { return m_testButton; }
+    QWidget* testingRow() const { return m_testingRow; }
+    QWidget* resultRow() const { return m_resultRow; }
+    QLabel* resultLabel() const { return m_resultText; }
+    QStringList validationMessages() const { return m_shownMessages; }
+    QPushButton* deleteButton() const { return m_deleteButton; }
+    bool isDeleteShown() const;
+
+private:
+    void buildDetailsSection();
+    void buildPlaceholderSection();
+    void buildZPLSection();
+    QWidget* buildTestingRow();
+    QWidget* buildResultRow();
+    void refresh();
+    void refreshTestState();
+    void refreshCopyFeedback();
+    void refreshValidation(const QString& zpl);
+    void writeZPL();
+
+    SettingsView& m_view;
+    qsizetype m_index;
+    QLineEdit* m_name = nullptr;
+    TemplatePrinterField* m_printerField = nullptr;
+    InfoBox* m_printerHint = nullptr;
+    QList<PlaceholderChip*> m_chips;
+    InfoBox* m_copyHint = nullptr;
+    QWidget* m_copyFeedback = nullptr;
+    QLabel* m_copyFeedbackText = nullptr;
+    QPlainTextEdit* m_zpl = nullptr;
+    QPushButton* m_testButton = nullptr;
+    QWidget* m_testingRow = nullptr;
+    QWidget* m_resultRow = nullptr;
+    QLabel* m_resultIcon = nullptr;
+    QLabel* m_resultText = nullptr;
+    QVBoxLayout* m_validation = nullptr;
+    QStringList m_shownMessages;
+    QPushButton* m_deleteButton = nullptr;
+    QWidget* m_deleteSection = nullptr;
+    bool m_syncingZPL = false;
+};

@@ -1,0 +1,343 @@
+#include "SettingsViewHarness.h"
+#include "views/main/Theme.h"
+#include "views/settings/DossierEditorPage.h"
+#include "views/settings/InfoBox.h"
+#include "views/settings/PlaceholderChip.h"
+#include "views/settings/PrinterEditorPage.h"
+#include "views/settings/TemplateEditorPage.h"
+#include "views/settings/TemplatePrinterField.h"
+
+#include <QComboBox>
+#include <QLabel>
+#include <QLineEdit>
+#include <QPlainTextEdit>
+#include <QPushButton>
+
+using namespace Qt::StringLiterals;
+using Kind = SettingsTabKey::Kind;
+
+// The three editor pages: their bindings to the store, enabled states and
+// what they do with an index that is no longer valid.
+class SettingsEditorsTest : public QObject
+{
+    Q_OBJECT
+
+private slots:
+    void typingWritesEveryKeystrokeAndKeepsThePage();
+    void bookyearIsSharedByEveryDossierPage();
+    void dossierDeleteNeedsASecondDossier();
+    void testButtonFollowsTheAddress();
+    void portTakesOnlyWholeNumbers();
+    void writesThroughAStaleIndexAreIgnored();
+    void pageFollowsItsRecordWhenEarlierOnesGo();
+    void templatePrinterChoice();
+    void addingAPrinterFromTheTemplatePage();
+    void testPrintNeedsAPrinterAndADeleteNeedsASecondTemplate();
+    void chipsAndValidationFollowTheText();
+};
+
+void SettingsEditorsTest::typingWritesEveryKeystrokeAndKeepsThePage()
+{
+    SettingsViewHarness harness;
+    harness.setDossiers({u"Winkel"_s});
+    QVERIFY(harness.show());
+    auto* page = harness.pageAs<DossierEditorPage>();
+    QVERIFY(page);
+    SidebarRow* row = harness.group(Kind::dossier)->rows().at(0);
+
+    QLineEdit* name = page->nameField();
+    name->setFocus();
+    name->selectAll();
+    QTest::keyClicks(name, u"Ab"_s);
+    QCOMPARE(harness.settings().dossiers().at(0).name, u"Ab"_s);
+    QCOMPARE(row->text(), u"Ab"_s);
+    QTest::keyClick(name, Qt::Key_C);
+    QCOMPARE(harness.settings().dossiers().at(0).name, u"Abc"_s);
+    QCOMPARE(row->text(), u"Abc"_s);
+    // The page, its field and the cursor survive the store's notifications.
+    QCOMPARE(harness.pageAs<DossierEditorPage>(), page);
+    QCOMPARE(name->cursorPosition(), 3);
+
+    QTest::keyClicks(page->apiKeyField(), u"key"_s);
+    QCOMPARE(harness.settings().dossiers().at(0).apiKey, u"key"_s);
+    QCOMPARE(row->symbol(), u"folder.fill"_s);
+    QCOMPARE(harness.pageAs<DossierEditorPage>(), page);
+}
+
+void SettingsEditorsTest::bookyearIsSharedByEveryDossierPage()
+{
+    SettingsViewHarness harness;
+    harness.setDossiers({u"Een"_s, u"Twee"_s});
+    QVERIFY(harness.show());
+    QLineEdit* year = harness.pageAs<DossierEditorPage>()->bookyearField();
+    year->clear();
+    QTest::keyClicks(year, u"2026"_s);
+    QCOMPARE(harness.settings().bookyear(), u"2026"_s);
+    QVERIFY(harness.settings().isSavePending());
+
+    harness.view().select(Kind::dossier, harness.settings().dossiers().at(1).id);
+    QCOMPARE(harness.pageAs<DossierEditorPage>()->bookyearField()->text(), u"2026"_s);
+    // Any text is taken as typed.
+    QTest::keyClicks(harness.pageAs<DossierEditorPage>()->bookyearField(), u"x"_s);
+    QCOMPARE(harness.settings().bookyear(), u"2026x"_s);
+}
+
+void SettingsEditorsTest::dossierDeleteNeedsASecondDossier()
+{
+    SettingsViewHarness harness;
+    harness.setDossiers({u"Enig"_s});
+    QVERIFY(harness.show());
+    auto* page = harness.pageAs<DossierEditorPage>();
+    QVERIFY(!page->isDeleteShown());
+
+    harness.settings().addDossier();
+    QCOMPARE(harness.pageAs<DossierEditorPage>(), page);
+    QVERIFY(page->isDeleteShown());
+    QCOMPARE(page->deleteButton()->text(), u"Verwijder Dossier"_s);
+    harness.view().select(Kind::dossier, harness.settings().dossiers().at(1).id);
+    QVERIFY(harness.pageAs<DossierEditorPage>()->isDeleteShown());
+}
+
+void SettingsEditorsTest::testButtonFollowsTheAddress()
+{
+    SettingsViewHarness harness;
+    harness.setPrinters({SettingsViewHarness::printer(u"Balie"_s, QString())});
+    QVERIFY(harness.show());
+    harness.view().select(Kind::printer, harness.settings().printers().at(0).id);
+    auto* page = harness.pageAs<PrinterEditorPage>();
+    QVERIFY(page);
+
+    QVERIFY(!page->testButton()->isEnabled());
+    QTest::keyClicks(page->ipAddressField(), u"1"_s);
+    QCOMPARE(harness.settings().printers().at(0).ipAddress, u"1"_s);
+    QVERIFY(page->testButton()->isEnabled());
+    QTest::keyClick(page->ipAddressField(), Qt::Key_Backspace);
+    QVERIFY(!page->testButton()->isEnabled());
+    // The address is stored as typed, blanks included.
+    QTest::keyClicks(page->ipAddressField(), u" 10.0.0.9 "_s);
+    QCOMPARE(harness.settings().printers().at(0).ipAddress, u" 10.0.0.9 "_s);
+
+    // Delete is offered even for the only printer.
+    QVERIFY(page->deleteButton()->isVisible());
+    QCOMPARE(page->deleteButton()->text(), u"Verwijder Printer"_s);
+}
+
+void SettingsEditorsTest::portTakesOnlyWholeNumbers()
+{
+    QCOMPARE(PrinterEditorPage::parsePort(u"9100"_s), 9100);
+    QCOMPARE(PrinterEditorPage::parsePort(u"-3"_s), -3);
+    QCOMPARE(PrinterEditorPage::parsePort(u"abc"_s), std::nullopt);
+    QCOMPARE(PrinterEditorPage::parsePort(u"12.5"_s), std::nullopt);
+    QCOMPARE(PrinterEditorPage::parsePort(u"9.100"_s), std::nullopt);
+    QCOMPARE(PrinterEditorPage::parsePort(QString()), std::nullopt);
+
+    SettingsViewHarness harness;
+    harness.setPrinters({SettingsViewHarness::printer(u"Balie"_s, u"10.0.0.5"_s, 9100)});
+    QVERIFY(harness.show());
+    harness.view().select(Kind::printer, harness.settings().printers().at(0).id);
+    auto* page = harness.pageAs<PrinterEditorPage>();
+    QLineEdit* port = page->portField();
+    QCOMPARE(port->text(), u"9100"_s);
+
+    port->setFocus();
+    port->selectAll();
+    QTest::keyClicks(port, u"abc"_s);
+    QCOMPARE(harness.settings().printers().at(0).port, 9100);
+    // Leaving the field shows the port in force again.
+    page->nameField()->setFocus();
+    QTRY_COMPARE(port->text(), u"9100"_s);
+
+    port->setFocus();
+    port->selectAll();
+    QTest::keyClicks(port, u"6101"_s);
+    QCOMPARE(harness.settings().printers().at(0).port, 6101);
+}
+
+void SettingsEditorsTest::writesThroughAStaleIndexAreIgnored()
+{
+    SettingsViewHarness harness;
+    harness.setPrinters({SettingsViewHarness::printer(u"Een"_s, u"10.0.0.1"_s)});
+    QVERIFY(harness.show());
+    AppSettings& settings = harness.settings();
+    // A page that outlives its record, as one does between the record's removal
+    // and the detail area replacing it.
+    PrinterEditorPage stalePrinter(harness.view(), 0);
+    DossierEditorPage staleDossier(harness.view(), 0);
+    stalePrinter.show();
+    staleDossier.show();
+    const QList<Dossier> dossiersBefore = settings.dossiers();
+    const QList<LabelTemplate> templatesBefore = settings.templates();
+
+    settings.setPrinters({});
+    QCOMPARE(stalePrinter.nameField()->text(), QString());
+    QTest::keyClicks(stalePrinter.nameField(), u"x"_s);
+    QTest::keyClicks(stalePrinter.portField(), u"1"_s);
+    clickOn(stalePrinter.testButton());
+    clickOn(stalePrinter.deleteButton());
+    harness.view().testPrinterConnection(0);
+    QVERIFY(settings.printers().isEmpty());
+    QVERIFY(!harness.view().isPrinterTesting());
+
+    settings.setDossiers({});
+    QTest::keyClicks(staleDossier.nameField(), u"x"_s);
+    QTest::keyClicks(staleDossier.apiKeyField(), u"x"_s);
+    QVERIFY(settings.dossiers().isEmpty());
+    settings.setDossiers(dossiersBefore);
+
+    // Index 1 of a list of one.
+    TemplateEditorPage pastTheEnd(harness.view(), 1);
+    pastTheEnd.show();
+    QCOMPARE(pastTheEnd.nameField()->text(), QString());
+    QTest::keyClicks(pastTheEnd.nameField(), u"x"_s);
+    QTest::keyClicks(pastTheEnd.zplEditor(), u"^XA"_s);
+    harness.view().testPrintTemplate(1);
+    harness.view().deleteTemplate(1);
+    QCOMPARE(settings.templates(), templatesBefore);
+    QVERIFY(!harness.view().templateTestResult());
+}
+
+void SettingsEditorsTest::pageFollowsItsRecordWhenEarlierOnesGo()
+{
+    SettingsViewHarness harness;
+    harness.setDossiers({u"Een"_s, u"Twee"_s, u"Drie"_s});
+    QVERIFY(harness.show());
+    const QUuid third = harness.settings().dossiers().at(2).id;
+    harness.view().select(Kind::dossier, third);
+    QCOMPARE(harness.pageAs<DossierEditorPage>()->index(), 2);
+
+    // Removed elsewhere (an import, another window): the page moves along, so
+    // its writes keep reaching the record it shows.
+    harness.settings().deleteDossier(harness.settings().dossiers().at(0));
+    auto* page = harness.pageAs<DossierEditorPage>();
+    QCOMPARE(page->index(), 1);
+    QCOMPARE(page->nameField()->text(), u"Drie"_s);
+    QTest::keyClicks(page->nameField(), u"!"_s);
+    QCOMPARE(harness.settings().dossiers().at(1).name, u"Drie!"_s);
+    QCOMPARE(harness.settings().dossiers().at(1).id, third);
+    QCOMPARE(harness.settings().dossiers().at(0).name, u"Twee"_s);
+}
+
+void SettingsEditorsTest::templatePrinterChoice()
+{
+    SettingsViewHarness harness;
+    const Printer withAddress = SettingsViewHarness::printer(u"Balie"_s, u"10.0.0.5"_s);
+    const Printer withoutAddress = SettingsViewHarness::printer(u"Magazijn"_s, QString());
+    harness.setPrinters({withAddress, withoutAddress});
+    QVERIFY(harness.show());
+    harness.view().select(Kind::labelTemplate, harness.settings().templates().at(0).id);
+    auto* page = harness.pageAs<TemplateEditorPage>();
+    QVERIFY(page);
+    QComboBox* choice = page->printerField()->choice();
+
+    QVERIFY(choice->isVisible());
+    QVERIFY(!page->printerField()->noPrintersRow()->isVisible());
+    QCOMPARE(choice->count(), 3);
+    QCOMPARE(choice->itemText(0), u"Geen printer geselecteerd"_s);
+    QCOMPARE(choice->itemText(1), u"Balie (10.0.0.5)"_s);
+    QCOMPARE(choice->itemText(2), u"Magazijn"_s);
+    QCOMPARE(choice->currentIndex(), 0);
+    QVERIFY(page->printerHint()->isVisible());
+    QCOMPARE(page->printerHint()->text(),
+             u"Selecteer een printer om etiketten te kunnen printen met dit template"_s);
+
+    choice->setCurrentIndex(2);
+    emit choice->activated(2);
+    QCOMPARE(harness.settings().templates().at(0).printerID, withoutAddress.id);
+    QVERIFY(!page->printerHint()->isVisible());
+    QCOMPARE(harness.pageAs<TemplateEditorPage>(), page);
+
+    choice->setCurrentIndex(0);
+    emit choice->activated(0);
+    QCOMPARE(harness.settings().templates().at(0).printerID, std::nullopt);
+    QVERIFY(page->printerHint()->isVisible());
+}
+
+void SettingsEditorsTest::addingAPrinterFromTheTemplatePage()
+{
+    SettingsViewHarness harness;
+    QVERIFY(harness.show());
+    clickHeader(harness.group(Kind::printer)->header());
+    harness.view().select(Kind::labelTemplate, harness.settings().templates().at(0).id);
+    auto* page = harness.pageAs<TemplateEditorPage>();
+    TemplatePrinterField* field = page->printerField();
+
+    QVERIFY(!field->choice()->isVisible());
+    QVERIFY(field->noPrintersRow()->isVisible());
+    QVERIFY(!page->printerHint()->isVisible());
+    QCOMPARE(field->addPrinterButton()->text(), u"Printer Toevoegen"_s);
+
+    clickOn(field->addPrinterButton());
+    QCOMPARE(harness.settings().printers().size(), 1);
+    const Printer added = harness.settings().printers().at(0);
+    QCOMPARE(harness.view().selectedTab(), SettingsTabKey::make(Kind::printer, added.id));
+    QVERIFY(harness.pageAs<PrinterEditorPage>());
+    // Neither bound to the template nor opening the Printers group.
+    QCOMPARE(harness.settings().templates().at(0).printerID, std::nullopt);
+    QVERIFY(!harness.view().isExpanded(Kind::printer));
+}
+
+void SettingsEditorsTest::testPrintNeedsAPrinterAndADeleteNeedsASecondTemplate()
+{
+    SettingsViewHarness harness;
+    const Printer printer = SettingsViewHarness::printer(u"Balie"_s, u"10.0.0.5"_s);
+    harness.setPrinters({printer});
+    QVERIFY(harness.show());
+    harness.view().select(Kind::labelTemplate, harness.settings().templates().at(0).id);
+    auto* page = harness.pageAs<TemplateEditorPage>();
+
+    QVERIFY(!page->testButton()->isEnabled());
+    QVERIFY(!page->isDeleteShown());
+    harness.settings().updateTemplate(0,
+                                      [&printer](LabelTemplate& t) { t.printerID = printer.id; });
+    QVERIFY(page->testButton()->isEnabled());
+
+    // Bound to a printer that has no address: enabled, and the press says why
+    // nothing was sent, in red with the cross.
+    harness.settings().updatePrinter(0, [](Printer& p) { p.ipAddress.clear(); });
+    QVERIFY(page->testButton()->isEnabled());
+    clickOn(page->testButton());
+    QCOMPARE(harness.view().templateTestResult(), u"Geen printer geconfigureerd"_s);
+    QVERIFY(!harness.view().isTemplateTesting());
+    QVERIFY(page->resultRow()->isVisible());
+    QCOMPARE(page->resultLabel()->text(), u"Geen printer geconfigureerd"_s);
+    QCOMPARE(page->resultLabel()->palette().color(QPalette::WindowText), Theme::red());
+
+    harness.settings().addTemplate();
+    QVERIFY(page->isDeleteShown());
+    QCOMPARE(page->deleteButton()->text(), u"Verwijder Etiket"_s);
+}
+
+void SettingsEditorsTest::chipsAndValidationFollowTheText()
+{
+    SettingsViewHarness harness;
+    QVERIFY(harness.show());
+    harness.view().select(Kind::labelTemplate, harness.settings().templates().at(0).id);
+    auto* page = harness.pageAs<TemplateEditorPage>();
+
+    QStringList chipTexts;
+    for (const PlaceholderChip* chip : page->chips()) {
+        chipTexts << chip->text();
+        QCOMPARE(chip->toolTip(), u"Klik om te kopiëren"_s);
+    }
+    QCOMPARE(chipTexts, (QStringList{u"{{ARTIKELNR}}"_s, u"{{BARCODE}}"_s, u"{{NAAM}}"_s,
+                                     u"{{OMSCHRIJVING}}"_s, u"{{PRIJS}}"_s}));
+
+    QCOMPARE(page->zplEditor()->toPlainText(), LabelTemplate::kDefaultZPL);
+    QVERIFY(page->validationMessages().isEmpty());
+
+    page->zplEditor()->clear();
+    QCOMPARE(harness.settings().templates().at(0).zplContent, QString());
+    QCOMPARE(page->validationMessages(),
+             (QStringList{
+                 u"Ontbreekt ^XA (etiket start)"_s, u"Ontbreekt ^XZ (etiket einde)"_s,
+                 u"Geen placeholders gevonden. Gebruik {{ARTIKELNR}}, {{NAAM}}, of {{PRIJS}}"_s}));
+    QTest::keyClicks(page->zplEditor(), u"^XA{{BARCODE}}^XZ"_s);
+    QCOMPARE(harness.settings().templates().at(0).zplContent, u"^XA{{BARCODE}}^XZ"_s);
+    QVERIFY(page->validationMessages().isEmpty());
+    QCOMPARE(harness.pageAs<TemplateEditorPage>(), page);
+    // The store's notifications did not reset the text under the cursor.
+    QCOMPARE(page->zplEditor()->textCursor().position(), 17);
+}
+
+QTEST_MAIN(SettingsEditorsTest)
+#include "SettingsEditorsTest.moc"

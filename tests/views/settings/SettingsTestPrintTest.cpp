@@ -1,0 +1,179 @@
+#include "LabelSink.h"
+#include "SettingsViewHarness.h"
+#include "services/PrinterService.h"
+#include "views/main/Theme.h"
+#include "views/settings/PrinterEditorPage.h"
+#include "views/settings/SettingsSpinner.h"
+#include "views/settings/TemplateEditorPage.h"
+
+#include <QLabel>
+#include <QPointer>
+#include <QPushButton>
+#include <QSignalSpy>
+#include <QTcpServer>
+
+using namespace Qt::StringLiterals;
+using Kind = SettingsTabKey::Kind;
+
+namespace {
+
+// A loopback port with nothing listening on it.
+quint16 closedPort()
+{
+    QTcpServer placeholder;
+    if (!placeholder.listen(QHostAddress::LocalHost))
+        return 0;
+    return placeholder.serverPort();
+}
+
+QColor textColor(const QLabel* label)
+{
+    return label->palette().color(QPalette::WindowText);
+}
+
+} // namespace
+
+// The printer connection test and the template test print, against a label
+// sink on the loopback interface.
+class SettingsTestPrintTest : public QObject
+{
+    Q_OBJECT
+
+private slots:
+    void printerTestSucceedsInGreen();
+    void printerTestOfARefusedPortIsRed();
+    void templateTestPrintSendsThePreview();
+    void templateTestPrintOfARefusedPortIsRed();
+    void aTestOutlivesItsWindow();
+};
+
+void SettingsTestPrintTest::printerTestSucceedsInGreen()
+{
+    LabelSink sink;
+    QVERIFY(sink.listen());
+    SettingsViewHarness harness;
+    harness.setPrinters({SettingsViewHarness::printer(u"Balie"_s, u"127.0.0.1"_s, sink.port())});
+    QVERIFY(harness.show());
+    harness.view().select(Kind::printer, harness.settings().printers().at(0).id);
+    auto* page = harness.pageAs<PrinterEditorPage>();
+    QVERIFY(page->testButton()->isEnabled());
+    QVERIFY(!page->resultLabel()->isVisible());
+
+    QSignalSpy changes(&harness.view(), &SettingsView::printerTestChanged);
+    clickOn(page->testButton());
+    // Running: the button is off, the indicator shows, a second press does nothing.
+    QVERIFY(harness.view().isPrinterTesting());
+    QVERIFY(!page->testButton()->isEnabled());
+    QVERIFY(page->spinner()->isVisible());
+    harness.view().testPrinterConnection(0);
+
+    QTRY_VERIFY(!harness.view().isPrinterTesting());
+    QCOMPARE(changes.size(), 2);
+    QCOMPARE(harness.view().printerTestResult(), u"Verbinding gelukt! Test etiket verstuurd."_s);
+    QVERIFY(page->resultLabel()->isVisible());
+    QCOMPARE(page->resultLabel()->text(), u"Verbinding gelukt! Test etiket verstuurd."_s);
+    QCOMPARE(textColor(page->resultLabel()), Theme::green());
+    QVERIFY(page->testButton()->isEnabled());
+    QVERIFY(!page->spinner()->isVisible());
+    QTRY_COMPARE(sink.jobs().size(), 1);
+    QCOMPARE(sink.jobs().at(0), PrinterService::kTestLabel.toUtf8());
+    QCOMPARE(sink.connectionCount(), 1);
+
+    // The result is one value for the window: another printer's page shows it too.
+    harness.settings().addPrinter();
+    harness.view().select(Kind::printer, harness.settings().printers().at(1).id);
+    QCOMPARE(harness.pageAs<PrinterEditorPage>()->resultLabel()->text(),
+             u"Verbinding gelukt! Test etiket verstuurd."_s);
+}
+
+void SettingsTestPrintTest::printerTestOfARefusedPortIsRed()
+{
+    const quint16 port = closedPort();
+    QVERIFY(port != 0);
+    SettingsViewHarness harness;
+    harness.setPrinters({SettingsViewHarness::printer(u"Balie"_s, u"127.0.0.1"_s, port)});
+    QVERIFY(harness.show());
+    harness.view().select(Kind::printer, harness.settings().printers().at(0).id);
+    auto* page = harness.pageAs<PrinterEditorPage>();
+
+    clickOn(page->testButton());
+    QTRY_VERIFY(!harness.view().isPrinterTesting());
+    const QString result = harness.view().printerTestResult().value_or(QString());
+    QVERIFY2(result.startsWith(u"Verbinding mislukt: "_s), qPrintable(result));
+    QCOMPARE(page->resultLabel()->text(), result);
+    QCOMPARE(textColor(page->resultLabel()), Theme::red());
+}
+
+void SettingsTestPrintTest::templateTestPrintSendsThePreview()
+{
+    LabelSink sink;
+    QVERIFY(sink.listen());
+    SettingsViewHarness harness;
+    const Printer printer = SettingsViewHarness::printer(u"Balie"_s, u"127.0.0.1"_s, sink.port());
+    harness.setPrinters({printer});
+    harness.settings().updateTemplate(0, [&printer](LabelTemplate& t) {
+        t.printerID = printer.id;
+        t.zplContent = u"^XA^FD{{NAAM}} {{PRIJS}} é^FS^XZ"_s;
+    });
+    QVERIFY(harness.show());
+    harness.view().select(Kind::labelTemplate, harness.settings().templates().at(0).id);
+    auto* page = harness.pageAs<TemplateEditorPage>();
+
+    clickOn(page->testButton());
+    QVERIFY(harness.view().isTemplateTesting());
+    QVERIFY(page->testingRow()->isVisible());
+    QVERIFY(!page->resultRow()->isVisible());
+    QVERIFY(!page->testButton()->isEnabled());
+
+    QTRY_VERIFY(!harness.view().isTemplateTesting());
+    const QString expected = u"✓ Test etiket verstuurd naar Balie"_s;
+    QCOMPARE(harness.view().templateTestResult(), expected);
+    QVERIFY(!page->testingRow()->isVisible());
+    QVERIFY(page->resultRow()->isVisible());
+    QCOMPARE(page->resultLabel()->text(), expected);
+    QCOMPARE(textColor(page->resultLabel()), Theme::green());
+    QTRY_COMPARE(sink.jobs().size(), 1);
+    QCOMPARE(sink.jobs().at(0), u"^XA^FDVoorbeeld Product 19,99 é^FS^XZ"_s.toUtf8());
+}
+
+void SettingsTestPrintTest::templateTestPrintOfARefusedPortIsRed()
+{
+    const quint16 port = closedPort();
+    QVERIFY(port != 0);
+    SettingsViewHarness harness;
+    const Printer printer = SettingsViewHarness::printer(u"Balie"_s, u"127.0.0.1"_s, port);
+    harness.setPrinters({printer});
+    harness.settings().updateTemplate(0,
+                                      [&printer](LabelTemplate& t) { t.printerID = printer.id; });
+    QVERIFY(harness.show());
+    harness.view().select(Kind::labelTemplate, harness.settings().templates().at(0).id);
+    auto* page = harness.pageAs<TemplateEditorPage>();
+
+    clickOn(page->testButton());
+    QTRY_VERIFY(!harness.view().isTemplateTesting());
+    const QString result = harness.view().templateTestResult().value_or(QString());
+    QVERIFY2(result.startsWith(u"Fout: Verbinding mislukt: "_s), qPrintable(result));
+    QCOMPARE(page->resultLabel()->text(), result);
+    QCOMPARE(textColor(page->resultLabel()), Theme::red());
+    QVERIFY(page->testButton()->isEnabled());
+}
+
+void SettingsTestPrintTest::aTestOutlivesItsWindow()
+{
+    LabelSink sink;
+    QVERIFY(sink.listen());
+    auto harness = std::make_unique<SettingsViewHarness>();
+    harness->setPrinters({SettingsViewHarness::printer(u"Balie"_s, u"127.0.0.1"_s, sink.port())});
+    QVERIFY(harness->show());
+    harness->view().testPrinterConnection(0);
+    QVERIFY(harness->view().isPrinterTesting());
+
+    // Closing the window mid-test must not touch the deleted view when the
+    // test comes back.
+    harness.reset();
+    QTRY_COMPARE(sink.jobs().size(), 1);
+    QTest::qWait(200);
+}
+
+QTEST_MAIN(SettingsTestPrintTest)
+#include "SettingsTestPrintTest.moc"

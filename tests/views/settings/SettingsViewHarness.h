@@ -1,0 +1,87 @@
+#pragma once
+
+#include "TestHome.h"
+#include "model/AppSettings.h"
+#include "views/settings/SettingsDetailArea.h"
+#include "views/settings/SettingsSidebar.h"
+#include "views/settings/SettingsView.h"
+#include "views/settings/SidebarGroup.h"
+#include "views/settings/SidebarGroupHeader.h"
+#include "views/settings/SidebarRow.h"
+
+#include <QTest>
+#include <memory>
+
+// A settings view over a store in its own temporary home, shown on screen.
+class SettingsViewHarness
+{
+public:
+    SettingsViewHarness()
+        : m_settings(std::make_unique<AppSettings>()),
+          m_view(std::make_unique<SettingsView>(*m_settings))
+    {
+        m_view->resize(1000, 700);
+    }
+
+    // Shows the view, which selects the first dossier as the window does.
+    bool show()
+    {
+        m_view->show();
+        return QTest::qWaitForWindowExposed(m_view.get());
+    }
+
+    AppSettings& settings() { return *m_settings; }
+    SettingsView& view() { return *m_view; }
+
+    QWidget* page() const { return m_view->findChild<SettingsDetailArea*>()->page(); }
+    template <typename Page> Page* pageAs() const { return qobject_cast<Page*>(page()); }
+
+    SettingsSidebar* sidebar() const { return m_view->findChild<SettingsSidebar*>(); }
+    SidebarGroup* group(SettingsTabKey::Kind kind) const
+    {
+        switch (kind) {
+        case SettingsTabKey::Kind::printer:
+            return sidebar()->printersGroup();
+        case SettingsTabKey::Kind::labelTemplate:
+            return sidebar()->templatesGroup();
+        default:
+            return sidebar()->dossiersGroup();
+        }
+    }
+
+    // Replaces the store's lists; records get the given names.
+    void setDossiers(const QStringList& names, const QStringList& apiKeys = {})
+    {
+        QList<Dossier> dossiers;
+        for (qsizetype i = 0; i < names.size(); ++i)
+            dossiers.append(Dossier{QUuid::createUuid(), names.at(i), apiKeys.value(i)});
+        m_settings->setDossiers(dossiers);
+    }
+    void setPrinters(const QList<Printer>& printers) { m_settings->setPrinters(printers); }
+
+    static Printer printer(const QString& name, const QString& ip, qint64 port = 9100)
+    {
+        Printer printer;
+        printer.name = name;
+        printer.ipAddress = ip;
+        printer.port = port;
+        return printer;
+    }
+
+private:
+    TestHome m_home;
+    std::unique_ptr<AppSettings> m_settings;
+    std::unique_ptr<SettingsView> m_view;
+};
+
+// A click in the middle of a widget, as the user makes it.
+inline void clickOn(QWidget* widget)
+{
+    QTest::mouseClick(widget, Qt::LeftButton, {}, widget->rect().center());
+}
+
+// A click on a group header away from its "+" button.
+inline void clickHeader(SidebarGroupHeader* header)
+{
+    QTest::mouseClick(header, Qt::LeftButton, {}, QPoint(40, header->height() / 2));
+}
