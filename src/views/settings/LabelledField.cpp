@@ -38,6 +38,10 @@ LabelledField::LabelledField(const QString& symbolName, const QString& label, QW
     column->setContentsMargins(0, 0, 0, 0);
     column->setSpacing(8);
     column->addLayout(labelRow);
-    column->addWidget(input, 0,
-                      input->maximumWidth() < QWIDGETSIZE_MAX ? Qt::AlignLeft : Qt::Alignment());
+    const bool fixedWidth = input->maximumWidth() < QWIDGETSIZE_MAX;
+    column->addWidget(input, 0, fixedWidth ? Qt::AlignLeft : Qt::Alignment());
+    // A field with a set width takes no more room than it needs, so that a
+    // neighbour in the same row sits right beside it.
+    if (fixedWidth)
+        setSizePolicy(QSizePolicy::Maximum, QSizePolicy::Preferred);
 }

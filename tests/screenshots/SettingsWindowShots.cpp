@@ -1,0 +1,216 @@
+// Pictures of the settings window (every editor, each empty state, "Over")
+// and of the About window, for looking at the layout without a desktop.
+
+#include "model/AppSettings.h"
+#include "views/main/AboutWindow.h"
+#include "views/settings/SettingsView.h"
+#include "views/settings/SettingsWindow.h"
+
+#include <QCoreApplication>
+#include <QDeadlineTimer>
+#include <QDir>
+#include <QScrollArea>
+#include <QScrollBar>
+#include <QTcpServer>
+#include <QTcpSocket>
+#include <QTemporaryDir>
+#include <QWidget>
+#include <functional>
+#include <memory>
+
+using namespace Qt::StringLiterals;
+using Kind = SettingsTabKey::Kind;
+
+namespace {
+
+void settle(int ms = 150)
+{
+    const QDeadlineTimer deadline(ms);
+    while (!deadline.hasExpired())
+        QCoreApplication::processEvents(QEventLoop::AllEvents, 20);
+}
+
+bool waitUntil(const std::function<bool()>& condition, int ms = 3000)
+{
+    const QDeadlineTimer deadline(ms);
+    while (!condition() && !deadline.hasExpired())
+        QCoreApplication::processEvents(QEventLoop::AllEvents, 20);
+    return condition();
+}
+
+bool save(QWidget* widget, const QString& outDir, const QString& name)
+{
+    settle();
+    return widget->grab().save(QDir(outDir).filePath(name + u".png"_s));
+}
+
+// A label printer on the loopback interface that takes every job.
+class LoopbackPrinter : public QObject
+{
+public:
+    LoopbackPrinter()
+    {
+        m_server.listen(QHostAddress::LocalHost);
+        connect(&m_server, &QTcpServer::newConnection, this, [this] {
+            while (QTcpSocket* socket = m_server.nextPendingConnection()) {
+                connect(socket, &QTcpSocket::readyRead, socket, [socket] { socket->readAll(); });
+                connect(socket, &QTcpSocket::disconnected, socket, &QObject::deleteLater);
+            }
+        });
+    }
+    quint16 port() const { return m_server.serverPort(); }
+
+private:
+    QTcpServer m_server;
+};
+
+// Keeps the store's file away from the real home directory while shooting.
+class ScratchHome
+{
+public:
+    ScratchHome() : m_previous(qgetenv("HOME")), m_hadHome(qEnvironmentVariableIsSet("HOME"))
+    {
+        qputenv("HOME", m_dir.path().toLocal8Bit());
+    }
+    ~ScratchHome()
+    {
+        if (m_hadHome)
+            qputenv("HOME", m_previous);
+        else
+            qunsetenv("HOME");
+    }
+
+private:
+    QTemporaryDir m_dir;
+    QByteArray m_previous;
+    bool m_hadHome;
+};
+
+void scrollToBottom(QWidget* window)
+{
+    settle();
+    for (QScrollArea* area : window->findChildren<QScrollArea*>()) {
+        if (area->isVisible())
+            area->verticalScrollBar()->setValue(area->verticalScrollBar()->maximum());
+    }
+}
+
+Printer makePrinter(const QString& name, const QString& ip, qint64 port = 9100)
+{
+    Printer printer;
+    printer.name = name;
+    printer.ipAddress = ip;
+    printer.port = port;
+    return printer;
+}
+
+void fillStore(AppSettings& settings, quint16 printerPort)
+{
+    Dossier shop{QUuid::createUuid(), u"Winkel Amsterdam"_s, u"ak_live_4f9c2e71b8"_s};
+    Dossier warehouse{QUuid::createUuid(), u"Magazijn"_s, QString()};
+    Dossier webshop{QUuid::createUuid(), u"Webshop"_s, u"ak_live_91aa03"_s};
+    settings.setDossiers({shop, warehouse, webshop});
+    settings.setBookyear(u"2026"_s);
+
+    const Printer counter = makePrinter(u"Balie Zebra"_s, u"127.0.0.1"_s, printerPort);
+    settings.setPrinters({counter, makePrinter(u"Magazijn ZD420"_s, QString())});
+
+    LabelTemplate shelf = settings.templates().constFirst();
+    shelf.name = u"Schaplabel"_s;
+    shelf.printerID = counter.id;
+    LabelTemplate small = shelf;
+    small.id = QUuid::createUuid();
+    small.name = u"Prijssticker klein"_s;
+    small.printerID.reset();
+    small.zplContent = u"^XA\n^FO20,20^A0N,25,25^FDPrijs^FS\n"_s;
+    settings.setTemplates({shelf, small});
+}
+
+} // namespace
+
+void renderSettingsShots(const QString& outDir)
+{
+    QDir().mkpath(outDir);
+    ScratchHome home;
+    LoopbackPrinter printer;
+    auto settings = std::make_unique<AppSettings>();
+    fillStore(*settings, printer.port());
+
+    auto* window = new SettingsWindow(*settings);
+    window->show();
+    settle(SettingsWindow::kSetupDelay.count() + 200);
+    SettingsView& view = *window->view();
+    const auto select = [&view](Kind kind, const QUuid& id) {
+        view.select(kind, id);
+    };
+
+    // Dossier page (opens on the first dossier).
+    save(window, outDir, u"settings-dossier"_s);
+
+    // Printer page after a successful connection test.
+    select(Kind::printer, settings->printers().at(0).id);
+    view.testPrinterConnection(0);
+    waitUntil([&view] { return !view.isPrinterTesting(); });
+    save(window, outDir, u"settings-printer"_s);
+
+    // A printer without address: "Test Verbinding" is off.
+    select(Kind::printer, settings->printers().at(1).id);
+    save(window, outDir, u"settings-printer-no-address"_s);
+
+    // Template page, at the tallest the window gets: bound, a test print
+    // sent, a placeholder just copied.
+    const QSize normalSize = window->size();
+    window->resize(SettingsWindow::kMaximumSize);
+    select(Kind::labelTemplate, settings->templates().at(0).id);
+    view.testPrintTemplate(0);
+    waitUntil([&view] { return !view.isTemplateTesting(); });
+    view.copyPlaceholder(u"{{PRIJS}}"_s);
+    save(window, outDir, u"settings-template"_s);
+
+    // Template without printer and with an incomplete label: hint and messages.
+    select(Kind::labelTemplate, settings->templates().at(1).id);
+    save(window, outDir, u"settings-template-invalid"_s);
+    scrollToBottom(window);
+    save(window, outDir, u"settings-template-invalid-bottom"_s);
+    window->resize(normalSize);
+
+    // No printers at all: the template page offers to add one.
+    const QList<Printer> printers = settings->printers();
+    settings->setPrinters({});
+    save(window, outDir, u"settings-template-no-printers"_s);
+
+    // Empty states: a key that names nothing, with records and without.
+    view.setSelectedTab(u"printer-"_s + SettingsTabKey::uuidText(QUuid::createUuid()));
+    save(window, outDir, u"settings-empty-printers"_s);
+    settings->setPrinters(printers);
+    save(window, outDir, u"settings-select-printer"_s);
+    view.setSelectedTab(u"template-"_s + SettingsTabKey::uuidText(QUuid::createUuid()));
+    save(window, outDir, u"settings-select-template"_s);
+    view.setSelectedTab(u"dossier-"_s + SettingsTabKey::uuidText(QUuid::createUuid()));
+    save(window, outDir, u"settings-select-dossier"_s);
+
+    // "Over" with the Printers group closed.
+    view.setSelectedTab(SettingsTabKey::about());
+    view.setExpanded(Kind::printer, false);
+    save(window, outDir, u"settings-over"_s);
+    view.setExpanded(Kind::printer, true);
+
+    // No dossiers, nothing selected.
+    settings->setDossiers({});
+    view.setSelectedTab(QString());
+    save(window, outDir, u"settings-nothing-selected"_s);
+    view.setSelectedTab(u"dossier-"_s + SettingsTabKey::uuidText(QUuid::createUuid()));
+    save(window, outDir, u"settings-empty-dossiers"_s);
+    settings->setTemplates({});
+    view.setSelectedTab(u"template-"_s + SettingsTabKey::uuidText(QUuid::createUuid()));
+    save(window, outDir, u"settings-empty-templates"_s);
+
+    window->close();
+    QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+
+    auto* about = new AboutWindow;
+    about->show();
+    save(about, outDir, u"about"_s);
+    about->close();
+    QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+}
