@@ -1,0 +1,21 @@
+#pragma once
+
+#include "model/SettingsFileDialogs.h"
+
+#include <QPointer>
+#include <QWidget>
+
+// The settings import and export dialogs on screen: the platform's own file
+// dialogs where it has them, and application-modal message boxes.
+class NativeSettingsFileDialogs : public SettingsFileDialogs
+{
+public:
+    explicit NativeSettingsFileDialogs(QWidget* parent = nullptr);
+
+    std::optional<QString> askSaveLocation(const FileRequest& request) override;
+    std::optional<QString> askOpenFile(const FileRequest& request) override;
+    void showMessage(const Message& message) override;
+
+private:
+    QPointer<QWidget> m_parent;
+};

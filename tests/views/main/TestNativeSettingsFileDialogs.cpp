@@ -1,0 +1,172 @@
+#include "NativeSettingsFileDialogs.h"
+
+#include <QAbstractButton>
+#include <QApplication>
+#include <QDir>
+#include <QFile>
+#include <QFileDialog>
+#include <QLabel>
+#include <QMessageBox>
+#include <QTemporaryDir>
+#include <QTest>
+#include <QTimer>
+#include <functional>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+// Runs `inspect` on the modal dialog of type T once it is on screen. The
+// inspection must close the dialog; a bounded number of polls keeps a missing
+// dialog from hanging the test.
+template <typename T> void whenShown(const std::function<void(T*)>& inspect, int pollsLeft = 200)
+{
+    QTimer::singleShot(10, qApp, [inspect, pollsLeft] {
+        if (auto* dialog = qobject_cast<T*>(QApplication::activeModalWidget())) {
+            inspect(dialog);
+            // A failed check returns early; never leave the dialog blocking the run.
+            if (dialog->isVisible())
+                static_cast<QDialog*>(dialog)->reject();
+            return;
+        }
+        if (pollsLeft > 0)
+            whenShown(inspect, pollsLeft - 1);
+    });
+}
+
+const SettingsFileDialogs::FileRequest kSaveRequest{
+    u"Exporteer Instellingen"_s, u"Kies een locatie om de instellingen op te slaan"_s,
+    u"stampix-settings.json"_s, u"JSON (*.json)"_s};
+const SettingsFileDialogs::FileRequest kOpenRequest{
+    u"Importeer Instellingen"_s,
+    u"Selecteer een settings.json bestand om te importeren"_s,
+    {},
+    u"JSON (*.json)"_s};
+
+} // namespace
+
+class TestNativeSettingsFileDialogs : public QObject
+{
+    Q_OBJECT
+
+private slots:
+    void initTestCase();
+    void saveDialogProposesTheFileAndReturnsTheChoice();
+    void openDialogTakesOneExistingJsonFile();
+    void cancelledDialogsReturnNothing();
+    void messagesShowTheirTextsWithOneButton_data();
+    void messagesShowTheirTextsWithOneButton();
+
+private:
+    QTemporaryDir m_home;
+};
+
+void TestNativeSettingsFileDialogs::initTestCase()
+{
+    // The dialogs start in the home folder; give them one that exists.
+    QVERIFY(m_home.isValid());
+    qputenv("HOME", QFile::encodeName(m_home.path()));
+}
+
+void TestNativeSettingsFileDialogs::saveDialogProposesTheFileAndReturnsTheChoice()
+{
+    QTemporaryDir target;
+    QVERIFY(target.isValid());
+    const QString chosen = target.filePath(u"kopie.json"_s);
+    bool inspected = false;
+    whenShown<QFileDialog>([&](QFileDialog* dialog) {
+        inspected = true;
+        QCOMPARE(dialog->windowTitle(), kSaveRequest.title);
+        QCOMPARE(dialog->labelText(QFileDialog::LookIn), kSaveRequest.message);
+        QCOMPARE(dialog->acceptMode(), QFileDialog::AcceptSave);
+        QCOMPARE(dialog->nameFilters(), QStringList{u"JSON (*.json)"_s});
+        QCOMPARE(dialog->selectedFiles().value(0),
+                 QDir::home().filePath(u"stampix-settings.json"_s));
+        dialog->selectFile(chosen);
+        // Public as a QDialog; the file dialog checks the choice as a user click would.
+        static_cast<QDialog*>(dialog)->accept();
+    });
+
+    NativeSettingsFileDialogs dialogs;
+    const std::optional<QString> path = dialogs.askSaveLocation(kSaveRequest);
+    QVERIFY(inspected);
+    QCOMPARE(path, std::optional(chosen));
+    QVERIFY(!QFile::exists(chosen));
+}
+
+void TestNativeSettingsFileDialogs::openDialogTakesOneExistingJsonFile()
+{
+    QTemporaryDir source;
+    QVERIFY(source.isValid());
+    const QString existing = source.filePath(u"settings.json"_s);
+    QFile file(existing);
+    QVERIFY(file.open(QIODevice::WriteOnly));
+    file.close();
+    bool inspected = false;
+    whenShown<QFileDialog>([&](QFileDialog* dialog) {
+        inspected = true;
+        QCOMPARE(dialog->windowTitle(), kOpenRequest.title);
+        QCOMPARE(dialog->labelText(QFileDialog::LookIn), kOpenRequest.message);
+        QCOMPARE(dialog->acceptMode(), QFileDialog::AcceptOpen);
+        QCOMPARE(dialog->fileMode(), QFileDialog::ExistingFile);
+        QCOMPARE(dialog->nameFilters(), QStringList{u"JSON (*.json)"_s});
+        dialog->selectFile(existing);
+        // Public as a QDialog; the file dialog checks the choice as a user click would.
+        static_cast<QDialog*>(dialog)->accept();
+    });
+
+    NativeSettingsFileDialogs dialogs;
+    QCOMPARE(dialogs.askOpenFile(kOpenRequest), std::optional(existing));
+    QVERIFY(inspected);
+}
+
+void TestNativeSettingsFileDialogs::cancelledDialogsReturnNothing()
+{
+    NativeSettingsFileDialogs dialogs;
+    whenShown<QFileDialog>([](QFileDialog* dialog) { dialog->reject(); });
+    QCOMPARE(dialogs.askSaveLocation(kSaveRequest), std::nullopt);
+    whenShown<QFileDialog>([](QFileDialog* dialog) { dialog->reject(); });
+    QCOMPARE(dialogs.askOpenFile(kOpenRequest), std::nullopt);
+}
+
+void TestNativeSettingsFileDialogs::messagesShowTheirTextsWithOneButton_data()
+{
+    QTest::addColumn<int>("style");
+    QTest::addColumn<int>("icon");
+
+    QTest::newRow("informational")
+        << int(SettingsFileDialogs::MessageStyle::Informational) << int(QMessageBox::Information);
+    QTest::newRow("critical") << int(SettingsFileDialogs::MessageStyle::Critical)
+                              << int(QMessageBox::Critical);
+}
+
+void TestNativeSettingsFileDialogs::messagesShowTheirTextsWithOneButton()
+{
+    QFETCH(int, style);
+    QFETCH(int, icon);
+    // A path that would be markup if it were read as rich text.
+    const SettingsFileDialogs::Message message{
+        SettingsFileDialogs::MessageStyle(style), u"Instellingen Geëxporteerd"_s,
+        u"De instellingen zijn opgeslagen naar:\n/tmp/<b>map</b>/x.json"_s, u"OK"_s};
+    bool inspected = false;
+    whenShown<QMessageBox>([&](QMessageBox* box) {
+        inspected = true;
+        QCOMPARE(int(box->icon()), icon);
+        QCOMPARE(box->text(), message.text);
+        QCOMPARE(box->informativeText(), message.informativeText);
+        QCOMPARE(box->textFormat(), Qt::PlainText);
+        auto* details = box->findChild<QLabel*>(u"qt_msgbox_informativelabel"_s);
+        QVERIFY(details);
+        QCOMPARE(details->textFormat(), Qt::PlainText);
+        QCOMPARE(box->buttons().size(), 1);
+        QCOMPARE(box->buttons().constFirst()->text(), u"OK"_s);
+        box->buttons().constFirst()->click();
+    });
+
+    NativeSettingsFileDialogs dialogs;
+    dialogs.showMessage(message);
+    QVERIFY(inspected);
+}
+
+QTEST_MAIN(TestNativeSettingsFileDialogs)
+#include "TestNativeSettingsFileDialogs.moc"
