@@ -1,0 +1,131 @@
+#include "AppcastReader.h"
+
+#include "VersionComparator.h"
+
+#include <QXmlStreamReader>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+const QString kSparkleNamespace = u"http://www.andymatuschak.org/xml-namespaces/sparkle"_s;
+
+bool isSparkle(const QXmlStreamReader& xml, QStringView name)
+{
+    return xml.namespaceUri() == kSparkleNamespace && xml.name() == name;
+}
+
+bool isPlain(const QXmlStreamReader& xml, QStringView name)
+{
+    return xml.namespaceUri().isEmpty() && xml.name() == name;
+}
+
+QString elementText(QXmlStreamReader& xml)
+{
+    return xml.readElementText(QXmlStreamReader::SkipChildElements).trimmed();
+}
+
+// Only web addresses are handed to the browser; a feed cannot make the
+// program open local files or other schemes.
+QUrl webURL(const QString& text)
+{
+    const QUrl url(text.trimmed(), QUrl::StrictMode);
+    const QString scheme = url.scheme().toLower();
+    if (!url.isValid() || url.host().isEmpty() || (scheme != u"https" && scheme != u"http"))
+        return {};
+    return url;
+}
+
+// Older feeds carry the versions as attributes of the enclosure; the
+// elements of the item win when both are present.
+void readEnclosure(const QXmlStreamReader& xml, AppcastItem& item, QUrl& enclosureURL)
+{
+    const QXmlStreamAttributes attributes = xml.attributes();
+    enclosureURL = webURL(attributes.value(u"url"_s).toString());
+    if (item.version.isEmpty())
+        item.version = attributes.value(kSparkleNamespace, u"version"_s).trimmed().toString();
+    if (item.shortVersionString.isEmpty()) {
+        item.shortVersionString =
+            attributes.value(kSparkleNamespace, u"shortVersionString"_s).trimmed().toString();
+    }
+}
+
+AppcastItem readItem(QXmlStreamReader& xml)
+{
+    AppcastItem item;
+    QUrl enclosureURL;
+    QUrl link;
+    while (xml.readNextStartElement()) {
+        if (isSparkle(xml, u"version")) {
+            item.version = elementText(xml);
+        } else if (isSparkle(xml, u"shortVersionString")) {
+            item.shortVersionString = elementText(xml);
+        } else if (isSparkle(xml, u"releaseNotesLink")) {
+            item.releaseNotesURL = webURL(elementText(xml));
+        } else if (isPlain(xml, u"enclosure")) {
+            readEnclosure(xml, item, enclosureURL);
+            xml.skipCurrentElement();
+        } else if (isPlain(xml, u"title")) {
+            item.title = elementText(xml);
+        } else if (isPlain(xml, u"link")) {
+            link = webURL(elementText(xml));
+        } else {
+            xml.skipCurrentElement();
+        }
+    }
+    // An item without a file still points somewhere people can download it.
+    item.downloadURL = enclosureURL.isValid() ? enclosureURL : link;
+    return item;
+}
+
+void readChannel(QXmlStreamReader& xml, QList<AppcastItem>& items)
+{
+    while (xml.readNextStartElement()) {
+        if (!isPlain(xml, u"item")) {
+            xml.skipCurrentElement();
+            continue;
+        }
+        AppcastItem item = readItem(xml);
+        if (!item.version.isEmpty() && item.downloadURL.isValid())
+            items.append(item);
+    }
+}
+
+} // namespace
+
+Expected<QList<AppcastItem>, QString> AppcastReader::read(const QByteArray& feed)
+{
+    QXmlStreamReader xml(feed);
+    if (!xml.readNextStartElement() || !isPlain(xml, u"rss")) {
+        if (xml.hasError())
+            return u"De updatefeed is geen geldige XML: "_s + xml.errorString();
+        return u"De updatefeed is geen RSS-feed."_s;
+    }
+
+    QList<AppcastItem> items;
+    while (xml.readNextStartElement()) {
+        if (isPlain(xml, u"channel"))
+            readChannel(xml, items);
+        else
+            xml.skipCurrentElement();
+    }
+    if (xml.hasError())
+        return u"De updatefeed is geen geldige XML: "_s + xml.errorString();
+    if (items.isEmpty())
+        return u"De updatefeed noemt geen enkele versie."_s;
+    return items;
+}
+
+Expected<AppcastItem, QString> AppcastReader::newestItem(const QByteArray& feed)
+{
+    const Expected<QList<AppcastItem>, QString> items = read(feed);
+    if (!items)
+        return items.error();
+    const QList<AppcastItem>& list = items.value();
+    auto newest = list.cbegin();
+    for (auto it = list.cbegin(); it != list.cend(); ++it) {
+        if (VersionComparator::compare(it->version, newest->version) > 0)
+            newest = it;
+    }
+    return *newest;
+}

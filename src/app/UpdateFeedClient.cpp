@@ -1,0 +1,63 @@
+#include "UpdateFeedClient.h"
+
+#include <QCoro/QCoroNetworkReply>
+#include <QNetworkAccessManager>
+#include <QNetworkReply>
+#include <QNetworkRequest>
+#include <QPointer>
+#include <QTimer>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+// A feed is a few kilobytes; anything far larger is not one.
+constexpr qint64 kMaximumFeedSize = 4 * 1024 * 1024;
+
+} // namespace
+
+UpdateFeedClient::UpdateFeedClient(std::chrono::milliseconds timeout, QObject* parent)
+    : QObject(parent), m_manager(new QNetworkAccessManager(this)), m_timeout(timeout)
+{}
+
+UpdateFeedClient::~UpdateFeedClient() = default;
+
+QCoro::Task<Expected<QByteArray, QString>> UpdateFeedClient::fetch(QUrl url)
+{
+    QPointer<UpdateFeedClient> self(this);
+    QNetworkRequest request(url);
+    request.setAttribute(QNetworkRequest::RedirectPolicyAttribute,
+                         QNetworkRequest::NoLessSafeRedirectPolicy);
+    request.setAttribute(QNetworkRequest::CacheLoadControlAttribute,
+                         QNetworkRequest::AlwaysNetwork);
+    QNetworkReply* reply = m_manager->get(request);
+
+    // The transfer time-out only measures silence; a server that trickles
+    // bytes must still be cut off, hence a timer of our own. It belongs to the
+    // reply because this coroutine may resume inside the timer's own signal.
+    auto* deadline = new QTimer(reply);
+    deadline->setSingleShot(true);
+    connect(deadline, &QTimer::timeout, reply, &QNetworkReply::abort);
+    deadline->start(m_timeout);
+    connect(reply, &QNetworkReply::downloadProgress, reply, [reply](qint64 received, qint64) {
+        if (received > kMaximumFeedSize)
+            reply->abort();
+    });
+
+    co_await reply;
+    if (!self)
+        co_return u"Het controleren op updates is afgebroken."_s;
+
+    const bool timedOut = !deadline->isActive();
+    deadline->stop();
+    reply->deleteLater();
+
+    if (timedOut)
+        co_return u"De server van de updatefeed reageerde niet op tijd."_s;
+    // Apart from the deadline, only the size guard cancels a reply.
+    if (reply->error() == QNetworkReply::OperationCanceledError)
+        co_return u"De updatefeed is te groot."_s;
+    if (reply->error() != QNetworkReply::NoError)
+        co_return reply->errorString();
+    co_return reply->readAll();
+}
