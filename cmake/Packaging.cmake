@@ -59,10 +59,9 @@ set(CPACK_PACKAGE_VERSION ${PROJECT_VERSION})
 set(CPACK_PACKAGE_CONTACT ${STAMPIX_PACKAGE_MAINTAINER})
 set(CPACK_PACKAGE_DESCRIPTION_SUMMARY
     "Print product labels from Kalmora Online on network label printers")
-set(CPACK_PACKAGE_DESCRIPTION
-    "Stampix loads a company's product catalogue from the Kalmora Online invoicing "
-    "service, shows it in a searchable, sortable table and prints ZPL labels for the "
-    "ticked products on Zebra-compatible network label printers.")
+set(CPACK_PACKAGE_DESCRIPTION "Stampix loads a company's product catalogue from the \
+Kalmora Online invoicing service, shows it in a searchable, sortable table and prints ZPL \
+labels for the ticked products on Zebra-compatible network label printers.")
 set(CPACK_PACKAGING_INSTALL_PREFIX /usr)
 set(CPACK_STRIP_FILES ON)
 set(CPACK_DEBIAN_FILE_NAME DEB-DEFAULT)
