@@ -1,0 +1,49 @@
+#pragma once
+
+#include "model/AppSettings.h"
+#include "model/SettingsData.h"
+
+#include <QUuid>
+
+// The settings that the save loop writes for one sequence number, shared by
+// the loop and the test that kills it. Every sequence number gives a
+// different document of a different length, so a torn or mixed file shows.
+namespace saveloop {
+
+inline QUuid dossierID(int position)
+{
+    static const QUuid kNamespace(u"5B0C8E52-4D1A-4E7B-9C3F-2A6D8E1F0B47");
+    return QUuid::createUuidV5(kNamespace, QString::number(position));
+}
+
+inline QList<Dossier> dossiersFor(qint64 sequence)
+{
+    QList<Dossier> dossiers;
+    const int count = 1 + static_cast<int>(sequence % 5);
+    for (int position = 0; position < count; ++position) {
+        Dossier dossier;
+        dossier.id = dossierID(position);
+        dossier.name = QStringLiteral("Dossier %1 van %2").arg(position).arg(sequence);
+        dossier.apiKey = QString(static_cast<int>(sequence % 13) * 40, QLatin1Char('k'));
+        dossiers.append(dossier);
+    }
+    return dossiers;
+}
+
+// One save's worth of changes; the book year carries the sequence number.
+inline void apply(AppSettings& settings, qint64 sequence)
+{
+    settings.setDossiers(dossiersFor(sequence));
+    settings.setSelectedDossierID(dossierID(0));
+    settings.setColumnWidthName(static_cast<double>(sequence));
+    settings.setBookyear(QString::number(sequence));
+}
+
+inline bool matches(const SettingsData& data, qint64 sequence)
+{
+    return data.bookyear == QString::number(sequence) && data.dossiers == dossiersFor(sequence) &&
+           data.selectedDossierID == dossierID(0) &&
+           data.columnWidthName == static_cast<double>(sequence);
+}
+
+} // namespace saveloop
