@@ -68,7 +68,8 @@ void ProductServiceFaultTest::brokenAnswersAreNetworkErrors_data()
 {
     QTest::addColumn<ScriptedPeer::Script>("script");
     QTest::newRow("not HTTP at all") << ScriptedPeer::Script([](QTcpSocket* socket) {
-        socket->write(QByteArray("\x00\xff\x13SSH-2.0-nonsense\r\n\r\n\x7f\x80", 27));
+        static constexpr char kGarbage[] = "\x00\xff\x13SSH-2.0-nonsense\r\n\r\n\x7f\x80";
+        socket->write(kGarbage, sizeof(kGarbage) - 1);
         socket->disconnectFromHost();
     });
     QTest::newRow("broken status line") << ScriptedPeer::Script([](QTcpSocket* socket) {
