@@ -55,6 +55,12 @@ void ProductWindowFixture::serveStatus(int status)
 std::unique_ptr<AppSettings> ProductWindowFixture::makeConfiguredSettings() const
 {
     auto settings = std::make_unique<AppSettings>();
+    configure(*settings);
+    return settings;
+}
+
+void ProductWindowFixture::configure(AppSettings& settings) const
+{
     Dossier dossier;
     dossier.name = u"Winkel"_s;
     dossier.apiKey = u"key-1"_s;
@@ -66,12 +72,11 @@ std::unique_ptr<AppSettings> ProductWindowFixture::makeConfiguredSettings() cons
     label.name = u"Schap"_s;
     label.zplContent = kTemplateZPL;
     label.printerID = printer.id;
-    settings->setDossiers({dossier});
-    settings->setSelectedDossierID(dossier.id);
-    settings->setPrinters({printer});
-    settings->setTemplates({label});
-    settings->setSelectedTemplateID(label.id);
-    return settings;
+    settings.setDossiers({dossier});
+    settings.setSelectedDossierID(dossier.id);
+    settings.setPrinters({printer});
+    settings.setTemplates({label});
+    settings.setSelectedTemplateID(label.id);
 }
 
 std::unique_ptr<ProductListViewModel> ProductWindowFixture::makeViewModel() const

@@ -41,6 +41,8 @@ public:
     // A store with one dossier with an API key, one printer on the sink and one
     // template bound to it, all selected.
     std::unique_ptr<AppSettings> makeConfiguredSettings() const;
+    // The same records, put into an existing store.
+    void configure(AppSettings& settings) const;
     // A view model that loads from the fixture's service.
     std::unique_ptr<ProductListViewModel> makeViewModel() const;
 
