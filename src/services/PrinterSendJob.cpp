@@ -27,8 +27,14 @@ void PrinterSendJob::onConnected()
         endStream();
         return;
     }
-    if (m_socket.write(m_payload) != m_payload.size())
+    if (m_socket.write(m_payload) != m_payload.size()) {
         finish(PrinterError::sendFailed(m_socket.errorString()));
+        return;
+    }
+    // Hand the bytes to the network stack now rather than on the next pass of
+    // the event loop: a label is small and usually fits the socket's buffer,
+    // which saves a wake-up per label.
+    m_socket.flush();
 }
 
 void PrinterSendJob::onBytesWritten(qint64 count)
