@@ -1,0 +1,25 @@
+#include "AppInfo.h"
+#include "MainWindowShots.h"
+#include "SymbolIcons.h"
+
+#include <QApplication>
+
+using namespace Qt::StringLiterals;
+
+// Renders every state of the product window to PNG files, without a desktop:
+//   stampix_screenshots [output directory]
+int main(int argc, char* argv[])
+{
+    if (!qEnvironmentVariableIsSet("QT_QPA_PLATFORM"))
+        qputenv("QT_QPA_PLATFORM", "offscreen");
+    QApplication application(argc, argv);
+    QApplication::setApplicationName(u"Stampix"_s);
+    QApplication::setApplicationVersion(AppInfo::version());
+    QApplication::setWindowIcon(SymbolIcons::appIcon());
+
+    const QStringList arguments = QApplication::arguments();
+    const QString output =
+        arguments.size() > 1 ? arguments.at(1) : QString::fromUtf8(STAMPIX_SCREENSHOT_DIR);
+    MainWindowShots shots(output);
+    return shots.run() == 0 ? 0 : 1;
+}
