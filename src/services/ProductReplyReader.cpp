@@ -65,6 +65,14 @@ bool ProductReplyReader::isSuccessStatus() const
 
 void ProductReplyReader::onMetaDataChanged()
 {
+    // Any status but 200 decides the outcome; its body is never read, so a
+    // slow one must not turn it into a time-out. Redirects are Qt's to follow.
+    const QVariant status = m_reply->attribute(QNetworkRequest::HttpStatusCodeAttribute);
+    const bool isRedirect = status.toInt() >= 300 && status.toInt() < 400;
+    if (status.isValid() && status.toInt() != kStatusOK && !isRedirect) {
+        finish(classifyStatus(status.toInt()));
+        return;
+    }
     if (!isSuccessStatus())
         return;
     const QVariant length = m_reply->header(QNetworkRequest::ContentLengthHeader);
@@ -120,10 +128,12 @@ ProductReplyReader::Result ProductReplyReader::classify() const
         return APIError::invalidResponse();
 
     const int status = statusAttribute.toInt();
-    if (status == kStatusUnauthorized)
-        return APIError::serverError(u"Ongeldige API key"_s);
     if (status != kStatusOK)
-        return APIError::serverError(u"HTTP "_s + QString::number(status));
+        return classifyStatus(status);
+
+    if (isTruncated())
+        return APIError::networkError(
+            u"De verbinding werd verbroken voordat het antwoord compleet was"_s);
 
     QString decodingError;
     std::optional<ProductAPIResponse> response = ProductAPIResponse::decode(m_body, &decodingError);
@@ -134,6 +144,22 @@ ProductReplyReader::Result ProductReplyReader::classify() const
     if (response->error && !response->error->isEmpty())
         return APIError::serverError(*response->error);
     return response->data.value_or(QList<Product>());
+}
+
+bool ProductReplyReader::isTruncated() const
+{
+    // A reset can end a reply without an error; the announced length tells.
+    // A compressed body's length counts the compressed bytes, so it says nothing.
+    const QVariant length = m_reply->header(QNetworkRequest::ContentLengthHeader);
+    return length.isValid() && !m_reply->hasRawHeader("Content-Encoding") &&
+           m_body.size() < length.toLongLong();
+}
+
+APIError ProductReplyReader::classifyStatus(int status)
+{
+    if (status == kStatusUnauthorized)
+        return APIError::serverError(u"Ongeldige API key"_s);
+    return APIError::serverError(u"HTTP "_s + QString::number(status));
 }
 
 void ProductReplyReader::finish(Result result)

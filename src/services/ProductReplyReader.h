@@ -43,6 +43,8 @@ private:
 
     bool isSuccessStatus() const;
     Result classify() const;
+    static APIError classifyStatus(int status);
+    bool isTruncated() const;
     void finish(Result result);
 
     QPointer<QNetworkReply> m_reply;
