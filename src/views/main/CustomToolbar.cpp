@@ -75,7 +75,7 @@ CustomToolbar::CustomToolbar(AppSettings& settings, ProductListViewModel& viewMo
     m_templatePicker->setObjectName(u"templatePicker"_s);
     m_reload->setObjectName(u"reloadButton"_s);
     m_reload->setIcon(SymbolIcons::icon(u"arrow.clockwise"));
-    m_reload->setToolTip(u"Vernieuwen"_s);
+    m_reload->setAccessibleName(u"Vernieuwen"_s);
 
     auto* layout = new QHBoxLayout(this);
     layout->setContentsMargins(12, 8, 12, 8);
