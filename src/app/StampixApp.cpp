@@ -1,7 +1,13 @@
 #include "StampixApp.h"
 
+#include "AboutWindow.h"
+#include "AppInfo.h"
 #include "ContentView.h"
+#include "NativeSettingsFileDialogs.h"
+#include "views/settings/SettingsWindow.h"
+#include "UpdaterViewModel.h"
 #include "model/AppSettings.h"
+#include "model/SettingsFileHelper.h"
 #include "viewmodels/ProductListViewModel.h"
 
 #include <QAction>
@@ -39,6 +45,8 @@ StampixApp::~StampixApp()
     // The windows' views refer to the store and the model; they go first.
     for (const QPointer<MainWindow>& window : std::as_const(m_windows))
         delete window.data();
+    delete m_settingsWindow.data();
+    delete m_aboutWindow.data();
 }
 
 MainWindow* StampixApp::openMainWindow()
@@ -92,6 +100,8 @@ void StampixApp::createSharedObjects()
                 &StampixApp::updatePrintSelectedLabel);
         updatePrintSelectedLabel();
     }
+    if (!m_updaterViewModel)
+        m_updaterViewModel = std::make_unique<UpdaterViewModel>();
 }
 
 void StampixApp::createActions()
@@ -116,6 +126,75 @@ void StampixApp::createActions()
 
     m_quitSeparator = separatorAction(this);
     m_printSeparator = separatorAction(this);
+    createWindowActions();
+}
+
+void StampixApp::createWindowActions()
+{
+    m_importSettings = new QAction(u"Import Settings..."_s, this);
+    m_importSettings->setShortcut(QKeySequence(Qt::CTRL | Qt::SHIFT | Qt::Key_I));
+    connect(m_importSettings, &QAction::triggered, this, &StampixApp::importSettings);
+    m_exportSettings = new QAction(u"Export Settings..."_s, this);
+    m_exportSettings->setShortcut(QKeySequence(Qt::CTRL | Qt::SHIFT | Qt::Key_E));
+    connect(m_exportSettings, &QAction::triggered, this, &StampixApp::exportSettings);
+    addMenuAction(Menu::File, m_importSettings);
+    addMenuAction(Menu::File, m_exportSettings);
+
+    // Menu roles move these into the application menu on macOS.
+    m_openSettings = new QAction(u"Settings..."_s, this);
+    m_openSettings->setShortcut(QKeySequence(Qt::CTRL | Qt::Key_Comma));
+    m_openSettings->setMenuRole(QAction::PreferencesRole);
+    connect(m_openSettings, &QAction::triggered, this, &StampixApp::openSettingsWindow);
+    m_checkForUpdates = new QAction(u"Check for Updates..."_s, this);
+    m_checkForUpdates->setMenuRole(QAction::ApplicationSpecificRole);
+    connect(m_checkForUpdates, &QAction::triggered, this, &StampixApp::checkForUpdates);
+    addMenuAction(Menu::Settings, m_openSettings);
+    addMenuSeparator(Menu::Settings);
+    addMenuAction(Menu::Settings, m_checkForUpdates);
+
+    m_about = new QAction(u"About Stampix (v"_s + AppInfo::version() + u")"_s, this);
+    m_about->setMenuRole(QAction::AboutRole);
+    connect(m_about, &QAction::triggered, this, &StampixApp::openAboutWindow);
+    addMenuAction(Menu::Help, m_about);
+}
+
+void StampixApp::openSettingsWindow()
+{
+    createSharedObjects();
+    if (!m_settingsWindow)
+        m_settingsWindow = new SettingsWindow(*m_settings);
+    m_settingsWindow->show();
+    m_settingsWindow->raise();
+    m_settingsWindow->activateWindow();
+}
+
+void StampixApp::openAboutWindow()
+{
+    if (!m_aboutWindow)
+        m_aboutWindow = new AboutWindow();
+    m_aboutWindow->show();
+    m_aboutWindow->raise();
+    m_aboutWindow->activateWindow();
+}
+
+void StampixApp::importSettings()
+{
+    createSharedObjects();
+    NativeSettingsFileDialogs dialogs(QApplication::activeWindow());
+    SettingsFileHelper::importSettings(*m_settings, dialogs);
+}
+
+void StampixApp::exportSettings()
+{
+    createSharedObjects();
+    NativeSettingsFileDialogs dialogs(QApplication::activeWindow());
+    SettingsFileHelper::exportSettings(*m_settings, dialogs);
+}
+
+void StampixApp::checkForUpdates()
+{
+    createSharedObjects();
+    m_updaterViewModel->checkForUpdates();
 }
 
 void StampixApp::populateMenus(MainWindow* window) const

@@ -1,6 +1,8 @@
 #pragma once
 
+#include "AboutWindow.h"
 #include "MainWindow.h"
+#include "views/settings/SettingsWindow.h"
 
 #include <QList>
 #include <QMap>
@@ -13,6 +15,7 @@
 class AppSettings;
 class ProductListViewModel;
 class QAction;
+class UpdaterViewModel;
 
 // The composition root: owns the settings store and the product list model for
 // the whole run, opens the main windows and provides the menu commands.
@@ -35,11 +38,24 @@ public:
     // Null until the first window has been opened.
     AppSettings* settings() const { return m_settings.get(); }
     ProductListViewModel* productListViewModel() const { return m_productListViewModel.get(); }
+    UpdaterViewModel* updaterViewModel() const { return m_updaterViewModel.get(); }
+    // Single-instance windows: null while closed.
+    SettingsWindow* settingsWindow() const { return m_settingsWindow; }
+    AboutWindow* aboutWindow() const { return m_aboutWindow; }
 
     QAction* newWindowAction() const { return m_newWindow; }
     QAction* quitAction() const { return m_quit; }
     QAction* refreshProductsAction() const { return m_refreshProducts; }
     QAction* printSelectedLabelAction() const { return m_printSelectedLabel; }
+    QAction* importSettingsAction() const { return m_importSettings; }
+    QAction* exportSettingsAction() const { return m_exportSettings; }
+    QAction* settingsAction() const { return m_openSettings; }
+    QAction* checkForUpdatesAction() const { return m_checkForUpdates; }
+    QAction* aboutAction() const { return m_about; }
+
+    // Opens the window, or brings the open one to the front.
+    void openSettingsWindow();
+    void openAboutWindow();
 
     // Adds a command to the menu of every main window, open now or later. File
     // commands go after "New Window" and before "Quit"; others are appended.
@@ -53,6 +69,10 @@ signals:
 private:
     void createSharedObjects();
     void createActions();
+    void createWindowActions();
+    void importSettings();
+    void exportSettings();
+    void checkForUpdates();
     void populateMenus(MainWindow* window) const;
     void placeAction(MainWindow* window, Menu menu, QAction* action) const;
     void updatePrintSelectedLabel();
@@ -63,12 +83,20 @@ private:
     std::optional<QString> m_productServiceURL;
     std::unique_ptr<AppSettings> m_settings;
     std::unique_ptr<ProductListViewModel> m_productListViewModel;
+    std::unique_ptr<UpdaterViewModel> m_updaterViewModel;
+    QPointer<SettingsWindow> m_settingsWindow;
+    QPointer<AboutWindow> m_aboutWindow;
     QList<QPointer<MainWindow>> m_windows;
 
     QAction* m_newWindow = nullptr;
     QAction* m_quit = nullptr;
     QAction* m_refreshProducts = nullptr;
     QAction* m_printSelectedLabel = nullptr;
+    QAction* m_importSettings = nullptr;
+    QAction* m_exportSettings = nullptr;
+    QAction* m_openSettings = nullptr;
+    QAction* m_checkForUpdates = nullptr;
+    QAction* m_about = nullptr;
     // One separator per menu position, shared by all windows.
     QAction* m_quitSeparator = nullptr;
     QAction* m_printSeparator = nullptr;

@@ -54,8 +54,10 @@ QCoro::Task<Expected<QByteArray, QString>> UpdateFeedClient::fetch(QUrl url)
 
     if (timedOut)
         co_return u"De server van de updatefeed reageerde niet op tijd."_s;
-    // Apart from the deadline, only the size guard cancels a reply.
-    if (reply->error() == QNetworkReply::OperationCanceledError)
+    // Apart from the deadline, only the size guard cancels a reply; a reply
+    // that finished before the guard saw it is measured here.
+    if (reply->error() == QNetworkReply::OperationCanceledError ||
+        reply->bytesAvailable() > kMaximumFeedSize)
         co_return u"De updatefeed is te groot."_s;
     if (reply->error() != QNetworkReply::NoError)
         co_return reply->errorString();

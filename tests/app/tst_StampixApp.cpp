@@ -1,9 +1,11 @@
+#include "AboutWindow.h"
 #include "ContentView.h"
 #include "CustomTitleBar.h"
 #include "MainWindow.h"
 #include "ProductListView.h"
 #include "ProductTableModel.h"
 #include "ProductWindowFixture.h"
+#include "views/settings/SettingsWindow.h"
 #include "StampixApp.h"
 #include "model/AppSettings.h"
 #include "viewmodels/ProductListViewModel.h"
@@ -12,6 +14,7 @@
 #include <QApplication>
 #include <QMenu>
 #include <QMenuBar>
+#include <QPointer>
 #include <QTableView>
 #include <QTest>
 
@@ -29,6 +32,11 @@ QStringList actionTexts(const QMenu* menu)
     for (const QAction* action : menu->actions())
         texts.append(action->isSeparator() ? u"--"_s : action->text());
     return texts;
+}
+
+bool isSettingsWindow(const QWidget* widget)
+{
+    return qobject_cast<const SettingsWindow*>(widget) != nullptr;
 }
 
 ProductListView* productList(MainWindow* window)
@@ -51,6 +59,7 @@ private slots:
     void printSelectedLabelPrintsExactlyOneLabel();
     void refreshWithoutConfigurationReportsIt();
     void newWindowSharesProductsSelectionAndChecks();
+    void settingsAndAboutWindowsAreSingleInstances();
 
 private:
     MainWindow* openConfiguredWindow();
@@ -97,16 +106,27 @@ void StampixAppTest::firstWindowBuildsTheSharedObjectsAndMenus()
     QCOMPARE(window->contentView()->titleBar()->isVisible(), MainWindow::usesCustomTitleBar());
     QCOMPARE(window->contentView()->contentState(), State::ConfigurationNeeded);
 
+    QVERIFY(m_app->updaterViewModel());
+
     QCOMPARE(actionTexts(window->menu(MainWindow::Menu::File)),
-             (QStringList{u"New Window"_s, u"--"_s, u"Quit"_s}));
+             (QStringList{u"New Window"_s, u"Import Settings..."_s, u"Export Settings..."_s,
+                          u"--"_s, u"Quit"_s}));
     QCOMPARE(actionTexts(window->menu(MainWindow::Menu::View)),
              (QStringList{u"Refresh Products"_s, u"--"_s, u"Print Selected Label"_s}));
+    QCOMPARE(actionTexts(window->menu(MainWindow::Menu::Settings)),
+             (QStringList{u"Settings..."_s, u"--"_s, u"Check for Updates..."_s}));
+    QCOMPARE(actionTexts(window->menu(MainWindow::Menu::Help)),
+             QStringList{u"About Stampix (v1.0)"_s});
     QCOMPARE(m_app->refreshProductsAction()->shortcut(), QKeySequence(Qt::CTRL | Qt::Key_R));
     QCOMPARE(m_app->printSelectedLabelAction()->shortcut(), QKeySequence(Qt::CTRL | Qt::Key_P));
     QCOMPARE(m_app->newWindowAction()->shortcut(), QKeySequence(QKeySequence::New));
+    QCOMPARE(m_app->importSettingsAction()->shortcut(),
+             QKeySequence(Qt::CTRL | Qt::SHIFT | Qt::Key_I));
+    QCOMPARE(m_app->exportSettingsAction()->shortcut(),
+             QKeySequence(Qt::CTRL | Qt::SHIFT | Qt::Key_E));
+    QCOMPARE(m_app->settingsAction()->shortcut(), QKeySequence(Qt::CTRL | Qt::Key_Comma));
+    QVERIFY(m_app->checkForUpdatesAction()->shortcut().isEmpty());
     QCOMPARE(window->menuBar()->actions().size(), 4);
-    QVERIFY(!window->menu(MainWindow::Menu::Settings)->menuAction()->isVisible());
-    QVERIFY(!window->menu(MainWindow::Menu::Help)->menuAction()->isVisible());
 
     // Opening more windows builds nothing new.
     AppSettings* settings = m_app->settings();
@@ -118,19 +138,42 @@ void StampixAppTest::firstWindowBuildsTheSharedObjectsAndMenus()
 void StampixAppTest::addedCommandsReachEveryWindow()
 {
     MainWindow* first = m_app->openMainWindow();
-    QAction import(u"Import Settings..."_s);
-    QAction settings(u"Settings..."_s);
-    m_app->addMenuAction(StampixApp::Menu::File, &import);
-    m_app->addMenuAction(StampixApp::Menu::Settings, &settings);
+    QAction extra(u"Extra"_s);
+    m_app->addMenuAction(StampixApp::Menu::File, &extra);
     MainWindow* second = m_app->openMainWindow();
     for (MainWindow* window : {first, second}) {
         QCOMPARE(actionTexts(window->menu(MainWindow::Menu::File)),
-                 (QStringList{u"New Window"_s, u"Import Settings..."_s, u"--"_s, u"Quit"_s}));
-        QCOMPARE(actionTexts(window->menu(MainWindow::Menu::Settings)),
-                 QStringList{u"Settings..."_s});
+                 (QStringList{u"New Window"_s, u"Import Settings..."_s, u"Export Settings..."_s,
+                              u"Extra"_s, u"--"_s, u"Quit"_s}));
         QVERIFY(window->menu(MainWindow::Menu::Settings)->menuAction()->isVisible());
-        QVERIFY(!window->menu(MainWindow::Menu::Help)->menuAction()->isVisible());
+        QVERIFY(window->menu(MainWindow::Menu::Help)->menuAction()->isVisible());
     }
+}
+
+void StampixAppTest::settingsAndAboutWindowsAreSingleInstances()
+{
+    m_app->openMainWindow();
+    m_app->settingsAction()->trigger();
+    QPointer<SettingsWindow> settings = m_app->settingsWindow();
+    QVERIFY(settings);
+    QVERIFY(settings->isVisible());
+    QCOMPARE(settings->windowTitle(), u"Settings"_s);
+    m_app->settingsAction()->trigger();
+    QCOMPARE(m_app->settingsWindow(), settings.data());
+    const QWidgetList topLevels = QApplication::topLevelWidgets();
+    QCOMPARE(std::count_if(topLevels.begin(), topLevels.end(), &isSettingsWindow), 1);
+
+    m_app->aboutAction()->trigger();
+    QPointer<AboutWindow> about = m_app->aboutWindow();
+    QVERIFY(about && about->isVisible());
+    m_app->aboutAction()->trigger();
+    QCOMPARE(m_app->aboutWindow(), about.data());
+
+    // Closed windows open anew.
+    settings->close();
+    QTRY_VERIFY(!settings);
+    m_app->settingsAction()->trigger();
+    QVERIFY(m_app->settingsWindow());
 }
 
 void StampixAppTest::printSelectedLabelPrintsExactlyOneLabel()
