@@ -30,7 +30,13 @@ SettingsView::SettingsView(AppSettings& settings, QWidget* parent)
     buildLayout();
 }
 
-SettingsView::~SettingsView() = default;
+SettingsView::~SettingsView()
+{
+    // The pages call back into this view (a field losing focus on the way out
+    // commits its text); remove them while this view is still whole.
+    const QList<QWidget*> children = findChildren<QWidget*>(Qt::FindDirectChildrenOnly);
+    qDeleteAll(children);
+}
 
 void SettingsView::buildLayout()
 {
