@@ -6,7 +6,10 @@
 
 using namespace Qt::StringLiterals;
 
-// Renders every state of the product window to PNG files, without a desktop:
+void renderSettingsShots(const QString& outDir);
+
+// Renders every state of the product window, the settings window and the
+// About window to PNG files, without a desktop:
 //   stampix_screenshots [output directory]
 int main(int argc, char* argv[])
 {
@@ -21,5 +24,7 @@ int main(int argc, char* argv[])
     const QString output =
         arguments.size() > 1 ? arguments.at(1) : QString::fromUtf8(STAMPIX_SCREENSHOT_DIR);
     MainWindowShots shots(output);
-    return shots.run() == 0 ? 0 : 1;
+    const int failures = shots.run();
+    renderSettingsShots(output);
+    return failures == 0 ? 0 : 1;
 }
