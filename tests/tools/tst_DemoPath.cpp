@@ -1,6 +1,10 @@
+#include "ContentView.h"
 #include "DemoHome.h"
 #include "LabelJobWriter.h"
+#include "PrintButton.h"
 #include "ProductService.h"
+#include "StampixApp.h"
+#include "StatusBarView.h"
 #include "TestHome.h"
 #include "VirtualPrinter.h"
 #include "model/AppSettings.h"
@@ -9,6 +13,7 @@
 #include <QCoroTask>
 #include <QDir>
 #include <QFile>
+#include <QLineEdit>
 #include <QTemporaryDir>
 #include <QTest>
 
@@ -42,6 +47,7 @@ class DemoPathTest : public QObject
 
 private slots:
     void loadAndPrintTwoProductsTwice();
+    void printFromTheProductWindow();
 };
 
 void DemoPathTest::loadAndPrintTwoProductsTwice()
@@ -89,5 +95,50 @@ void DemoPathTest::loadAndPrintTwoProductsTwice()
         QCOMPARE(readFile(folder.filePath(LabelJobWriter::fileName(i + 1))), expected[i]);
 }
 
-QTEST_GUILESS_MAIN(DemoPathTest)
+// The same run as a user makes it: the application opens its window, which
+// loads the demo dossier; the quantity is typed and "Start afdrukken" pressed.
+void DemoPathTest::printFromTheProductWindow()
+{
+    QTemporaryDir jobs;
+    ProductService service(ProductCatalogue(), kKey);
+    QVERIFY(service.listen());
+    VirtualPrinter printer(u"Virtual printer 1"_s, jobs.filePath(u"printer-1"_s));
+    QString error;
+    QVERIFY2(printer.start(0, &error), qPrintable(error));
+    TestHome home;
+    QVERIFY(home.writeSettingsFile(DemoHome::settingsDocument(kKey, printer.port())));
+
+    StampixApp app(service.baseUrl());
+    MainWindow* window = app.openMainWindow();
+    ProductListViewModel& model = *app.productListViewModel();
+    QTRY_COMPARE_WITH_TIMEOUT(model.products().size(), qsizetype(300), 5000);
+    QCOMPARE(window->contentView()->contentState(), ContentView::ContentState::ProductList);
+
+    const Product withoutPrice = service.catalogue().product(19);
+    const Product accented = service.catalogue().product(2);
+    model.toggleChecked(withoutPrice);
+    model.toggleChecked(accented);
+    StatusBarView* statusBar = window->contentView()->statusBar();
+    QTRY_VERIFY(statusBar->printControls()->isVisible());
+    QLineEdit* quantity = statusBar->quantityField();
+    quantity->selectAll();
+    QTest::keyClicks(quantity, u"2"_s);
+    QTest::keyClick(quantity, Qt::Key_Return);
+    QCOMPARE(model.printQuantity(), 2);
+    QVERIFY(statusBar->printButton()->isEnabled());
+    QTest::mouseClick(statusBar->printButton(), Qt::LeftButton);
+
+    const QDir folder(printer.jobDirectory());
+    QTRY_COMPARE_WITH_TIMEOUT(folder.entryList(QDir::Files).size(), 4, 5000);
+    QTRY_VERIFY(!statusBar->isPrinting());
+    const QByteArray first = expectedLabel(accented.sku(), *accented.Name,
+                                           QString::asprintf("%.2f", *accented.SellPrice1WithVat));
+    const QByteArray second = expectedLabel(withoutPrice.sku(), *withoutPrice.Name, u"-"_s);
+    const QList<QByteArray> expected{first, first, second, second};
+    for (int i = 0; i < expected.size(); ++i)
+        QCOMPARE(readFile(folder.filePath(LabelJobWriter::fileName(i + 1))), expected[i]);
+    QCOMPARE(model.errorMessage(), std::nullopt);
+}
+
+QTEST_MAIN(DemoPathTest)
 #include "tst_DemoPath.moc"
