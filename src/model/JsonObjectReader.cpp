@@ -1,40 +1,16 @@
 #include "JsonObjectReader.h"
 
+#include "JsonTypeName.h"
 #include "UuidText.h"
 
 using namespace Qt::StringLiterals;
-
-namespace {
-
-QString describe(const QJsonValue& value)
-{
-    switch (value.type()) {
-    case QJsonValue::Null:
-        return u"null"_s;
-    case QJsonValue::Bool:
-        return u"a boolean"_s;
-    case QJsonValue::Double:
-        return u"a number"_s;
-    case QJsonValue::String:
-        return u"a string"_s;
-    case QJsonValue::Array:
-        return u"an array"_s;
-    case QJsonValue::Object:
-        return u"an object"_s;
-    case QJsonValue::Undefined:
-        break;
-    }
-    return u"nothing"_s;
-}
-
-} // namespace
 
 JsonObjectReader::JsonObjectReader(const QJsonValue& value)
 {
     if (value.isObject())
         m_object = value.toObject();
     else
-        fail(u"expected an object, found "_s + describe(value));
+        fail(u"expected an object, found "_s + jsonTypeName(value));
 }
 
 QString JsonObjectReader::requiredString(QStringView key)
@@ -156,7 +132,7 @@ qint64 JsonObjectReader::toInteger(QStringView key, const QJsonValue& value)
 
 void JsonObjectReader::failType(QStringView key, QStringView expected, const QJsonValue& found)
 {
-    QString foundText = describe(found);
+    QString foundText = jsonTypeName(found);
     if (found.isDouble())
         foundText += u" ("_s + QString::number(found.toDouble()) + u')';
     fail(u"\"%1\" must be %2, found %3"_s.arg(key, expected, foundText));

@@ -1,6 +1,7 @@
 #include "Product.h"
 
 #include "JsonInteger.h"
+#include "model/JsonTypeName.h"
 
 #include <QHash>
 #include <QJsonValue>
@@ -8,27 +9,6 @@
 using namespace Qt::StringLiterals;
 
 namespace {
-
-QString jsonTypeName(const QJsonValue& value)
-{
-    switch (value.type()) {
-    case QJsonValue::Null:
-        return u"null"_s;
-    case QJsonValue::Bool:
-        return u"a boolean"_s;
-    case QJsonValue::Double:
-        return u"a number"_s;
-    case QJsonValue::String:
-        return u"a string"_s;
-    case QJsonValue::Array:
-        return u"an array"_s;
-    case QJsonValue::Object:
-        return u"an object"_s;
-    case QJsonValue::Undefined:
-        break;
-    }
-    return u"nothing"_s;
-}
 
 QString typeMismatch(const QString& key, const QString& expected, const QJsonValue& found)
 {
