@@ -1,8 +1,8 @@
 #include "services/PrinterService.h"
 
 #include "AwaitTask.h"
-#include "BacklogFullListener.h"
 #include "LabelSink.h"
+#include "UnansweredPort.h"
 #include "services/PrinterSendJob.h"
 
 #include <QCoroTask>
@@ -185,9 +185,10 @@ void PrinterServiceTest::refusedConnectionFailsAtOnce()
 
 void PrinterServiceTest::unansweredConnectionEndsAtTheTimeOut()
 {
-    const BacklogFullListener silent;
-    if (!silent.isReady())
-        QSKIP("Could not fill the accept queue of a loopback listener");
+    UnansweredPort silent;
+    QString silenceError;
+    if (!silent.open(0, &silenceError))
+        QSKIP(qPrintable(silenceError));
     const PrinterService service(400ms);
 
     QElapsedTimer clock;
@@ -290,9 +291,10 @@ void PrinterServiceTest::jobFinishesOnceAndIgnoresTheLateTimer()
 
 void PrinterServiceTest::serviceMayGoAwayWhileSending()
 {
-    const BacklogFullListener silent;
-    if (!silent.isReady())
-        QSKIP("Could not fill the accept queue of a loopback listener");
+    UnansweredPort silent;
+    QString silenceError;
+    if (!silent.open(0, &silenceError))
+        QSKIP(qPrintable(silenceError));
     auto service = std::make_unique<PrinterService>(300ms);
 
     QCoro::Task<SendResult> pending = service->sendZPL(u"^XA^XZ"_s, kLocalhost, silent.port());
@@ -324,9 +326,10 @@ void PrinterServiceTest::connectionTestReportsFailures()
     QVERIFY(!refused.success);
     QVERIFY2(refused.message.startsWith(u"Verbinding mislukt: "_s), qPrintable(refused.message));
 
-    const BacklogFullListener silent;
-    if (!silent.isReady())
-        QSKIP("Could not fill the accept queue of a loopback listener");
+    UnansweredPort silent;
+    QString silenceError;
+    if (!silent.open(0, &silenceError))
+        QSKIP(qPrintable(silenceError));
     const PrinterService impatient(200ms);
     const auto timedOut = awaitTask(impatient.testConnection(kLocalhost, silent.port()));
     QVERIFY(!timedOut.success);
