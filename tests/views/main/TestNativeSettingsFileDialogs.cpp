@@ -6,6 +6,7 @@
 #include <QFile>
 #include <QFileDialog>
 #include <QLabel>
+#include <QLineEdit>
 #include <QMessageBox>
 #include <QTemporaryDir>
 #include <QTest>
@@ -32,6 +33,18 @@ template <typename T> void whenShown(const std::function<void(T*)>& inspect, int
         if (pollsLeft > 0)
             whenShown(inspect, pollsLeft - 1);
     });
+}
+
+// Types the path into the file name field as a user would. QFileDialog::selectFile
+// leaves that field alone once it has the focus, which it gets at some point
+// after the dialog shows, so selecting would race the window activation.
+bool typeFileName(QFileDialog* dialog, const QString& path)
+{
+    auto* edit = dialog->findChild<QLineEdit*>(u"fileNameEdit"_s);
+    if (!edit)
+        return false;
+    edit->setText(path);
+    return true;
 }
 
 const SettingsFileDialogs::FileRequest kSaveRequest{
@@ -82,7 +95,7 @@ void TestNativeSettingsFileDialogs::saveDialogProposesTheFileAndReturnsTheChoice
         QCOMPARE(dialog->nameFilters(), QStringList{u"JSON (*.json)"_s});
         QCOMPARE(dialog->selectedFiles().value(0),
                  QDir::home().filePath(u"stampix-settings.json"_s));
-        dialog->selectFile(chosen);
+        QVERIFY(typeFileName(dialog, chosen));
         // Public as a QDialog; the file dialog checks the choice as a user click would.
         static_cast<QDialog*>(dialog)->accept();
     });
@@ -110,7 +123,7 @@ void TestNativeSettingsFileDialogs::openDialogTakesOneExistingJsonFile()
         QCOMPARE(dialog->acceptMode(), QFileDialog::AcceptOpen);
         QCOMPARE(dialog->fileMode(), QFileDialog::ExistingFile);
         QCOMPARE(dialog->nameFilters(), QStringList{u"JSON (*.json)"_s});
-        dialog->selectFile(existing);
+        QVERIFY(typeFileName(dialog, existing));
         // Public as a QDialog; the file dialog checks the choice as a user click would.
         static_cast<QDialog*>(dialog)->accept();
     });
