@@ -3,10 +3,19 @@
 #include "AppcastReader.h"
 #include "BuildConfig.h"
 #include "MessageBoxUpdateDialogs.h"
+#include "UpdateCheckSchedule.h"
 #include "UpdateFeedClient.h"
 #include "VersionComparator.h"
+#ifdef STAMPIX_HAVE_SPARKLE
+#include "SparkleUpdater.h"
+#endif
 
+#include <QDateTime>
+#include <QDir>
 #include <QPointer>
+#include <QTimer>
+
+using namespace Qt::StringLiterals;
 
 UpdaterViewModel::Configuration UpdaterViewModel::Configuration::fromBuild()
 {
@@ -14,32 +23,67 @@ UpdaterViewModel::Configuration UpdaterViewModel::Configuration::fromBuild()
     configuration.feedURL = QUrl(QString::fromUtf16(BuildConfig::kUpdateFeedURL).trimmed());
     configuration.currentVersion = QString::fromUtf16(BuildConfig::kFullVersion);
     configuration.displayVersion = QString::fromUtf16(BuildConfig::kVersion);
+#ifndef STAMPIX_HAVE_SPARKLE
+    // With Sparkle, scheduled checks are the framework's, as its bundle settings say.
+    configuration.checksAtStart = BuildConfig::kChecksForUpdatesAtStart;
+#endif
+    configuration.scheduleFilePath = QDir::home().filePath(u".stampix/last-update-check"_s);
     return configuration;
 }
 
 UpdaterViewModel::UpdaterViewModel(QObject* parent)
     : UpdaterViewModel(Configuration::fromBuild(), std::make_unique<MessageBoxUpdateDialogs>(),
                        parent)
-{}
+{
+#ifdef STAMPIX_HAVE_SPARKLE
+    m_sparkle = std::make_unique<SparkleUpdater>();
+#endif
+}
 
 UpdaterViewModel::UpdaterViewModel(Configuration configuration,
                                    std::unique_ptr<UpdateDialogs> dialogs, QObject* parent)
     : QObject(parent), m_configuration(std::move(configuration)), m_dialogs(std::move(dialogs)),
       m_feedClient(new UpdateFeedClient(m_configuration.timeout, this))
-{}
+{
+    // After start-up has finished, so the first window is not held up.
+    if (m_configuration.checksAtStart)
+        QTimer::singleShot(0, this, &UpdaterViewModel::checkAtStartIfDue);
+}
 
 UpdaterViewModel::~UpdaterViewModel() = default;
 
 void UpdaterViewModel::checkForUpdates()
 {
-    if (m_isChecking)
+#ifdef STAMPIX_HAVE_SPARKLE
+    if (m_sparkle) {
+        m_sparkle->checkForUpdates();
         return;
+    }
+#endif
+    if (m_isChecking) {
+        m_isUserWaiting = true;
+        return;
+    }
     m_isChecking = true;
+    m_isUserWaiting = true;
     if (m_configuration.feedURL.isEmpty()) {
         m_dialogs->showNotConfigured();
         finishCheck();
         return;
     }
+    runCheck();
+}
+
+void UpdaterViewModel::checkAtStartIfDue()
+{
+    const UpdateCheckSchedule schedule(m_configuration.scheduleFilePath);
+    const QDateTime now = QDateTime::currentDateTimeUtc();
+    if (m_isChecking || m_configuration.feedURL.isEmpty() || !schedule.isDue(now))
+        return;
+    // Recorded before the answer: a failing feed is tried again tomorrow, not at every start.
+    schedule.recordCheck(now);
+    m_isChecking = true;
+    m_isUserWaiting = false;
     runCheck();
 }
 
@@ -63,23 +107,22 @@ QCoro::Task<> UpdaterViewModel::runCheck()
 
 void UpdaterViewModel::present(const Expected<QByteArray, QString>& feed)
 {
-    if (!feed) {
-        m_dialogs->showFailure(feed.error());
-        return;
-    }
-    const Expected<AppcastItem, QString> newest = AppcastReader::newestItem(feed.value());
+    const Expected<AppcastItem, QString> newest =
+        feed ? AppcastReader::newestItem(feed.value()) : Expected<AppcastItem, QString>(feed.error());
     if (!newest) {
-        m_dialogs->showFailure(newest.error());
+        if (m_isUserWaiting)
+            m_dialogs->showFailure(newest.error());
         return;
     }
     if (VersionComparator::compare(newest.value().version, m_configuration.currentVersion) > 0)
         m_dialogs->showUpdateAvailable(newest.value(), m_configuration.displayVersion);
-    else
+    else if (m_isUserWaiting)
         m_dialogs->showUpToDate(m_configuration.displayVersion);
 }
 
 void UpdaterViewModel::finishCheck()
 {
     m_isChecking = false;
+    m_isUserWaiting = false;
     emit checkFinished();
 }

@@ -11,8 +11,13 @@
 #include <chrono>
 #include <memory>
 
+#ifdef STAMPIX_HAVE_SPARKLE
+class SparkleUpdater;
+#endif
+
 // Behind "Check for Updates...": fetches the update feed, compares its newest
-// release with the running version and tells the user the outcome.
+// release with the running version and tells the user the outcome. Builds
+// that carry the Sparkle framework hand both jobs to its standard controller.
 class UpdaterViewModel : public QObject
 {
     Q_OBJECT
@@ -27,6 +32,11 @@ public:
         // Shown to the user.
         QString displayVersion;
         std::chrono::milliseconds timeout = UpdateFeedClient::kDefaultTimeout;
+        // Whether the program also looks on its own when it starts, at most
+        // once a day; such a check speaks up only when a newer version exists.
+        bool checksAtStart = false;
+        // Where the time of that last check is kept.
+        QString scheduleFilePath;
 
         // The values the build was packaged with.
         static Configuration fromBuild();
@@ -38,16 +48,18 @@ public:
                      QObject* parent = nullptr);
     ~UpdaterViewModel() override;
 
-    // A user-initiated check. Ignored while an earlier check is still running
-    // or its result is still on screen.
+    // A user-initiated check. While an earlier user check is still running or
+    // its result is still on screen, nothing more happens; a quiet check at
+    // start that is still running is taken over and shows its outcome in full.
     void checkForUpdates();
     bool isChecking() const { return m_isChecking; }
 
 signals:
-    // After the user has seen the outcome of a check.
+    // After a check has ended and the user has seen what it showed.
     void checkFinished();
 
 private:
+    void checkAtStartIfDue();
     QCoro::Task<> runCheck();
     void present(const Expected<QByteArray, QString>& feed);
     void finishCheck();
@@ -56,4 +68,9 @@ private:
     std::unique_ptr<UpdateDialogs> m_dialogs;
     UpdateFeedClient* m_feedClient;
     bool m_isChecking = false;
+    // False while only the quiet check at start is running.
+    bool m_isUserWaiting = false;
+#ifdef STAMPIX_HAVE_SPARKLE
+    std::unique_ptr<SparkleUpdater> m_sparkle;
+#endif
 };

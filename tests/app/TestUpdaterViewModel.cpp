@@ -2,8 +2,10 @@
 #include "LoopbackHttpServer.h"
 #include "UpdaterViewModel.h"
 
+#include <QFile>
 #include <QSignalSpy>
 #include <QTcpServer>
+#include <QTemporaryDir>
 #include <QTest>
 #include <memory>
 
@@ -51,6 +53,18 @@ public:
 
 using Kind = RecordingUpdateDialogs::Kind;
 
+// The running version is 1.4.0, shown as "1.4"; no check at start.
+UpdaterViewModel::Configuration configurationFor(const QUrl& feedURL,
+                                                 std::chrono::milliseconds timeout)
+{
+    UpdaterViewModel::Configuration configuration;
+    configuration.feedURL = feedURL;
+    configuration.currentVersion = u"1.4.0"_s;
+    configuration.displayVersion = u"1.4"_s;
+    configuration.timeout = timeout;
+    return configuration;
+}
+
 LoopbackHttpServer::Response xmlResponse(const QByteArray& body, int status = 200)
 {
     LoopbackHttpServer::Response response;
@@ -82,15 +96,21 @@ private slots:
     void buildWithoutFeedIsNotConfigured();
     void secondRequestWhileCheckingIsIgnored();
     void destroyedWhileCheckingStaysQuiet();
+    void checkAtStartSpeaksOnlyOfANewerVersion_data();
+    void checkAtStartSpeaksOnlyOfANewerVersion();
+    void checkAtStartRunsAtMostOnceADay();
+    void userCheckTakesOverTheCheckAtStart();
 
 private:
     // Runs one check to its end and returns what it showed.
     QList<RecordingUpdateDialogs::Shown> check(const QUrl& feedURL,
                                                std::chrono::milliseconds timeout = 5s);
     QUrl feedURL() const { return QUrl(m_server->baseUrl() + u"/appcast.xml"_s); }
+    UpdaterViewModel::Configuration startConfiguration() const;
 
     std::unique_ptr<LoopbackHttpServer> m_server;
     LoopbackHttpServer::Response m_response;
+    std::unique_ptr<QTemporaryDir> m_home;
 };
 
 void TestUpdaterViewModel::init()
@@ -99,6 +119,8 @@ void TestUpdaterViewModel::init()
     QVERIFY(m_server->listen());
     m_response = {};
     m_server->setHandler([this](const LoopbackHttpServer::Request&) { return m_response; });
+    m_home = std::make_unique<QTemporaryDir>();
+    QVERIFY(m_home->isValid());
 }
 
 void TestUpdaterViewModel::cleanup()
@@ -106,12 +128,20 @@ void TestUpdaterViewModel::cleanup()
     m_server.reset();
 }
 
+UpdaterViewModel::Configuration TestUpdaterViewModel::startConfiguration() const
+{
+    UpdaterViewModel::Configuration configuration = configurationFor(feedURL(), 5s);
+    configuration.checksAtStart = true;
+    configuration.scheduleFilePath = m_home->filePath(u".stampix/last-update-check"_s);
+    return configuration;
+}
+
 QList<RecordingUpdateDialogs::Shown> TestUpdaterViewModel::check(const QUrl& feedURL,
                                                                  std::chrono::milliseconds timeout)
 {
     auto dialogs = std::make_unique<RecordingUpdateDialogs>();
     RecordingUpdateDialogs* recorded = dialogs.get();
-    UpdaterViewModel updater({feedURL, u"1.4.0"_s, u"1.4"_s, timeout}, std::move(dialogs));
+    UpdaterViewModel updater(configurationFor(feedURL, timeout), std::move(dialogs));
     QSignalSpy finished(&updater, &UpdaterViewModel::checkFinished);
 
     updater.checkForUpdates();
@@ -261,7 +291,7 @@ void TestUpdaterViewModel::buildWithoutFeedIsNotConfigured()
 {
     auto dialogs = std::make_unique<RecordingUpdateDialogs>();
     RecordingUpdateDialogs* recorded = dialogs.get();
-    UpdaterViewModel updater({QUrl(), u"1.4.0"_s, u"1.4"_s, 1s}, std::move(dialogs));
+    UpdaterViewModel updater(configurationFor(QUrl(), 1s), std::move(dialogs));
     QSignalSpy finished(&updater, &UpdaterViewModel::checkFinished);
 
     updater.checkForUpdates();
@@ -283,7 +313,7 @@ void TestUpdaterViewModel::secondRequestWhileCheckingIsIgnored()
     m_response.delay = 200ms;
     auto dialogs = std::make_unique<RecordingUpdateDialogs>();
     RecordingUpdateDialogs* recorded = dialogs.get();
-    UpdaterViewModel updater({feedURL(), u"1.4.0"_s, u"1.4"_s, 5s}, std::move(dialogs));
+    UpdaterViewModel updater(configurationFor(feedURL(), 5s), std::move(dialogs));
     QSignalSpy finished(&updater, &UpdaterViewModel::checkFinished);
 
     updater.checkForUpdates();
@@ -306,7 +336,7 @@ void TestUpdaterViewModel::destroyedWhileCheckingStaysQuiet()
 {
     m_response.mode = LoopbackHttpServer::Response::Mode::neverAnswer;
     auto updater = std::make_unique<UpdaterViewModel>(
-        UpdaterViewModel::Configuration{feedURL(), u"1.4.0"_s, u"1.4"_s, 1500ms},
+        configurationFor(feedURL(), 1500ms),
         std::make_unique<RecordingUpdateDialogs>());
     QSignalSpy requestArrived(m_server.get(), &LoopbackHttpServer::requestReceived);
 
@@ -317,6 +347,94 @@ void TestUpdaterViewModel::destroyedWhileCheckingStaysQuiet()
     QTest::qWait(1600);
     m_server.reset();
     QTest::qWait(50);
+}
+
+void TestUpdaterViewModel::checkAtStartSpeaksOnlyOfANewerVersion_data()
+{
+    QTest::addColumn<int>("status");
+    QTest::addColumn<QByteArray>("version");
+    QTest::addColumn<bool>("offered");
+
+    QTest::newRow("newer") << 200 << QByteArray("1.5") << true;
+    QTest::newRow("same") << 200 << QByteArray("1.4") << false;
+    QTest::newRow("feed missing") << 404 << QByteArray("9.0") << false;
+}
+
+void TestUpdaterViewModel::checkAtStartSpeaksOnlyOfANewerVersion()
+{
+    QFETCH(int, status);
+    QFETCH(QByteArray, version);
+    QFETCH(bool, offered);
+    m_response = xmlResponse(AppcastFeeds::channel({AppcastFeeds::item(version, version)}), status);
+    auto dialogs = std::make_unique<RecordingUpdateDialogs>();
+    RecordingUpdateDialogs* recorded = dialogs.get();
+
+    UpdaterViewModel updater(startConfiguration(), std::move(dialogs));
+    QSignalSpy finished(&updater, &UpdaterViewModel::checkFinished);
+    QVERIFY(finished.wait(5000));
+
+    QCOMPARE(m_server->requests().size(), 1);
+    QCOMPARE(recorded->shown.size(), offered ? 1 : 0);
+    if (offered) {
+        QCOMPARE(recorded->shown[0].kind, Kind::updateAvailable);
+        QCOMPARE(recorded->shown[0].item.version, QString::fromUtf8(version));
+    }
+    QVERIFY(!updater.isChecking());
+    QVERIFY(QFile::exists(startConfiguration().scheduleFilePath));
+}
+
+void TestUpdaterViewModel::checkAtStartRunsAtMostOnceADay()
+{
+    m_response = xmlResponse(AppcastFeeds::channel({AppcastFeeds::item("1.5", "1.5")}));
+    const UpdaterViewModel::Configuration configuration = startConfiguration();
+    const auto startAndSettle = [&](const UpdaterViewModel::Configuration& used) {
+        UpdaterViewModel updater(used, std::make_unique<RecordingUpdateDialogs>());
+        QSignalSpy finished(&updater, &UpdaterViewModel::checkFinished);
+        finished.wait(400);
+    };
+
+    startAndSettle(configuration);
+    QCOMPARE(m_server->requests().size(), 1);
+
+    // Started again the same day.
+    startAndSettle(configuration);
+    QCOMPARE(m_server->requests().size(), 1);
+
+    // The next day.
+    QFile record(configuration.scheduleFilePath);
+    QVERIFY(record.open(QIODevice::WriteOnly));
+    record.write(QDateTime::currentDateTimeUtc().addSecs(-25 * 3600).toString(Qt::ISODate).toUtf8());
+    record.close();
+    startAndSettle(configuration);
+    QCOMPARE(m_server->requests().size(), 2);
+
+    // A build without the check at start never looks on its own.
+    QVERIFY(QFile::remove(configuration.scheduleFilePath));
+    UpdaterViewModel::Configuration off = configuration;
+    off.checksAtStart = false;
+    startAndSettle(off);
+    QCOMPARE(m_server->requests().size(), 2);
+    QVERIFY(!QFile::exists(configuration.scheduleFilePath));
+}
+
+void TestUpdaterViewModel::userCheckTakesOverTheCheckAtStart()
+{
+    m_response = xmlResponse(AppcastFeeds::channel({AppcastFeeds::item("1.4", "1.4")}));
+    m_response.delay = 300ms;
+    auto dialogs = std::make_unique<RecordingUpdateDialogs>();
+    RecordingUpdateDialogs* recorded = dialogs.get();
+    UpdaterViewModel updater(startConfiguration(), std::move(dialogs));
+    QSignalSpy finished(&updater, &UpdaterViewModel::checkFinished);
+    QSignalSpy requestArrived(m_server.get(), &LoopbackHttpServer::requestReceived);
+    QVERIFY(requestArrived.wait(5000));
+
+    updater.checkForUpdates();
+    QVERIFY(finished.wait(5000));
+
+    // One request, and the user hears its outcome as after their own check.
+    QCOMPARE(m_server->requests().size(), 1);
+    QCOMPARE(recorded->shown.size(), 1);
+    QCOMPARE(recorded->shown[0].kind, Kind::upToDate);
 }
 
 QTEST_MAIN(TestUpdaterViewModel)

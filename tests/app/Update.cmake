@@ -9,3 +9,5 @@ stampix_add_test(TestUpdaterViewModel
 stampix_add_test(TestMessageBoxUpdateDialogs
     SOURCES ${CMAKE_CURRENT_LIST_DIR}/TestMessageBoxUpdateDialogs.cpp
     LIBS stampix_shell LABELS app)
+stampix_add_test(TestUpdateCheckSchedule
+    SOURCES ${CMAKE_CURRENT_LIST_DIR}/TestUpdateCheckSchedule.cpp LIBS stampix_shell LABELS app)
