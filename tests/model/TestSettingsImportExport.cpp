@@ -1,15 +1,71 @@
 #include "SettingsSignalRecorder.h"
 #include "TestHome.h"
 #include "model/AppSettings.h"
+#include "model/SettingsFileDialogs.h"
+#include "model/SettingsFileHelper.h"
 
-#include <QDate>
+#include <QDir>
 #include <QFile>
 #include <QTemporaryDir>
 #include <QTest>
+#include <memory>
 
 using namespace Qt::StringLiterals;
 
 namespace {
+
+using Style = SettingsFileDialogs::MessageStyle;
+
+// Answers the file dialogs with a prepared path (or a cancel) and records
+// everything the helper asked for and showed.
+class ScriptedDialogs : public SettingsFileDialogs
+{
+public:
+    std::optional<QString> chosenPath;
+    QList<FileRequest> saveRequests;
+    QList<FileRequest> openRequests;
+    QList<Message> messages;
+
+    std::optional<QString> askSaveLocation(const FileRequest& request) override
+    {
+        saveRequests.append(request);
+        return chosenPath;
+    }
+    std::optional<QString> askOpenFile(const FileRequest& request) override
+    {
+        openRequests.append(request);
+        return chosenPath;
+    }
+    void showMessage(const Message& message) override { messages.append(message); }
+
+    void reset(std::optional<QString> path = {})
+    {
+        chosenPath = std::move(path);
+        saveRequests.clear();
+        openRequests.clear();
+        messages.clear();
+    }
+};
+
+// Everything the store publishes; the written form compares every field.
+QByteArray snapshot(const AppSettings& settings)
+{
+    SettingsData data;
+    data.bookyear = settings.bookyear();
+    data.dossiers = settings.dossiers();
+    data.selectedDossierID = settings.selectedDossierID();
+    data.printers = settings.printers();
+    data.templates = settings.templates();
+    data.selectedTemplateID = settings.selectedTemplateID();
+    data.settingsWindowWidth = settings.settingsWindowWidth();
+    data.settingsWindowHeight = settings.settingsWindowHeight();
+    data.columnWidthCheckbox = settings.columnWidthCheckbox();
+    data.columnWidthSKU = settings.columnWidthSKU();
+    data.columnWidthName = settings.columnWidthName();
+    data.columnWidthPrice = settings.columnWidthPrice();
+    data.columnWidthBarcode = settings.columnWidthBarcode();
+    return data.write();
+}
 
 bool writeFile(const QString& path, const QByteArray& bytes)
 {
@@ -28,8 +84,8 @@ QByteArray readFile(const QString& path)
 void configure(AppSettings& settings)
 {
     settings.setBookyear(u"2021"_s);
-    settings.updateDossier(0, [](Dossier& dossier) { dossier.apiKey = u"k1"_s; });
     settings.addDossier();
+    settings.updateDossier(1, [](Dossier& dossier) { dossier.apiKey = u"k1"_s; });
     settings.addPrinter();
     settings.addPrinter();
     settings.updatePrinter(1, [](Printer& printer) {
@@ -39,7 +95,8 @@ void configure(AppSettings& settings)
     const QUuid printerID = settings.printers().at(1).id;
     settings.addTemplate();
     settings.updateTemplate(1, [printerID](LabelTemplate& t) { t.printerID = printerID; });
-    settings.setSelectedDossierID(settings.dossiers().at(0).id);
+    settings.addTemplate();
+    settings.setSelectedTemplateID(settings.templates().at(1).id);
     settings.setSettingsWindowWidth(1300.5);
     settings.setSettingsWindowHeight(720);
     settings.setColumnWidthCheckbox(32);
@@ -49,143 +106,163 @@ void configure(AppSettings& settings)
     settings.setColumnWidthBarcode(135);
 }
 
-void compareAll(const AppSettings& actual, const AppSettings& expected)
+void verifyFailure(const SettingsFileDialogs::Message& message, const QString& text,
+                   const QString& prefix)
 {
-    QCOMPARE(actual.bookyear(), expected.bookyear());
-    QCOMPARE(actual.dossiers(), expected.dossiers());
-    QCOMPARE(actual.selectedDossierID(), expected.selectedDossierID());
-    QCOMPARE(actual.printers(), expected.printers());
-    QCOMPARE(actual.templates(), expected.templates());
-    QCOMPARE(actual.selectedTemplateID(), expected.selectedTemplateID());
-    QCOMPARE(actual.settingsWindowWidth(), expected.settingsWindowWidth());
-    QCOMPARE(actual.settingsWindowHeight(), expected.settingsWindowHeight());
-    QCOMPARE(actual.columnWidthCheckbox(), expected.columnWidthCheckbox());
-    QCOMPARE(actual.columnWidthSKU(), expected.columnWidthSKU());
-    QCOMPARE(actual.columnWidthName(), expected.columnWidthName());
-    QCOMPARE(actual.columnWidthPrice(), expected.columnWidthPrice());
-    QCOMPARE(actual.columnWidthBarcode(), expected.columnWidthBarcode());
+    QCOMPARE(message.style, Style::Critical);
+    QCOMPARE(message.text, text);
+    QVERIFY2(message.informativeText.startsWith(prefix), qPrintable(message.informativeText));
+    QVERIFY2(message.informativeText.size() > prefix.size(), "the reason is missing");
+    QCOMPARE(message.buttonText, u"OK"_s);
 }
 
 } // namespace
 
+// Export and import of the settings file, through the helper that asks for the
+// path and reports the outcome.
 class TestSettingsImportExport : public QObject
 {
     Q_OBJECT
 
 private slots:
     void init();
+    void cleanup();
     void exportThenImportRestoresEverything();
-    void importAssignsEveryPropertyInOrder();
-    void importOfEmptyListsGivesSelectedDefaults();
-    void importNeverMigrates();
+    void importTakesDefaultsForWhatTheFileLacks_data();
+    void importTakesDefaultsForWhatTheFileLacks();
     void importRepairsSelections();
     void failedImportChangesNothing_data();
     void failedImportChangesNothing();
+    void failedExportIsReported_data();
     void failedExportIsReported();
+    void cancellingShowsNothingAndChangesNothing();
 
 private:
-    QTemporaryDir m_files;
+    QString filePath(const QString& name) const { return m_files->filePath(name); }
+
+    std::unique_ptr<TestHome> m_home;
+    std::unique_ptr<QTemporaryDir> m_files;
+    std::unique_ptr<AppSettings> m_settings;
+    ScriptedDialogs m_dialogs;
 };
 
 void TestSettingsImportExport::init()
 {
-    QVERIFY(m_files.isValid());
+    m_home = std::make_unique<TestHome>();
+    m_files = std::make_unique<QTemporaryDir>();
+    QVERIFY(m_home->isValid() && m_files->isValid());
+    m_settings = std::make_unique<AppSettings>();
+    configure(*m_settings);
+    m_settings->savePendingChanges();
+    m_dialogs.reset();
+}
+
+void TestSettingsImportExport::cleanup()
+{
+    m_settings.reset();
+    m_home.reset();
 }
 
 void TestSettingsImportExport::exportThenImportRestoresEverything()
 {
-    const QString exported = m_files.filePath(u"stampix-settings.json"_s);
-    QVERIFY(writeFile(exported, "an older export, replaced"));
-
-    TestHome sourceHome;
-    AppSettings source;
-    configure(source);
-    QCOMPARE(source.exportSettings(exported), std::nullopt);
+    // An existing file at the chosen place is replaced as a whole.
+    m_dialogs.chosenPath = filePath(u"stampix-settings.json"_s);
+    QVERIFY(writeFile(*m_dialogs.chosenPath, QByteArray(10000, 'x')));
+    SettingsFileHelper::exportSettings(*m_settings, m_dialogs);
+    QCOMPARE(m_dialogs.messages.size(), 1);
+    QCOMPARE(m_dialogs.messages[0].style, Style::Informational);
+    QCOMPARE(m_dialogs.messages[0].text, u"Instellingen Geëxporteerd"_s);
+    QCOMPARE(m_dialogs.messages[0].informativeText,
+             u"De instellingen zijn opgeslagen naar:\n"_s + *m_dialogs.chosenPath);
+    QCOMPARE(m_dialogs.messages[0].buttonText, u"OK"_s);
     // The export is the settings document itself, as the store saves it.
-    source.savePendingChanges();
-    QCOMPARE(readFile(exported), sourceHome.readSettingsFile());
+    const QByteArray exported = readFile(*m_dialogs.chosenPath);
+    QCOMPARE(exported, m_home->readSettingsFile());
 
     TestHome targetHome;
     AppSettings target;
-    QCOMPARE(target.importSettings(exported), std::nullopt);
-    compareAll(target, source);
-    QTRY_VERIFY_WITH_TIMEOUT(!target.isSavePending(), 5000);
-    QCOMPARE(targetHome.readSettingsFile(), readFile(exported));
-}
-
-void TestSettingsImportExport::importAssignsEveryPropertyInOrder()
-{
-    TestHome home;
-    const QString file = m_files.filePath(u"full.json"_s);
-    {
-        AppSettings source;
-        configure(source);
-        QCOMPARE(source.exportSettings(file), std::nullopt);
-    }
-    AppSettings settings;
-    SettingsSignalRecorder recorder(settings);
-    QCOMPARE(settings.importSettings(file), std::nullopt);
+    target.savePendingChanges();
+    SettingsSignalRecorder recorder(target);
+    SettingsFileHelper::importSettings(target, m_dialogs);
+    QCOMPARE(m_dialogs.messages.size(), 2);
+    QCOMPARE(m_dialogs.messages[1].style, Style::Informational);
+    QCOMPARE(m_dialogs.messages[1].text, u"Instellingen Geïmporteerd"_s);
+    QCOMPARE(m_dialogs.messages[1].informativeText,
+             u"De instellingen zijn succesvol geïmporteerd."_s);
+    QCOMPARE(m_dialogs.messages[1].buttonText, u"OK"_s);
+    QCOMPARE(snapshot(target), snapshot(*m_settings));
     QCOMPARE(recorder.changed(),
              (QStringList{u"bookyear"_s, u"dossiers"_s, u"selectedDossierID"_s, u"printers"_s,
                           u"templates"_s, u"selectedTemplateID"_s, u"settingsWindowWidth"_s,
                           u"settingsWindowHeight"_s, u"columnWidthCheckbox"_s, u"columnWidthSKU"_s,
                           u"columnWidthName"_s, u"columnWidthPrice"_s, u"columnWidthBarcode"_s}));
-    QVERIFY(settings.isSavePending());
+
+    // The import reaches the store's own file through its delayed save.
+    QVERIFY(target.isSavePending());
+    QTRY_VERIFY_WITH_TIMEOUT(!target.isSavePending(), 5000);
+    QCOMPARE(targetHome.readSettingsFile(), exported);
 }
 
-void TestSettingsImportExport::importOfEmptyListsGivesSelectedDefaults()
+void TestSettingsImportExport::importTakesDefaultsForWhatTheFileLacks_data()
 {
-    TestHome home;
-    AppSettings settings;
-    configure(settings);
-    const QString file = m_files.filePath(u"empty-lists.json"_s);
-    QVERIFY(writeFile(file, R"({"dossiers": [], "templates": [], "printers": [
-        {"id": "7D2E3B7F-9054-4E36-8F1C-2F9E6E405B01", "ipAddress": "10.0.0.8", "name": "P", "port": 9100}]})"));
+    QTest::addColumn<QByteArray>("content");
+    QTest::addColumn<QString>("bookyear");
+    QTest::addColumn<int>("printerCount");
+    QTest::newRow("empty object") << QByteArray("{}") << SettingsData::currentYear() << 0;
+    QTest::newRow("empty lists") << QByteArray(R"({"dossiers": [], "templates": [], "printers": [
+        {"id": "7D2E3B7F-9054-4E36-8F1C-2F9E6E405B01", "ipAddress": "10.0.0.8", "name": "P", "port": 9100}]})")
+                                 << SettingsData::currentYear() << 1;
+    // The top-level values of the old layout are ignored: an import never migrates.
+    QTest::newRow("old flat layout")
+        << QByteArray(R"({"bookyear":"2019","apiKey":"legacy-key",)"
+                      R"("printerIP":"192.0.2.10","printerPort":6101})")
+        << u"2019"_s << 0;
+}
 
-    QCOMPARE(settings.importSettings(file), std::nullopt);
+void TestSettingsImportExport::importTakesDefaultsForWhatTheFileLacks()
+{
+    QFETCH(QByteArray, content);
+    QFETCH(QString, bookyear);
+    QFETCH(int, printerCount);
+    m_dialogs.chosenPath = filePath(u"settings.json"_s);
+    QVERIFY(writeFile(*m_dialogs.chosenPath, content));
+
+    SettingsFileHelper::importSettings(*m_settings, m_dialogs);
+    QCOMPARE(m_dialogs.messages.size(), 1);
+    QCOMPARE(m_dialogs.messages[0].style, Style::Informational);
+
+    const AppSettings& settings = *m_settings;
+    QCOMPARE(settings.bookyear(), bookyear);
     QCOMPARE(settings.dossiers(), QList<Dossier>{Dossier::defaultDossier()});
     QCOMPARE(settings.selectedDossierID(), Dossier::defaultDossier().id);
+    QCOMPARE(settings.printers().size(), printerCount);
     QCOMPARE(settings.templates(), QList<LabelTemplate>{LabelTemplate::defaultTemplate()});
     QCOMPARE(settings.selectedTemplateID(), LabelTemplate::defaultTemplate().id);
-    QCOMPARE(settings.printers().size(), 1);
-    QCOMPARE(settings.printers().at(0).ipAddress, u"10.0.0.8"_s);
-    // Keys the file lacks take their defaults, not the old values.
-    QCOMPARE(settings.bookyear(), QString::number(QDate::currentDate().year()));
-    QCOMPARE(settings.settingsWindowWidth(), 1100.0);
-    QCOMPARE(settings.columnWidthSKU(), 120.0);
-}
-
-void TestSettingsImportExport::importNeverMigrates()
-{
-    TestHome home;
-    AppSettings settings;
-    configure(settings);
-    const QString file = m_files.filePath(u"flat.json"_s);
-    QVERIFY(
-        writeFile(file, R"({"apiKey": "oud", "printerIP": "192.168.1.50", "printerPort": 6101})"));
-
-    QCOMPARE(settings.importSettings(file), std::nullopt);
-    QCOMPARE(settings.dossiers(), QList<Dossier>{Dossier::defaultDossier()});
-    QVERIFY(settings.printers().isEmpty());
-    QCOMPARE(settings.templates(), QList<LabelTemplate>{LabelTemplate::defaultTemplate()});
     QVERIFY(!settings.isConfigured());
+    // Keys the file lacks take their defaults, not the old values.
+    const SettingsData defaults;
+    QCOMPARE(settings.settingsWindowWidth(), defaults.settingsWindowWidth);
+    QCOMPARE(settings.settingsWindowHeight(), defaults.settingsWindowHeight);
+    QCOMPARE(settings.columnWidthCheckbox(), defaults.columnWidthCheckbox);
+    QCOMPARE(settings.columnWidthSKU(), defaults.columnWidthSKU);
+    QCOMPARE(settings.columnWidthName(), defaults.columnWidthName);
+    QCOMPARE(settings.columnWidthPrice(), defaults.columnWidthPrice);
+    QCOMPARE(settings.columnWidthBarcode(), defaults.columnWidthBarcode);
 }
 
 void TestSettingsImportExport::importRepairsSelections()
 {
-    TestHome home;
-    AppSettings settings;
-    const QString file = m_files.filePath(u"stale-selection.json"_s);
+    const QString file = filePath(u"stale-selection.json"_s);
     QVERIFY(writeFile(file, R"({
         "dossiers": [{"apiKey": "", "id": "6C1F2A6E-8F43-4D25-9E0B-1E8D5D3F4A01", "name": "A"},
                      {"apiKey": "", "id": "6C1F2A6E-8F43-4D25-9E0B-1E8D5D3F4A02", "name": "B"}],
         "selectedDossierID": "6C1F2A6E-8F43-4D25-9E0B-1E8D5D3F4AFF",
         "templates": [{"id": "8E3F4C80-A165-4F47-901D-3FAF7F516C01", "name": "T", "zplContent": ""}]})"));
 
-    QCOMPARE(settings.importSettings(file), std::nullopt);
-    QCOMPARE(settings.selectedDossierID(),
+    QCOMPARE(m_settings->importSettings(file), std::nullopt);
+    QCOMPARE(m_settings->selectedDossierID(),
              QUuid::fromString(u"6C1F2A6E-8F43-4D25-9E0B-1E8D5D3F4A01"));
-    QCOMPARE(settings.selectedTemplateID(),
+    QCOMPARE(m_settings->selectedTemplateID(),
              QUuid::fromString(u"8E3F4C80-A165-4F47-901D-3FAF7F516C01"));
 }
 
@@ -201,6 +278,7 @@ void TestSettingsImportExport::failedImportChangesNothing_data()
     QTest::newRow("bad record")
         << QByteArray(R"({"printers": [{"id": "x", "name": "P", "ipAddress": "", "port": 9100}]})")
         << true;
+    // Missing by the time it is read.
     QTest::newRow("missing file") << QByteArray() << false;
 }
 
@@ -208,43 +286,77 @@ void TestSettingsImportExport::failedImportChangesNothing()
 {
     QFETCH(QByteArray, content);
     QFETCH(bool, fileExists);
-    TestHome home;
-    const QString file = m_files.filePath(u"import.json"_s);
-    QFile::remove(file);
+    m_dialogs.chosenPath = filePath(u"import.json"_s);
     if (fileExists)
-        QVERIFY(writeFile(file, content));
+        QVERIFY(writeFile(*m_dialogs.chosenPath, content));
+    const QByteArray before = snapshot(*m_settings);
+    SettingsSignalRecorder recorder(*m_settings);
 
-    AppSettings reference;
-    configure(reference);
-    AppSettings settings;
-    configure(settings);
-    // Both stores hold the same configuration, ids included.
-    settings.setDossiers(reference.dossiers());
-    settings.setPrinters(reference.printers());
-    settings.setTemplates(reference.templates());
-    settings.setSelectedDossierID(reference.selectedDossierID());
-    settings.setSelectedTemplateID(reference.selectedTemplateID());
-    settings.savePendingChanges();
-    reference.savePendingChanges();
-    SettingsSignalRecorder recorder(settings);
+    SettingsFileHelper::importSettings(*m_settings, m_dialogs);
 
-    const std::optional<QString> error = settings.importSettings(file);
-    QVERIFY(error);
-    QVERIFY(!error->isEmpty());
+    QCOMPARE(m_dialogs.messages.size(), 1);
+    verifyFailure(m_dialogs.messages[0], u"Import Mislukt"_s,
+                  u"Kon de instellingen niet importeren: "_s);
     QVERIFY2(recorder.changed().isEmpty(), qPrintable(recorder.changed().join(u',')));
-    QVERIFY(!settings.isSavePending());
-    compareAll(settings, reference);
+    QVERIFY(!m_settings->isSavePending());
+    QCOMPARE(snapshot(*m_settings), before);
+}
+
+void TestSettingsImportExport::failedExportIsReported_data()
+{
+    QTest::addColumn<QString>("blocker");
+    QTest::newRow("missing directory") << QString();
+    // Beneath a regular file nothing can be created, whoever runs the test.
+    QTest::newRow("beneath a file") << u"blocker"_s;
 }
 
 void TestSettingsImportExport::failedExportIsReported()
 {
-    TestHome home;
-    AppSettings settings;
-    const QString target = m_files.filePath(u"no-such-directory/stampix-settings.json"_s);
-    const std::optional<QString> error = settings.exportSettings(target);
-    QVERIFY(error);
-    QVERIFY(!error->isEmpty());
-    QVERIFY(!QFile::exists(target));
+    QFETCH(QString, blocker);
+    const QString parent = filePath(blocker.isEmpty() ? u"no-such-directory"_s : blocker);
+    if (!blocker.isEmpty())
+        QVERIFY(writeFile(parent, "x"));
+    m_dialogs.chosenPath = parent + u"/stampix-settings.json"_s;
+
+    SettingsFileHelper::exportSettings(*m_settings, m_dialogs);
+
+    QCOMPARE(m_dialogs.messages.size(), 1);
+    verifyFailure(m_dialogs.messages[0], u"Export Mislukt"_s,
+                  u"Kon de instellingen niet exporteren: "_s);
+    QVERIFY(!QFile::exists(*m_dialogs.chosenPath));
+    if (!blocker.isEmpty())
+        QCOMPARE(readFile(parent), QByteArray("x"));
+}
+
+void TestSettingsImportExport::cancellingShowsNothingAndChangesNothing()
+{
+    const QByteArray before = snapshot(*m_settings);
+
+    // A dialog that returns an empty path has not chosen anything either.
+    for (const std::optional<QString>& answer :
+         {std::optional<QString>(), std::optional(QString())}) {
+        m_dialogs.reset(answer);
+        SettingsFileHelper::exportSettings(*m_settings, m_dialogs);
+        SettingsFileHelper::importSettings(*m_settings, m_dialogs);
+        QVERIFY(m_dialogs.messages.isEmpty());
+    }
+
+    QCOMPARE(snapshot(*m_settings), before);
+    QVERIFY(!m_settings->isSavePending());
+    QVERIFY(QDir(m_files->path()).isEmpty());
+
+    // What the dialogs were asked to show.
+    QCOMPARE(m_dialogs.saveRequests.size(), 1);
+    const SettingsFileDialogs::FileRequest& save = m_dialogs.saveRequests[0];
+    QCOMPARE(save.title, u"Exporteer Instellingen"_s);
+    QCOMPARE(save.message, u"Kies een locatie om de instellingen op te slaan"_s);
+    QCOMPARE(save.proposedFileName, u"stampix-settings.json"_s);
+    QCOMPARE(save.nameFilter, u"JSON (*.json)"_s);
+    QCOMPARE(m_dialogs.openRequests.size(), 1);
+    const SettingsFileDialogs::FileRequest& open = m_dialogs.openRequests[0];
+    QCOMPARE(open.title, u"Importeer Instellingen"_s);
+    QCOMPARE(open.message, u"Selecteer een settings.json bestand om te importeren"_s);
+    QCOMPARE(open.nameFilter, u"JSON (*.json)"_s);
 }
 
 QTEST_GUILESS_MAIN(TestSettingsImportExport)
