@@ -8,12 +8,10 @@
 #include <QCoroTask>
 #include <QElapsedTimer>
 #include <QNetworkProxy>
-#include <QSet>
 #include <QSignalSpy>
 #include <QTcpServer>
 #include <QtTest>
 #include <memory>
-#include <vector>
 
 using namespace Qt::StringLiterals;
 using namespace std::chrono_literals;
@@ -63,14 +61,12 @@ private slots:
     void deliversExactlyTheUtf8Bytes();
     void reachesAnIPv6Literal();
     void emptyAddressNeverConnects();
-    void portOutsideSixteenBitsNeverConnects_data();
-    void portOutsideSixteenBitsNeverConnects();
-    void refusedConnectionFailsAtOnce();
+    void unusablePortFailsAtOnce_data();
+    void unusablePortFailsAtOnce();
     void unansweredConnectionEndsAtTheTimeOut();
     void stalledPrinterEndsAtTheTimeOut();
     void brokenPeerIsASendFailure_data();
     void brokenPeerIsASendFailure();
-    void concurrentSendsEachGetTheirOwnConnection();
     void jobFinishesOnceAndIgnoresTheLateTimer();
     void serviceMayGoAwayWhileSending();
     void connectionTestSendsTheTestLabel();
@@ -80,7 +76,6 @@ private slots:
 void PrinterServiceTest::initTestCase()
 {
     QNetworkProxy::setApplicationProxy(QNetworkProxy::NoProxy);
-    QCOMPARE(PrinterService::kTestLabel.toUtf8().size(), 41);
 }
 
 void PrinterServiceTest::deliversExactlyTheUtf8Bytes_data()
@@ -144,33 +139,21 @@ void PrinterServiceTest::emptyAddressNeverConnects()
     QCOMPARE(sink.connectionCount(), 0);
 }
 
-void PrinterServiceTest::portOutsideSixteenBitsNeverConnects_data()
+void PrinterServiceTest::unusablePortFailsAtOnce_data()
 {
-    QTest::addColumn<qint64>("port");
+    QTest::addColumn<qint64>("port"); // 0: a port nobody listens on
+    QTest::newRow("refused") << qint64(0);
     QTest::newRow("negative") << qint64(-1);
     QTest::newRow("65536") << qint64(65536);
     // Would wrap to a valid 16-bit port if it were truncated.
     QTest::newRow("wraps onto a real port") << qint64(65536 + 9100);
 }
 
-void PrinterServiceTest::portOutsideSixteenBitsNeverConnects()
+void PrinterServiceTest::unusablePortFailsAtOnce()
 {
     QFETCH(qint64, port);
-    const PrinterService service(5s);
-
-    QElapsedTimer clock;
-    clock.start();
-    const SendResult result = send(service, u"^XA^XZ"_s, kLocalhost, port);
-    QVERIFY(result);
-    QCOMPARE(result->kind(), PrinterError::Kind::connectionFailed);
-    QVERIFY(result->errorDescription().startsWith(u"Verbinding mislukt: "_s));
-    QVERIFY(!result->payload().isEmpty());
-    QVERIFY(clock.elapsed() < 1000);
-}
-
-void PrinterServiceTest::refusedConnectionFailsAtOnce()
-{
-    const quint16 port = closedPort();
+    if (port == 0)
+        port = closedPort();
     QVERIFY(port != 0);
     const PrinterService service(5s);
 
@@ -179,6 +162,7 @@ void PrinterServiceTest::refusedConnectionFailsAtOnce()
     const SendResult result = send(service, u"^XA^XZ"_s, kLocalhost, port);
     QVERIFY(result);
     QCOMPARE(result->kind(), PrinterError::Kind::connectionFailed);
+    QVERIFY(result->errorDescription().startsWith(u"Verbinding mislukt: "_s));
     QVERIFY(!result->payload().isEmpty());
     QVERIFY2(clock.elapsed() < 2000, "a refusal must not wait for the time-out");
 }
@@ -238,33 +222,6 @@ void PrinterServiceTest::brokenPeerIsASendFailure()
     QVERIFY(result->errorDescription().startsWith(u"Verzenden mislukt: "_s));
     QVERIFY(clock.elapsed() < 3000);
     QVERIFY(sink.jobs().isEmpty());
-}
-
-void PrinterServiceTest::concurrentSendsEachGetTheirOwnConnection()
-{
-    constexpr int kSends = 6;
-    LabelSink sink;
-    QVERIFY(sink.listen());
-    const PrinterService service(300ms);
-
-    std::vector<QCoro::Task<SendResult>> tasks;
-    QSet<QByteArray> expected;
-    for (int i = 0; i < kSends; ++i) {
-        const QString label = u"^XA^FDlabel %1^FS^XZ"_s.arg(i);
-        expected.insert(label.toUtf8());
-        tasks.push_back(service.sendZPL(label, kLocalhost, sink.port()));
-    }
-    for (auto& task : tasks) {
-        const SendResult result = awaitTask(std::move(task));
-        QVERIFY2(!result, qPrintable(describe(result)));
-    }
-    QTRY_COMPARE(sink.jobs().size(), kSends);
-    QCOMPARE(QSet<QByteArray>(sink.jobs().cbegin(), sink.jobs().cend()), expected);
-
-    // Past every time-out: the late timers change nothing.
-    QTest::qWait(400);
-    QCOMPARE(sink.connectionCount(), kSends);
-    QCOMPARE(sink.jobs().size(), kSends);
 }
 
 void PrinterServiceTest::jobFinishesOnceAndIgnoresTheLateTimer()
