@@ -1,10 +1,12 @@
 #include "ProductSortProxy.h"
 
-#include "ProductTableModel.h"
 #include "services/Product.h"
 
 #include <QCollator>
 #include <QLocale>
+#include <algorithm>
+#include <climits>
+#include <numeric>
 
 namespace {
 
@@ -21,24 +23,52 @@ QCollator fileBrowserCollator()
     return collator;
 }
 
-int compareNumbers(double left, double right)
+QString sortText(const Product& product, int column)
 {
-    return left < right ? -1 : (right < left ? 1 : 0);
+    switch (column) {
+    case ProductTableModel::kSKUColumn:
+        return product.sku();
+    case ProductTableModel::kNameColumn:
+        return product.displayName();
+    case ProductTableModel::kBarcodeColumn:
+        return product.barcode();
+    default:
+        return {};
+    }
 }
 
 } // namespace
 
+// One sort key bound to its per-row values, compared by source row.
+struct ProductSortProxy::ResolvedKey
+{
+    const std::vector<QCollatorSortKey>* texts = nullptr;
+    const std::vector<double>* numbers = nullptr;
+    bool descending = false;
+
+    int compare(int left, int right) const
+    {
+        if (descending)
+            std::swap(left, right);
+        if (texts)
+            return (*texts)[left].compare((*texts)[right]);
+        const double a = (*numbers)[left];
+        const double b = (*numbers)[right];
+        return a < b ? -1 : (b < a ? 1 : 0);
+    }
+};
+
 ProductSortProxy::ProductSortProxy(ProductTableModel& table, QObject* parent)
-    : QSortFilterProxyModel(parent),
+    : QAbstractProxyModel(parent),
       m_table(table), m_sortOrder{{ProductTableModel::kSKUColumn, Qt::AscendingOrder}}
 {
-    // Stale before the rows change: any sort after the reset recomputes the keys first.
+    QAbstractProxyModel::setSourceModel(&m_table);
     connect(&m_table, &QAbstractItemModel::modelAboutToBeReset, this,
-            &ProductSortProxy::markKeysStale);
-    connect(&m_table, &QAbstractItemModel::modelReset, this, &ProductSortProxy::markKeysStale);
-    setSourceModel(&m_table);
-    setDynamicSortFilter(true);
-    sort(m_sortOrder.first().column, m_sortOrder.first().order);
+            &ProductSortProxy::beginSourceReset);
+    connect(&m_table, &QAbstractItemModel::modelReset, this, &ProductSortProxy::endSourceReset);
+    connect(&m_table, &QAbstractItemModel::dataChanged, this,
+            &ProductSortProxy::forwardDataChanged);
+    sortMapping();
 }
 
 bool ProductSortProxy::isSortable(int column)
@@ -53,89 +83,192 @@ void ProductSortProxy::setSortOrder(const QList<SortKey>& keys)
         if (isSortable(key.column))
             sortable.append(key);
     }
-    if (sortable.isEmpty())
+    // The rows are always in the current order; the same keys change nothing.
+    if (sortable.isEmpty() || sortable == m_sortOrder)
         return;
     m_sortOrder = sortable;
-    const SortKey& first = m_sortOrder.first();
-    if (sortColumn() == first.column && QSortFilterProxyModel::sortOrder() == first.order)
-        invalidate(); // same first key, the tie-breakers may differ
-    else
-        sort(first.column, first.order);
+    resort();
 }
 
 void ProductSortProxy::promoteColumn(int column)
 {
+    const SortKey& first = m_sortOrder.first();
+    const bool reverse = first.column == column && first.order == Qt::AscendingOrder;
+    sort(column, reverse ? Qt::DescendingOrder : Qt::AscendingOrder);
+}
+
+void ProductSortProxy::sort(int column, Qt::SortOrder order)
+{
     if (!isSortable(column))
         return;
     QList<SortKey> keys = m_sortOrder;
-    if (keys.first().column == column) {
-        keys.first().order =
-            keys.first().order == Qt::AscendingOrder ? Qt::DescendingOrder : Qt::AscendingOrder;
-    } else {
-        keys.removeIf([column](const SortKey& key) { return key.column == column; });
-        keys.prepend({column, Qt::AscendingOrder});
-    }
+    keys.removeIf([column](const SortKey& key) { return key.column == column; });
+    keys.prepend({column, order});
     setSortOrder(keys);
 }
 
 const Product& ProductSortProxy::productAt(int proxyRow) const
 {
-    return m_table.productAt(mapToSource(index(proxyRow, 0)).row());
+    Q_ASSERT(proxyRow >= 0 && proxyRow < rowCount());
+    return m_table.productAt(m_proxyToSource[size_t(proxyRow)]);
 }
 
-bool ProductSortProxy::lessThan(const QModelIndex& left, const QModelIndex& right) const
+QModelIndex ProductSortProxy::index(int row, int column, const QModelIndex& parent) const
 {
-    ensureCollationKeys();
-    // The base class swaps the arguments for a descending first key; keys that run
-    // the other way than the first one are flipped back here.
-    const Qt::SortOrder primary = QSortFilterProxyModel::sortOrder();
-    for (const SortKey& key : m_sortOrder) {
-        const int result = compare(key.column, left.row(), right.row());
-        if (result != 0)
-            return key.order == primary ? result < 0 : result > 0;
-    }
-    return false;
+    if (!hasIndex(row, column, parent))
+        return {};
+    return createIndex(row, column);
 }
 
-int ProductSortProxy::compare(int column, int leftRow, int rightRow) const
+QModelIndex ProductSortProxy::parent(const QModelIndex&) const
 {
-    switch (column) {
-    case ProductTableModel::kSKUColumn:
-        return m_skuKeys[leftRow].compare(m_skuKeys[rightRow]);
-    case ProductTableModel::kNameColumn:
-        return m_nameKeys[leftRow].compare(m_nameKeys[rightRow]);
-    case ProductTableModel::kBarcodeColumn:
-        return m_barcodeKeys[leftRow].compare(m_barcodeKeys[rightRow]);
-    case ProductTableModel::kPriceColumn:
-        return compareNumbers(m_table.productAt(leftRow).sortablePrice(),
-                              m_table.productAt(rightRow).sortablePrice());
-    default:
-        return 0;
-    }
+    return {};
 }
 
-void ProductSortProxy::markKeysStale()
+int ProductSortProxy::rowCount(const QModelIndex& parent) const
 {
-    m_keysStale = true;
+    return parent.isValid() ? 0 : int(m_proxyToSource.size());
 }
 
-void ProductSortProxy::ensureCollationKeys() const
+int ProductSortProxy::columnCount(const QModelIndex& parent) const
 {
-    if (!m_keysStale)
+    return parent.isValid() ? 0 : m_table.columnCount();
+}
+
+QModelIndex ProductSortProxy::mapToSource(const QModelIndex& proxyIndex) const
+{
+    if (!proxyIndex.isValid())
+        return {};
+    Q_ASSERT(proxyIndex.model() == this);
+    return m_table.index(m_proxyToSource[size_t(proxyIndex.row())], proxyIndex.column());
+}
+
+QModelIndex ProductSortProxy::mapFromSource(const QModelIndex& sourceIndex) const
+{
+    if (!sourceIndex.isValid() || sourceIndex.model() != &m_table)
+        return {};
+    return index(m_sourceToProxy[size_t(sourceIndex.row())], sourceIndex.column());
+}
+
+QVariant ProductSortProxy::headerData(int section, Qt::Orientation orientation, int role) const
+{
+    // Columns are the table's own; the base class would look them up through row 0.
+    if (orientation == Qt::Vertical && section >= 0 && section < rowCount())
+        section = m_proxyToSource[size_t(section)];
+    return m_table.headerData(section, orientation, role);
+}
+
+void ProductSortProxy::beginSourceReset()
+{
+    beginResetModel();
+}
+
+void ProductSortProxy::endSourceReset()
+{
+    for (std::vector<QCollatorSortKey>& keys : m_collationKeys)
+        keys.clear();
+    m_collationKeysReady.fill(false);
+    m_prices.clear();
+    m_pricesReady = false;
+    sortMapping();
+    endResetModel();
+}
+
+void ProductSortProxy::forwardDataChanged(const QModelIndex& topLeft,
+                                          const QModelIndex& bottomRight, const QList<int>& roles)
+{
+    if (!topLeft.isValid() || !bottomRight.isValid())
         return;
+    // A run of source rows lies scattered over the proxy; one range covers them all.
+    int first = INT_MAX;
+    int last = -1;
+    for (int row = topLeft.row(); row <= bottomRight.row(); ++row) {
+        const int proxyRow = m_sourceToProxy[size_t(row)];
+        first = std::min(first, proxyRow);
+        last = std::max(last, proxyRow);
+    }
+    emit dataChanged(index(first, topLeft.column()), index(last, bottomRight.column()), roles);
+}
+
+void ProductSortProxy::resort()
+{
+    emit layoutAboutToBeChanged({}, QAbstractItemModel::VerticalSortHint);
+    const QModelIndexList before = persistentIndexList();
+    std::vector<int> sourceRows;
+    sourceRows.reserve(size_t(before.size()));
+    for (const QModelIndex& index : before)
+        sourceRows.push_back(m_proxyToSource[size_t(index.row())]);
+
+    sortMapping();
+
+    // Selection and current row stay on their products.
+    QModelIndexList after;
+    after.reserve(before.size());
+    for (qsizetype i = 0; i < before.size(); ++i)
+        after.append(index(m_sourceToProxy[size_t(sourceRows[size_t(i)])], before[i].column()));
+    changePersistentIndexList(before, after);
+    emit layoutChanged({}, QAbstractItemModel::VerticalSortHint);
+}
+
+void ProductSortProxy::sortMapping()
+{
+    const std::vector<ResolvedKey> keys = resolveKeys();
+    const size_t rows = size_t(m_table.rowCount());
+    // Stable from the view model's order, so rows equal under all keys keep it.
+    m_proxyToSource.resize(rows);
+    std::iota(m_proxyToSource.begin(), m_proxyToSource.end(), 0);
+    std::stable_sort(m_proxyToSource.begin(), m_proxyToSource.end(), [&keys](int left, int right) {
+        for (const ResolvedKey& key : keys) {
+            if (const int result = key.compare(left, right))
+                return result < 0;
+        }
+        return false;
+    });
+    m_sourceToProxy.resize(rows);
+    for (size_t proxyRow = 0; proxyRow < rows; ++proxyRow)
+        m_sourceToProxy[size_t(m_proxyToSource[proxyRow])] = int(proxyRow);
+}
+
+std::vector<ProductSortProxy::ResolvedKey> ProductSortProxy::resolveKeys()
+{
+    std::vector<ResolvedKey> keys;
+    keys.reserve(size_t(m_sortOrder.size()));
+    for (const SortKey& key : m_sortOrder) {
+        ResolvedKey resolved;
+        resolved.descending = key.order == Qt::DescendingOrder;
+        if (key.column == ProductTableModel::kPriceColumn)
+            resolved.numbers = &prices();
+        else
+            resolved.texts = &collationKeys(key.column);
+        keys.push_back(resolved);
+    }
+    return keys;
+}
+
+const std::vector<QCollatorSortKey>& ProductSortProxy::collationKeys(int column)
+{
+    std::vector<QCollatorSortKey>& keys = m_collationKeys[size_t(column)];
+    if (m_collationKeysReady[size_t(column)])
+        return keys;
     const QCollator collator = fileBrowserCollator();
     const int rows = m_table.rowCount();
-    m_skuKeys.clear();
-    m_nameKeys.clear();
-    m_barcodeKeys.clear();
-    m_skuKeys.reserve(rows);
-    m_nameKeys.reserve(rows);
-    m_barcodeKeys.reserve(rows);
-    for (int row = 0; row < rows; ++row) {
-        const Product& product = m_table.productAt(row);
-        m_skuKeys.push_back(collator.sortKey(product.sku()));
-        m_nameKeys.push_back(collator.sortKey(product.displayName()));
-        m_barcodeKeys.push_back(collator.sortKey(product.barcode()));
-    }
-    m_keysStale = false;
+    keys.clear();
+    keys.reserve(size_t(rows));
+    for (int row = 0; row < rows; ++row)
+        keys.push_back(collator.sortKey(sortText(m_table.productAt(row), column)));
+    m_collationKeysReady[size_t(column)] = true;
+    return keys;
+}
+
+const std::vector<double>& ProductSortProxy::prices()
+{
+    if (m_pricesReady)
+        return m_prices;
+    const int rows = m_table.rowCount();
+    m_prices.clear();
+    m_prices.reserve(size_t(rows));
+    for (int row = 0; row < rows; ++row)
+        m_prices.push_back(m_table.productAt(row).sortablePrice());
+    m_pricesReady = true;
+    return m_prices;
 }

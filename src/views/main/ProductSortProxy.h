@@ -1,18 +1,23 @@
 #pragma once
 
+#include "ProductTableModel.h"
+
+#include <QAbstractProxyModel>
 #include <QCollatorSortKey>
 #include <QList>
-#include <QSortFilterProxyModel>
+#include <array>
 #include <vector>
 
-class ProductTableModel;
 struct Product;
 
 // Sorts the product rows by a list of keys, the first deciding and the others
 // breaking ties; rows equal under all keys keep the view model's order. Text
 // compares like a file browser does (case-insensitive, the user's language,
-// digit runs by value) through collation keys computed once per row set.
-class ProductSortProxy : public QSortFilterProxyModel
+// digit runs by value) through collation keys computed at most once per row
+// set and column. The table only ever resets its rows or changes its check
+// column, so the proxy keeps a plain row mapping and sorts it over the keys
+// directly instead of going through QModelIndex comparisons.
+class ProductSortProxy : public QAbstractProxyModel
 {
     Q_OBJECT
 
@@ -36,18 +41,37 @@ public:
 
     const Product& productAt(int proxyRow) const;
 
-protected:
-    bool lessThan(const QModelIndex& left, const QModelIndex& right) const override;
+    QModelIndex index(int row, int column, const QModelIndex& parent = {}) const override;
+    QModelIndex parent(const QModelIndex& child) const override;
+    int rowCount(const QModelIndex& parent = {}) const override;
+    int columnCount(const QModelIndex& parent = {}) const override;
+    QModelIndex mapToSource(const QModelIndex& proxyIndex) const override;
+    QModelIndex mapFromSource(const QModelIndex& sourceIndex) const override;
+    QVariant headerData(int section, Qt::Orientation orientation,
+                        int role = Qt::DisplayRole) const override;
+    // The column becomes the first key in this order; the others stay behind it.
+    void sort(int column, Qt::SortOrder order = Qt::AscendingOrder) override;
 
 private:
-    int compare(int column, int leftRow, int rightRow) const;
-    void markKeysStale();
-    void ensureCollationKeys() const;
+    struct ResolvedKey;
+
+    void beginSourceReset();
+    void endSourceReset();
+    void forwardDataChanged(const QModelIndex& topLeft, const QModelIndex& bottomRight,
+                            const QList<int>& roles);
+    void resort();
+    void sortMapping();
+    std::vector<ResolvedKey> resolveKeys();
+    const std::vector<QCollatorSortKey>& collationKeys(int column);
+    const std::vector<double>& prices();
 
     ProductTableModel& m_table;
     QList<SortKey> m_sortOrder;
-    mutable bool m_keysStale = true;
-    mutable std::vector<QCollatorSortKey> m_skuKeys;
-    mutable std::vector<QCollatorSortKey> m_nameKeys;
-    mutable std::vector<QCollatorSortKey> m_barcodeKeys;
+    std::vector<int> m_proxyToSource;
+    std::vector<int> m_sourceToProxy;
+    // Filled on first use after a reset; indexed by source row.
+    std::array<std::vector<QCollatorSortKey>, ProductTableModel::kColumnCount> m_collationKeys;
+    std::array<bool, ProductTableModel::kColumnCount> m_collationKeysReady{};
+    std::vector<double> m_prices;
+    bool m_pricesReady = false;
 };

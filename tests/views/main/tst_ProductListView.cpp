@@ -39,6 +39,8 @@ private:
     ProductListView* listView() const;
     QList<qint64> checkedInDisplayOrder() const;
     qint64 idAt(int row) const;
+    // The product of the one selected row, which is also the current row; -1 otherwise.
+    qint64 selectedRowID() const;
     void clickHeader(int column);
 
     std::unique_ptr<Fixture> m_fixture;
@@ -85,6 +87,14 @@ QTableView* ProductListViewTest::table() const
 qint64 ProductListViewTest::idAt(int row) const
 {
     return table()->model()->index(row, 0).data(ProductTableModel::kProductIDRole).toLongLong();
+}
+
+qint64 ProductListViewTest::selectedRowID() const
+{
+    const QModelIndexList rows = table()->selectionModel()->selectedRows();
+    if (rows.size() != 1 || table()->currentIndex().row() != rows.first().row())
+        return -1;
+    return idAt(rows.first().row());
 }
 
 QList<qint64> ProductListViewTest::checkedInDisplayOrder() const
@@ -213,13 +223,19 @@ void ProductListViewTest::headerClicksSortAndTheCheckColumnDoesNot()
     QHeaderView* header = table()->horizontalHeader();
     QCOMPARE(header->sortIndicatorSection(), ProductTableModel::kSKUColumn);
     QCOMPARE(header->sortIndicatorOrder(), Qt::AscendingOrder);
+    m_viewModel->setSelectedProductID(30);
+    QCOMPARE(selectedRowID(), 30);
 
+    // The selected product stays selected wherever the sort puts it.
     clickHeader(ProductTableModel::kNameColumn);
     QCOMPARE((QList<qint64>{idAt(0), idAt(1), idAt(2)}), (QList<qint64>{30, 20, 10}));
     QCOMPARE(header->sortIndicatorSection(), ProductTableModel::kNameColumn);
+    QCOMPARE(selectedRowID(), 30);
     clickHeader(ProductTableModel::kNameColumn);
     QCOMPARE((QList<qint64>{idAt(0), idAt(1), idAt(2)}), (QList<qint64>{10, 20, 30}));
     QCOMPARE(header->sortIndicatorOrder(), Qt::DescendingOrder);
+    QCOMPARE(selectedRowID(), 30);
+    QCOMPARE(m_viewModel->selectedProductID(), 30);
 
     clickHeader(ProductTableModel::kCheckColumn);
     QCOMPARE((QList<qint64>{idAt(0), idAt(1), idAt(2)}), (QList<qint64>{10, 20, 30}));

@@ -5,11 +5,15 @@
 #include "viewmodels/ProductListViewModel.h"
 
 #include <QAbstractItemModelTester>
+#include <QItemSelectionModel>
 #include <QSignalSpy>
 #include <QTest>
 
 using namespace Qt::StringLiterals;
 using Fixture = ProductWindowFixture;
+using Key = ProductSortProxy::SortKey;
+
+Q_DECLARE_METATYPE(ProductSortProxy::SortKey)
 
 class ProductTableModelTest : public QObject
 {
@@ -22,16 +26,24 @@ private slots:
     void modelsStayConsistentThroughLoadFilterCheckAndSort();
     void cellsShowTheProductTexts();
     void checkingRefreshesOnlyTheCheckColumn();
+    void changedSourceRowsReachTheirSortedRows();
     void sortsArticleNumbersLikeAFileBrowser();
     void sortsLikeAFileBrowserInADutchLocaleToo();
     void equalKeysKeepTheServiceOrder();
     void headerClicksPromoteAndReverse();
+    void keysDecideInTurnEachInItsOwnOrder_data();
+    void keysDecideInTurnEachInItsOwnOrder();
+    void selectionAndCurrentRowFollowTheirProduct_data();
+    void selectionAndCurrentRowFollowTheirProduct();
     void priceSortsByNumberWithMissingAsZero();
     void keysFollowANewLoad();
 
 private:
     void load(const QList<Product>& products);
     QStringList column(int column) const;
+    QList<qint64> displayedIDs() const;
+    int displayedRow(qint64 id) const;
+    void loadTieBreakCatalogue();
 
     std::unique_ptr<Fixture> m_fixture;
     std::unique_ptr<AppSettings> m_settings;
@@ -76,6 +88,29 @@ QStringList ProductTableModelTest::column(int column) const
     for (int row = 0; row < m_proxy->rowCount(); ++row)
         texts.append(m_proxy->index(row, column).data().toString());
     return texts;
+}
+
+QList<qint64> ProductTableModelTest::displayedIDs() const
+{
+    QList<qint64> ids;
+    for (int row = 0; row < m_proxy->rowCount(); ++row)
+        ids.append(m_proxy->productAt(row).ID);
+    return ids;
+}
+
+int ProductTableModelTest::displayedRow(qint64 id) const
+{
+    return int(displayedIDs().indexOf(id));
+}
+
+// Names, prices and barcodes each repeat, so every key leaves ties for the next.
+void ProductTableModelTest::loadTieBreakCatalogue()
+{
+    load({Fixture::product(1, u"B"_s, u"Appel"_s, 2.0, u"3"_s),
+          Fixture::product(2, u"A"_s, u"Peer"_s, 1.0, u"1"_s),
+          Fixture::product(3, u"C"_s, u"Appel"_s, 1.0, u"2"_s),
+          Fixture::product(4, u"D"_s, u"Peer"_s, 2.0, u"1"_s),
+          Fixture::product(5, u"E"_s, u"Appel"_s, 2.0, u"1"_s)});
 }
 
 void ProductTableModelTest::modelsStayConsistentThroughLoadFilterCheckAndSort()
@@ -137,12 +172,15 @@ void ProductTableModelTest::cellsShowTheProductTexts()
 
 void ProductTableModelTest::checkingRefreshesOnlyTheCheckColumn()
 {
-    load({Fixture::product(1, u"A"_s, u"Een"_s), Fixture::product(2, u"B"_s, u"Twee"_s)});
+    // Displayed as A, B, C: the table's rows 0 and 1 trade places in the proxy.
+    load({Fixture::product(1, u"B"_s, u"Een"_s), Fixture::product(2, u"A"_s, u"Twee"_s),
+          Fixture::product(3, u"C"_s, u"Drie"_s)});
     QSignalSpy resets(m_table.get(), &QAbstractItemModel::modelReset);
     QSignalSpy changes(m_table.get(), &QAbstractItemModel::dataChanged);
+    QSignalSpy proxyChanges(m_proxy.get(), &QAbstractItemModel::dataChanged);
     QSignalSpy layouts(m_proxy.get(), &QAbstractItemModel::layoutChanged);
 
-    m_viewModel->toggleChecked(m_viewModel->products().at(1));
+    m_viewModel->toggleChecked(m_viewModel->products().at(0));
 
     QCOMPARE(resets.count(), 0);
     QCOMPARE(layouts.count(), 0);
@@ -151,9 +189,39 @@ void ProductTableModelTest::checkingRefreshesOnlyTheCheckColumn()
     const QModelIndex bottomRight = changes.first().at(1).toModelIndex();
     QCOMPARE(topLeft.column(), ProductTableModel::kCheckColumn);
     QCOMPARE(bottomRight.column(), ProductTableModel::kCheckColumn);
-    QCOMPARE(bottomRight.row(), 1);
-    QCOMPARE(m_proxy->index(1, 0).data(Qt::CheckStateRole).toInt(), int(Qt::Checked));
+    QCOMPARE(bottomRight.row(), 2);
+
+    QCOMPARE(proxyChanges.count(), 1);
+    const QModelIndex proxyTopLeft = proxyChanges.first().at(0).toModelIndex();
+    const QModelIndex proxyBottomRight = proxyChanges.first().at(1).toModelIndex();
+    QCOMPARE(proxyTopLeft.column(), ProductTableModel::kCheckColumn);
+    QCOMPARE(proxyBottomRight.column(), ProductTableModel::kCheckColumn);
+    QVERIFY(proxyTopLeft.row() <= 1 && proxyBottomRight.row() >= 1);
+    QCOMPARE(proxyChanges.first().at(2).value<QList<int>>(), QList<int>{Qt::CheckStateRole});
     QCOMPARE(m_proxy->index(0, 0).data(Qt::CheckStateRole).toInt(), int(Qt::Unchecked));
+    QCOMPARE(m_proxy->index(1, 0).data(Qt::CheckStateRole).toInt(), int(Qt::Checked));
+    QCOMPARE(m_proxy->index(2, 0).data(Qt::CheckStateRole).toInt(), int(Qt::Unchecked));
+}
+
+void ProductTableModelTest::changedSourceRowsReachTheirSortedRows()
+{
+    loadTieBreakCatalogue();
+    m_proxy->setSortOrder({{ProductTableModel::kNameColumn, Qt::AscendingOrder}});
+    QCOMPARE(displayedIDs(), (QList<qint64>{1, 3, 5, 2, 4}));
+    QSignalSpy changes(m_proxy.get(), &QAbstractItemModel::dataChanged);
+
+    // The table's rows 1 and 2 (products 2 and 3) are displayed at rows 3 and 1.
+    emit m_table->dataChanged(m_table->index(1, ProductTableModel::kCheckColumn),
+                              m_table->index(2, ProductTableModel::kCheckColumn));
+
+    QCOMPARE(changes.count(), 1);
+    const QModelIndex topLeft = changes.first().at(0).toModelIndex();
+    const QModelIndex bottomRight = changes.first().at(1).toModelIndex();
+    QCOMPARE(topLeft.model(), m_proxy.get());
+    QCOMPARE(topLeft.row(), 1);
+    QCOMPARE(bottomRight.row(), 3);
+    QCOMPARE(topLeft.column(), ProductTableModel::kCheckColumn);
+    QCOMPARE(bottomRight.column(), ProductTableModel::kCheckColumn);
 }
 
 void ProductTableModelTest::sortsArticleNumbersLikeAFileBrowser()
@@ -193,7 +261,6 @@ void ProductTableModelTest::equalKeysKeepTheServiceOrder()
 
 void ProductTableModelTest::headerClicksPromoteAndReverse()
 {
-    using Key = ProductSortProxy::SortKey;
     load({Fixture::product(1, u"3"_s, u"Appel"_s, 2.0), Fixture::product(2, u"1"_s, u"Peer"_s, 1.0),
           Fixture::product(3, u"2"_s, u"Appel"_s, 3.0)});
     QCOMPARE(m_proxy->sortOrder(),
@@ -220,6 +287,97 @@ void ProductTableModelTest::headerClicksPromoteAndReverse()
              (QList<Key>{{ProductTableModel::kSKUColumn, Qt::AscendingOrder},
                          {ProductTableModel::kNameColumn, Qt::DescendingOrder}}));
     QCOMPARE(column(ProductTableModel::kSKUColumn), (QStringList{u"1"_s, u"2"_s, u"3"_s}));
+
+    // The item model's own sort call puts the column in front in the given order.
+    m_proxy->sort(ProductTableModel::kPriceColumn, Qt::DescendingOrder);
+    QCOMPARE(m_proxy->sortOrder(),
+             (QList<Key>{{ProductTableModel::kPriceColumn, Qt::DescendingOrder},
+                         {ProductTableModel::kSKUColumn, Qt::AscendingOrder},
+                         {ProductTableModel::kNameColumn, Qt::DescendingOrder}}));
+    QCOMPARE(column(ProductTableModel::kSKUColumn), (QStringList{u"2"_s, u"3"_s, u"1"_s}));
+}
+
+void ProductTableModelTest::keysDecideInTurnEachInItsOwnOrder_data()
+{
+    constexpr int name = ProductTableModel::kNameColumn;
+    constexpr int price = ProductTableModel::kPriceColumn;
+    constexpr int barcode = ProductTableModel::kBarcodeColumn;
+    QTest::addColumn<QList<Key>>("keys");
+    QTest::addColumn<QList<qint64>>("ids");
+    QTest::newRow("name up, price down")
+        << QList<Key>{{name, Qt::AscendingOrder}, {price, Qt::DescendingOrder}}
+        << QList<qint64>{1, 5, 3, 4, 2};
+    QTest::newRow("name down, price up")
+        << QList<Key>{{name, Qt::DescendingOrder}, {price, Qt::AscendingOrder}}
+        << QList<qint64>{2, 4, 3, 1, 5};
+    QTest::newRow("price down, barcode up, name down") << QList<Key>{{price, Qt::DescendingOrder},
+                                                                     {barcode, Qt::AscendingOrder},
+                                                                     {name, Qt::DescendingOrder}}
+                                                       << QList<qint64>{4, 5, 1, 2, 3};
+    QTest::newRow("price up, barcode down")
+        << QList<Key>{{price, Qt::AscendingOrder}, {barcode, Qt::DescendingOrder}}
+        << QList<qint64>{3, 2, 1, 4, 5};
+    QTest::newRow("ties left keep the service order, descending too")
+        << QList<Key>{{name, Qt::DescendingOrder}} << QList<qint64>{2, 4, 1, 3, 5};
+    QTest::newRow("the check column is skipped")
+        << QList<Key>{{ProductTableModel::kCheckColumn, Qt::DescendingOrder},
+                      {name, Qt::AscendingOrder}}
+        << QList<qint64>{1, 3, 5, 2, 4};
+}
+
+void ProductTableModelTest::keysDecideInTurnEachInItsOwnOrder()
+{
+    QFETCH(QList<Key>, keys);
+    QFETCH(QList<qint64>, ids);
+    loadTieBreakCatalogue();
+    // Displayed in another order first: ties fall back on the service order, not on this one.
+    m_proxy->setSortOrder({{ProductTableModel::kSKUColumn, Qt::DescendingOrder}});
+    QCOMPARE(displayedIDs(), (QList<qint64>{5, 4, 3, 1, 2}));
+
+    m_proxy->setSortOrder(keys);
+    QCOMPARE(displayedIDs(), ids);
+}
+
+void ProductTableModelTest::selectionAndCurrentRowFollowTheirProduct_data()
+{
+    QTest::addColumn<QList<Key>>("keys");
+    QTest::addColumn<int>("movesTo");
+    QTest::newRow("name") << QList<Key>{{ProductTableModel::kNameColumn, Qt::AscendingOrder}} << 1;
+    QTest::newRow("price down, barcode")
+        << QList<Key>{{ProductTableModel::kPriceColumn, Qt::DescendingOrder},
+                      {ProductTableModel::kBarcodeColumn, Qt::AscendingOrder}}
+        << 4;
+    QTest::newRow("barcode") << QList<Key>{{ProductTableModel::kBarcodeColumn, Qt::AscendingOrder}}
+                             << 3;
+}
+
+void ProductTableModelTest::selectionAndCurrentRowFollowTheirProduct()
+{
+    QFETCH(QList<Key>, keys);
+    QFETCH(int, movesTo);
+    QAbstractItemModelTester tester(m_proxy.get(),
+                                    QAbstractItemModelTester::FailureReportingMode::QtTest);
+    loadTieBreakCatalogue();
+    QItemSelectionModel selection(m_proxy.get());
+    constexpr qint64 kFollowed = 3; // row 2 by article number
+    QCOMPARE(displayedRow(kFollowed), 2);
+    selection.setCurrentIndex(m_proxy->index(2, ProductTableModel::kNameColumn),
+                              QItemSelectionModel::ClearAndSelect | QItemSelectionModel::Rows);
+    const QPersistentModelIndex price = m_proxy->index(2, ProductTableModel::kPriceColumn);
+    QSignalSpy layouts(m_proxy.get(), &QAbstractItemModel::layoutChanged);
+
+    m_proxy->setSortOrder(keys);
+
+    QCOMPARE(displayedRow(kFollowed), movesTo);
+    QCOMPARE(layouts.count(), 1);
+    QCOMPARE(layouts.first().at(1).value<QAbstractItemModel::LayoutChangeHint>(),
+             QAbstractItemModel::VerticalSortHint);
+    QCOMPARE(selection.currentIndex(), m_proxy->index(movesTo, ProductTableModel::kNameColumn));
+    const QModelIndexList selected = selection.selectedRows();
+    QCOMPARE(selected.size(), 1);
+    QCOMPARE(selected.first().row(), movesTo);
+    QCOMPARE(price.row(), movesTo);
+    QCOMPARE(price.column(), int(ProductTableModel::kPriceColumn));
 }
 
 void ProductTableModelTest::priceSortsByNumberWithMissingAsZero()
@@ -234,13 +392,24 @@ void ProductTableModelTest::priceSortsByNumberWithMissingAsZero()
 
 void ProductTableModelTest::keysFollowANewLoad()
 {
-    load({Fixture::product(1, u"2"_s, u"oud"_s), Fixture::product(2, u"1"_s, u"oud"_s)});
-    QCOMPARE(column(ProductTableModel::kSKUColumn), (QStringList{u"1"_s, u"2"_s}));
-    load({Fixture::product(3, u"B"_s, u"nieuw"_s), Fixture::product(4, u"C"_s, u"nieuw"_s),
-          Fixture::product(5, u"A"_s, u"nieuw"_s)});
-    QCOMPARE(column(ProductTableModel::kSKUColumn), (QStringList{u"A"_s, u"B"_s, u"C"_s}));
+    QAbstractItemModelTester tester(m_proxy.get(),
+                                    QAbstractItemModelTester::FailureReportingMode::QtTest);
+    load({Fixture::product(1, u"2"_s, u"oud b"_s), Fixture::product(2, u"1"_s, u"oud c"_s),
+          Fixture::product(3, u"3"_s, u"oud a"_s)});
+    QCOMPARE(column(ProductTableModel::kSKUColumn), (QStringList{u"1"_s, u"2"_s, u"3"_s}));
+    m_proxy->promoteColumn(ProductTableModel::kNameColumn);
+    QCOMPARE(column(ProductTableModel::kSKUColumn), (QStringList{u"3"_s, u"2"_s, u"1"_s}));
+    const QPersistentModelIndex old = m_proxy->index(2, ProductTableModel::kNameColumn);
+
+    // Fewer rows, and names that sort the other way than the old ones did.
+    load({Fixture::product(4, u"B"_s, u"nieuw z"_s), Fixture::product(5, u"C"_s, u"nieuw y"_s)});
+    QVERIFY(!old.isValid());
+    QCOMPARE(column(ProductTableModel::kSKUColumn), (QStringList{u"C"_s, u"B"_s}));
+    m_proxy->promoteColumn(ProductTableModel::kSKUColumn);
+    QCOMPARE(column(ProductTableModel::kSKUColumn), (QStringList{u"B"_s, u"C"_s}));
     m_viewModel->setSearchText(u"c"_s);
     QCOMPARE(column(ProductTableModel::kSKUColumn), (QStringList{u"C"_s}));
+    QCOMPARE(m_proxy->mapFromSource(m_table->index(0, ProductTableModel::kSKUColumn)).row(), 0);
 }
 
 QTEST_MAIN(ProductTableModelTest)
