@@ -36,8 +36,7 @@ class ProductCatalogueTest : public QObject
 private slots:
     void sameProductsEveryTimeAndAcrossSizes();
     void checkDigitOfKnownCodes();
-    void everyBarcodeIsAValidUniqueEan13();
-    void identifiersAndArticleNumbersAreUnique();
+    void barcodesAreValidAndKeysUnique();
     void showsTheProgramsFallbacksAndNumericSort();
     void pagesFollowOffsetAndLimit();
     void largeCatalogueForLoadTests();
@@ -69,41 +68,31 @@ void ProductCatalogueTest::checkDigitOfKnownCodes()
     QCOMPARE(ProductCatalogue::ean13CheckDigit(u"978020137962"), 4);
 }
 
-void ProductCatalogueTest::everyBarcodeIsAValidUniqueEan13()
-{
-    const ProductCatalogue catalogue;
-    QSet<QString> seen;
-    for (qsizetype i = 0; i < catalogue.size(); ++i) {
-        const Product product = catalogue.product(i);
-        if (!product.BarCode)
-            continue;
-        QVERIFY2(isValidEan13(*product.BarCode), qPrintable(*product.BarCode));
-        QVERIFY2(product.BarCode->startsWith(u"87"_s), qPrintable(*product.BarCode));
-        QVERIFY(!seen.contains(*product.BarCode));
-        seen.insert(*product.BarCode);
-    }
-    QVERIFY(seen.size() > catalogue.size() * 9 / 10);
-}
-
-void ProductCatalogueTest::identifiersAndArticleNumbersAreUnique()
+void ProductCatalogueTest::barcodesAreValidAndKeysUnique()
 {
     const ProductCatalogue catalogue;
     QSet<qint64> ids;
-    QSet<QString> skus;
-    QSet<QString> names;
+    QSet<QString> skus, names, barcodes;
+    const auto unique = [](QSet<QString>& seen, const std::optional<QString>& value) {
+        if (!value)
+            return true;
+        const qsizetype before = seen.size();
+        seen.insert(*value);
+        return seen.size() > before;
+    };
     for (qsizetype i = 0; i < catalogue.size(); ++i) {
         const Product product = catalogue.product(i);
         QVERIFY(!ids.contains(product.ID));
         ids.insert(product.ID);
-        if (product.Sku) {
-            QVERIFY2(!skus.contains(*product.Sku), qPrintable(*product.Sku));
-            skus.insert(*product.Sku);
-        }
-        if (product.Name) {
-            QVERIFY2(!names.contains(*product.Name), qPrintable(*product.Name));
-            names.insert(*product.Name);
+        QVERIFY2(unique(skus, product.Sku), qPrintable(*product.Sku));
+        QVERIFY2(unique(names, product.Name), qPrintable(*product.Name));
+        QVERIFY2(unique(barcodes, product.BarCode), qPrintable(*product.BarCode));
+        if (product.BarCode) {
+            QVERIFY2(isValidEan13(*product.BarCode), qPrintable(*product.BarCode));
+            QVERIFY2(product.BarCode->startsWith(u"87"_s), qPrintable(*product.BarCode));
         }
     }
+    QVERIFY(barcodes.size() > catalogue.size() * 9 / 10);
 }
 
 void ProductCatalogueTest::showsTheProgramsFallbacksAndNumericSort()

@@ -55,38 +55,15 @@ class VirtualPrinterTest : public QObject
     Q_OBJECT
 
 private slots:
-    void writerKeepsEveryJobByteExact();
     void writerNeverReplacesAFile();
     void writerReportsAFolderItCannotUse();
     void firstFieldDataForTheLog_data();
     void firstFieldDataForTheLog();
     void eachConnectionBecomesOneFile();
     void programsTransportPrintsOnIt();
-    void refusingPrinterRefuses();
-    void hangingPrinterNeverAnswers();
+    void failingPrinterFails_data();
+    void failingPrinterFails();
 };
-
-void VirtualPrinterTest::writerKeepsEveryJobByteExact()
-{
-    QTemporaryDir dir;
-    LabelJobWriter writer(dir.filePath(u"printer-1"_s));
-    const QList<QByteArray> jobs{
-        "^XA^FDCr\xC3\xA8me br\xC3\xBBl\xC3\xA9"
-        "e^FS^XZ",
-        QByteArray("^XA\r\n\0\xFF^XZ\n", 11),
-        QByteArray(70'000, 'x'),
-    };
-    for (const QByteArray& job : jobs) {
-        QString error;
-        const std::optional<QString> path = writer.write(job, &error);
-        QVERIFY2(path, qPrintable(error));
-    }
-    QCOMPARE(jobFiles(writer.directory()),
-             (QStringList{u"job-000001.zpl"_s, u"job-000002.zpl"_s, u"job-000003.zpl"_s}));
-    for (int i = 0; i < jobs.size(); ++i)
-        QCOMPARE(readFile(QDir(writer.directory()).filePath(LabelJobWriter::fileName(i + 1))),
-                 jobs[i]);
-}
 
 void VirtualPrinterTest::writerNeverReplacesAFile()
 {
@@ -147,8 +124,9 @@ void VirtualPrinterTest::eachConnectionBecomesOneFile()
     QSignalSpy written(&printer, &VirtualPrinter::jobWritten);
     QSignalSpy empty(&printer, &VirtualPrinter::emptyConnection);
 
-    const QList<QByteArray> jobs{"^XA^FDeen^FS^XZ", "^XA^FDtwee\xE2\x82\xAC^FS^XZ",
-                                 QByteArray(200'000, 'z')};
+    // Kept byte for byte: UTF-8, control bytes, and more than one read's worth.
+    const QList<QByteArray> jobs{"^XA^FDtwee\xE2\x82\xAC^FS^XZ",
+                                 QByteArray("^XA\r\n\0\xFF^XZ\n", 11), QByteArray(200'000, 'z')};
     for (const QByteArray& job : jobs) {
         QVERIFY(sendRaw(printer.port(), job));
         QTRY_COMPARE_WITH_TIMEOUT(written.size(), jobs.indexOf(job) + 1, 5000);
@@ -156,7 +134,8 @@ void VirtualPrinterTest::eachConnectionBecomesOneFile()
     QVERIFY(sendRaw(printer.port(), {}));
     QTRY_COMPARE_WITH_TIMEOUT(empty.size(), 1, 5000);
 
-    QCOMPARE(jobFiles(printer.jobDirectory()).size(), jobs.size());
+    QCOMPARE(jobFiles(printer.jobDirectory()),
+             (QStringList{u"job-000001.zpl"_s, u"job-000002.zpl"_s, u"job-000003.zpl"_s}));
     for (int i = 0; i < jobs.size(); ++i) {
         const QString path = written.at(i).at(0).toString();
         QCOMPARE(path, QDir(printer.jobDirectory()).filePath(LabelJobWriter::fileName(i + 1)));
@@ -182,33 +161,30 @@ void VirtualPrinterTest::programsTransportPrintsOnIt()
     QCOMPARE(readFile(written.at(0).at(0).toString()), label.toUtf8());
 }
 
-void VirtualPrinterTest::refusingPrinterRefuses()
+void VirtualPrinterTest::failingPrinterFails_data()
 {
-    QTemporaryDir dir;
-    VirtualPrinter printer(u"p"_s, dir.path(), VirtualPrinter::Failure::refuse);
-    QString error;
-    QVERIFY(printer.start(0, &error));
-    QVERIFY(printer.port() != 0);
-
-    const PrinterService transport(5s);
-    const std::optional<PrinterError> failed =
-        QCoro::waitFor(transport.sendZPL(u"^XA^XZ"_s, u"127.0.0.1"_s, printer.port()));
-    QVERIFY(failed);
-    QCOMPARE(failed->kind(), PrinterError::Kind::connectionFailed);
+    QTest::addColumn<VirtualPrinter::Failure>("failure");
+    QTest::addColumn<PrinterError::Kind>("kind");
+    QTest::newRow("refuse") << VirtualPrinter::Failure::refuse
+                            << PrinterError::Kind::connectionFailed;
+    QTest::newRow("hang") << VirtualPrinter::Failure::hang << PrinterError::Kind::timeout;
 }
 
-void VirtualPrinterTest::hangingPrinterNeverAnswers()
+void VirtualPrinterTest::failingPrinterFails()
 {
+    QFETCH(VirtualPrinter::Failure, failure);
+    QFETCH(PrinterError::Kind, kind);
     QTemporaryDir dir;
-    VirtualPrinter printer(u"p"_s, dir.path(), VirtualPrinter::Failure::hang);
+    VirtualPrinter printer(u"p"_s, dir.path(), failure);
     QString error;
     QVERIFY2(printer.start(0, &error), qPrintable(error));
+    QVERIFY(printer.port() != 0);
 
     const PrinterService transport(300ms);
     const std::optional<PrinterError> failed =
         QCoro::waitFor(transport.sendZPL(u"^XA^XZ"_s, u"127.0.0.1"_s, printer.port()));
     QVERIFY(failed);
-    QCOMPARE(failed->kind(), PrinterError::Kind::timeout);
+    QCOMPARE(failed->kind(), kind);
     QVERIFY(jobFiles(dir.path()).isEmpty());
 }
 
