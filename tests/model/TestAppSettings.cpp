@@ -81,19 +81,8 @@ void TestAppSettings::everySetterNotifiesAndSchedulesEvenWhenUnchanged()
         [&] { settings.setColumnWidthPrice(settings.columnWidthPrice()); },
         [&] { settings.setColumnWidthBarcode(settings.columnWidthBarcode()); },
     };
-    const QStringList kProperties{u"bookyear"_s,
-                                  u"dossiers"_s,
-                                  u"selectedDossierID"_s,
-                                  u"printers"_s,
-                                  u"templates"_s,
-                                  u"selectedTemplateID"_s,
-                                  u"settingsWindowWidth"_s,
-                                  u"settingsWindowHeight"_s,
-                                  u"columnWidthCheckbox"_s,
-                                  u"columnWidthSKU"_s,
-                                  u"columnWidthName"_s,
-                                  u"columnWidthPrice"_s,
-                                  u"columnWidthBarcode"_s};
+    // In the recorder's order, which is the store's.
+    const QStringList kProperties = SettingsSignalRecorder::properties();
     for (qsizetype i = 0; i < kProperties.size(); ++i) {
         recorder.clear();
         kSameValueAssignments[i]();

@@ -102,19 +102,10 @@ void TestSettingsData::writtenFormIsSortedAndWithoutLegacyKeys()
     const QByteArray bytes = data.write();
 
     // Pretty-printed: the top-level keys each on their own line, in byte order.
-    const QStringList expectedOrder{u"bookyear"_s,
-                                    u"columnWidthBarcode"_s,
-                                    u"columnWidthCheckbox"_s,
-                                    u"columnWidthName"_s,
-                                    u"columnWidthPrice"_s,
-                                    u"columnWidthSKU"_s,
-                                    u"dossiers"_s,
-                                    u"printers"_s,
-                                    u"selectedDossierID"_s,
-                                    u"selectedTemplateID"_s,
-                                    u"settingsWindowHeight"_s,
-                                    u"settingsWindowWidth"_s,
-                                    u"templates"_s};
+    const QStringList expectedOrder =
+        u"bookyear columnWidthBarcode columnWidthCheckbox columnWidthName columnWidthPrice "
+        u"columnWidthSKU dossiers printers selectedDossierID selectedTemplateID "
+        u"settingsWindowHeight settingsWindowWidth templates"_s.split(u' ');
     QStringList topLevelKeys;
     static const QRegularExpression kTopLevelKey(u"^    \"(\\w+)\": "_s,
                                                  QRegularExpression::MultilineOption);

@@ -151,6 +151,7 @@ void TestSettingsRecords::equalityAndHashCoverEveryField()
 
 void TestSettingsRecords::defaultRecords()
 {
+    // Fixed ids: the defaults are the same records on every start.
     QCOMPARE(Dossier::defaultDossier().id, Dossier::defaultDossier().id);
     QVERIFY(!Dossier::defaultDossier().id.isNull());
     QCOMPARE(Dossier::defaultDossier().name, u"Standaard Dossier"_s);
@@ -160,14 +161,8 @@ void TestSettingsRecords::defaultRecords()
     QCOMPARE(labelTemplate.id, LabelTemplate::defaultTemplate().id);
     QCOMPARE(labelTemplate.name, u"Standaard Etiket"_s);
     QVERIFY(!labelTemplate.printerID && !labelTemplate.printerIP && !labelTemplate.printerPort);
+    // Its text is checked byte for byte where the demo prints it.
     QCOMPARE(labelTemplate.zplContent, LabelTemplate::kDefaultZPL);
-
-    const QByteArray zpl = LabelTemplate::kDefaultZPL.toUtf8();
-    QCOMPARE(zpl.size(), 116);
-    QCOMPARE(zpl.count('\n'), 4);
-    QVERIFY(!zpl.contains('\r'));
-    QVERIFY(zpl.startsWith("^XA\n^FO50,50^A0N,50,50^FD{{ARTIKELNR}}^FS\n"));
-    QVERIFY(zpl.endsWith("^FO50,180^A0N,35,35^FDE {{PRIJS}}^FS\n^XZ"));
 }
 
 QTEST_GUILESS_MAIN(TestSettingsRecords)
