@@ -60,7 +60,6 @@ private slots:
     void firstFieldDataForTheLog_data();
     void firstFieldDataForTheLog();
     void eachConnectionBecomesOneFile();
-    void programsTransportPrintsOnIt();
     void failingPrinterFails_data();
     void failingPrinterFails();
 };
@@ -142,23 +141,6 @@ void VirtualPrinterTest::eachConnectionBecomesOneFile()
         QCOMPARE(readFile(path), jobs[i]);
         QCOMPARE(written.at(i).at(1).toByteArray(), jobs[i]);
     }
-}
-
-void VirtualPrinterTest::programsTransportPrintsOnIt()
-{
-    QTemporaryDir dir;
-    VirtualPrinter printer(u"p"_s, dir.path());
-    QString error;
-    QVERIFY(printer.start(0, &error));
-    QSignalSpy written(&printer, &VirtualPrinter::jobWritten);
-
-    const QString label = u"^XA^FO50,50^FDRösti-pan Ø 24 cm^FS^XZ"_s;
-    const PrinterService transport(2s);
-    const std::optional<PrinterError> failed =
-        QCoro::waitFor(transport.sendZPL(label, u"127.0.0.1"_s, printer.port()));
-    QVERIFY2(!failed, failed ? qPrintable(failed->errorDescription()) : "");
-    QTRY_COMPARE_WITH_TIMEOUT(written.size(), 1, 5000);
-    QCOMPARE(readFile(written.at(0).at(0).toString()), label.toUtf8());
 }
 
 void VirtualPrinterTest::failingPrinterFails_data()
