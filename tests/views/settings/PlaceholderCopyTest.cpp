@@ -54,8 +54,7 @@ void PlaceholderCopyTest::init()
     m_harness = std::make_unique<SettingsViewHarness>();
     m_harness->view().setCopyFeedbackDuration(kFeedback);
     QVERIFY(m_harness->show());
-    m_harness->view().select(Kind::labelTemplate, m_harness->settings().templates().at(0).id);
-    m_page = m_harness->pageAs<TemplateEditorPage>();
+    m_page = m_harness->open<TemplateEditorPage>(Kind::labelTemplate);
     QVERIFY(m_page);
 }
 

@@ -75,10 +75,10 @@ void SettingsEditorsTest::bookyearIsSharedByEveryDossierPage()
     QCOMPARE(harness.settings().bookyear(), u"2026"_s);
     QVERIFY(harness.settings().isSavePending());
 
-    harness.view().select(Kind::dossier, harness.settings().dossiers().at(1).id);
-    QCOMPARE(harness.pageAs<DossierEditorPage>()->bookyearField()->text(), u"2026"_s);
+    QLineEdit* other = harness.open<DossierEditorPage>(Kind::dossier, 1)->bookyearField();
+    QCOMPARE(other->text(), u"2026"_s);
     // Any text is taken as typed.
-    QTest::keyClicks(harness.pageAs<DossierEditorPage>()->bookyearField(), u"x"_s);
+    QTest::keyClicks(other, u"x"_s);
     QCOMPARE(harness.settings().bookyear(), u"2026x"_s);
 }
 
@@ -94,8 +94,7 @@ void SettingsEditorsTest::dossierDeleteNeedsASecondDossier()
     QCOMPARE(harness.pageAs<DossierEditorPage>(), page);
     QVERIFY(page->isDeleteShown());
     QCOMPARE(page->deleteButton()->text(), u"Verwijder Dossier"_s);
-    harness.view().select(Kind::dossier, harness.settings().dossiers().at(1).id);
-    QVERIFY(harness.pageAs<DossierEditorPage>()->isDeleteShown());
+    QVERIFY(harness.open<DossierEditorPage>(Kind::dossier, 1)->isDeleteShown());
 }
 
 void SettingsEditorsTest::testButtonFollowsTheAddress()
@@ -103,8 +102,7 @@ void SettingsEditorsTest::testButtonFollowsTheAddress()
     SettingsViewHarness harness;
     harness.setPrinters({SettingsViewHarness::printer(u"Balie"_s, QString())});
     QVERIFY(harness.show());
-    harness.view().select(Kind::printer, harness.settings().printers().at(0).id);
-    auto* page = harness.pageAs<PrinterEditorPage>();
+    auto* page = harness.open<PrinterEditorPage>(Kind::printer);
     QVERIFY(page);
 
     QVERIFY(!page->testButton()->isEnabled());
@@ -134,8 +132,7 @@ void SettingsEditorsTest::portTakesOnlyWholeNumbers()
     SettingsViewHarness harness;
     harness.setPrinters({SettingsViewHarness::printer(u"Balie"_s, u"10.0.0.5"_s, 9100)});
     QVERIFY(harness.show());
-    harness.view().select(Kind::printer, harness.settings().printers().at(0).id);
-    auto* page = harness.pageAs<PrinterEditorPage>();
+    auto* page = harness.open<PrinterEditorPage>(Kind::printer);
     QLineEdit* port = page->portField();
     QCOMPARE(port->text(), u"9100"_s);
 
@@ -224,8 +221,7 @@ void SettingsEditorsTest::templatePrinterChoice()
     const Printer withoutAddress = SettingsViewHarness::printer(u"Magazijn"_s, QString());
     harness.setPrinters({withAddress, withoutAddress});
     QVERIFY(harness.show());
-    harness.view().select(Kind::labelTemplate, harness.settings().templates().at(0).id);
-    auto* page = harness.pageAs<TemplateEditorPage>();
+    auto* page = harness.open<TemplateEditorPage>(Kind::labelTemplate);
     QVERIFY(page);
     QComboBox* choice = page->printerField()->choice();
 
@@ -257,8 +253,7 @@ void SettingsEditorsTest::addingAPrinterFromTheTemplatePage()
     SettingsViewHarness harness;
     QVERIFY(harness.show());
     clickHeader(harness.group(Kind::printer)->header());
-    harness.view().select(Kind::labelTemplate, harness.settings().templates().at(0).id);
-    auto* page = harness.pageAs<TemplateEditorPage>();
+    auto* page = harness.open<TemplateEditorPage>(Kind::labelTemplate);
     TemplatePrinterField* field = page->printerField();
 
     QVERIFY(!field->choice()->isVisible());
@@ -282,8 +277,7 @@ void SettingsEditorsTest::testPrintNeedsAPrinterAndADeleteNeedsASecondTemplate()
     const Printer printer = SettingsViewHarness::printer(u"Balie"_s, u"10.0.0.5"_s);
     harness.setPrinters({printer});
     QVERIFY(harness.show());
-    harness.view().select(Kind::labelTemplate, harness.settings().templates().at(0).id);
-    auto* page = harness.pageAs<TemplateEditorPage>();
+    auto* page = harness.open<TemplateEditorPage>(Kind::labelTemplate);
 
     QVERIFY(!page->testButton()->isEnabled());
     QVERIFY(!page->isDeleteShown());
@@ -311,8 +305,7 @@ void SettingsEditorsTest::chipsAndValidationFollowTheText()
 {
     SettingsViewHarness harness;
     QVERIFY(harness.show());
-    harness.view().select(Kind::labelTemplate, harness.settings().templates().at(0).id);
-    auto* page = harness.pageAs<TemplateEditorPage>();
+    auto* page = harness.open<TemplateEditorPage>(Kind::labelTemplate);
 
     QStringList chipTexts;
     for (const PlaceholderChip* chip : page->chips()) {

@@ -260,23 +260,20 @@ void SettingsSelectionTest::deletingMovesTheSelection()
     SettingsView& view = harness.view();
 
     // Second of three dossiers: the first is selected afterwards.
-    view.select(Kind::dossier, settings.dossiers().at(1).id);
-    clickOn(harness.pageAs<DossierEditorPage>()->deleteButton());
+    clickOn(harness.open<DossierEditorPage>(Kind::dossier, 1)->deleteButton());
     QCOMPARE(settings.dossiers().size(), 2);
     QCOMPARE(view.selectedTab(), SettingsTabKey::make(Kind::dossier, settings.dossiers().at(0).id));
     QCOMPARE(harness.pageAs<DossierEditorPage>()->nameField()->text(), u"Een"_s);
 
     // The last printer: the first dossier is selected.
-    view.select(Kind::printer, settings.printers().at(0).id);
-    clickOn(harness.pageAs<PrinterEditorPage>()->deleteButton());
+    clickOn(harness.open<PrinterEditorPage>(Kind::printer)->deleteButton());
     QVERIFY(settings.printers().isEmpty());
     QCOMPARE(view.selectedTab(), SettingsTabKey::make(Kind::dossier, settings.dossiers().at(0).id));
 
     // Of two templates, deleting the first selects the remaining one.
     settings.addTemplate();
     const QUuid remaining = settings.templates().at(1).id;
-    view.select(Kind::labelTemplate, settings.templates().at(0).id);
-    clickOn(harness.pageAs<TemplateEditorPage>()->deleteButton());
+    clickOn(harness.open<TemplateEditorPage>(Kind::labelTemplate)->deleteButton());
     QCOMPARE(settings.templates().size(), 1);
     QCOMPARE(view.selectedTab(), SettingsTabKey::make(Kind::labelTemplate, remaining));
 

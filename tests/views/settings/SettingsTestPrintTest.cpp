@@ -41,9 +41,8 @@ class SettingsTestPrintTest : public QObject
 
 private slots:
     void printerTestSucceedsInGreen();
-    void printerTestOfARefusedPortIsRed();
     void templateTestPrintSendsThePreview();
-    void templateTestPrintOfARefusedPortIsRed();
+    void refusedPortIsRedOnBothPages();
     void aTestOutlivesItsWindow();
 };
 
@@ -54,8 +53,7 @@ void SettingsTestPrintTest::printerTestSucceedsInGreen()
     SettingsViewHarness harness;
     harness.setPrinters({SettingsViewHarness::printer(u"Balie"_s, u"127.0.0.1"_s, sink.port())});
     QVERIFY(harness.show());
-    harness.view().select(Kind::printer, harness.settings().printers().at(0).id);
-    auto* page = harness.pageAs<PrinterEditorPage>();
+    auto* page = harness.open<PrinterEditorPage>(Kind::printer);
     QVERIFY(page->testButton()->isEnabled());
     QVERIFY(!page->resultLabel()->isVisible());
 
@@ -81,27 +79,8 @@ void SettingsTestPrintTest::printerTestSucceedsInGreen()
 
     // The result is one value for the window: another printer's page shows it too.
     harness.settings().addPrinter();
-    harness.view().select(Kind::printer, harness.settings().printers().at(1).id);
-    QCOMPARE(harness.pageAs<PrinterEditorPage>()->resultLabel()->text(),
+    QCOMPARE(harness.open<PrinterEditorPage>(Kind::printer, 1)->resultLabel()->text(),
              u"Verbinding gelukt! Test etiket verstuurd."_s);
-}
-
-void SettingsTestPrintTest::printerTestOfARefusedPortIsRed()
-{
-    const quint16 port = closedPort();
-    QVERIFY(port != 0);
-    SettingsViewHarness harness;
-    harness.setPrinters({SettingsViewHarness::printer(u"Balie"_s, u"127.0.0.1"_s, port)});
-    QVERIFY(harness.show());
-    harness.view().select(Kind::printer, harness.settings().printers().at(0).id);
-    auto* page = harness.pageAs<PrinterEditorPage>();
-
-    clickOn(page->testButton());
-    QTRY_VERIFY(!harness.view().isPrinterTesting());
-    const QString result = harness.view().printerTestResult().value_or(QString());
-    QVERIFY2(result.startsWith(u"Verbinding mislukt: "_s), qPrintable(result));
-    QCOMPARE(page->resultLabel()->text(), result);
-    QCOMPARE(textColor(page->resultLabel()), Theme::red());
 }
 
 void SettingsTestPrintTest::templateTestPrintSendsThePreview()
@@ -116,8 +95,7 @@ void SettingsTestPrintTest::templateTestPrintSendsThePreview()
         t.zplContent = u"^XA^FD{{NAAM}} {{PRIJS}} é^FS^XZ"_s;
     });
     QVERIFY(harness.show());
-    harness.view().select(Kind::labelTemplate, harness.settings().templates().at(0).id);
-    auto* page = harness.pageAs<TemplateEditorPage>();
+    auto* page = harness.open<TemplateEditorPage>(Kind::labelTemplate);
 
     clickOn(page->testButton());
     QVERIFY(harness.view().isTemplateTesting());
@@ -136,7 +114,7 @@ void SettingsTestPrintTest::templateTestPrintSendsThePreview()
     QCOMPARE(sink.jobs().at(0), u"^XA^FDVoorbeeld Product 19,99 é^FS^XZ"_s.toUtf8());
 }
 
-void SettingsTestPrintTest::templateTestPrintOfARefusedPortIsRed()
+void SettingsTestPrintTest::refusedPortIsRedOnBothPages()
 {
     const quint16 port = closedPort();
     QVERIFY(port != 0);
@@ -146,16 +124,23 @@ void SettingsTestPrintTest::templateTestPrintOfARefusedPortIsRed()
     harness.settings().updateTemplate(0,
                                       [&printer](LabelTemplate& t) { t.printerID = printer.id; });
     QVERIFY(harness.show());
-    harness.view().select(Kind::labelTemplate, harness.settings().templates().at(0).id);
-    auto* page = harness.pageAs<TemplateEditorPage>();
 
-    clickOn(page->testButton());
+    auto* printerPage = harness.open<PrinterEditorPage>(Kind::printer);
+    clickOn(printerPage->testButton());
+    QTRY_VERIFY(!harness.view().isPrinterTesting());
+    const QString printerResult = harness.view().printerTestResult().value_or(QString());
+    QVERIFY2(printerResult.startsWith(u"Verbinding mislukt: "_s), qPrintable(printerResult));
+    QCOMPARE(printerPage->resultLabel()->text(), printerResult);
+    QCOMPARE(textColor(printerPage->resultLabel()), Theme::red());
+
+    auto* templatePage = harness.open<TemplateEditorPage>(Kind::labelTemplate);
+    clickOn(templatePage->testButton());
     QTRY_VERIFY(!harness.view().isTemplateTesting());
     const QString result = harness.view().templateTestResult().value_or(QString());
     QVERIFY2(result.startsWith(u"Fout: Verbinding mislukt: "_s), qPrintable(result));
-    QCOMPARE(page->resultLabel()->text(), result);
-    QCOMPARE(textColor(page->resultLabel()), Theme::red());
-    QVERIFY(page->testButton()->isEnabled());
+    QCOMPARE(templatePage->resultLabel()->text(), result);
+    QCOMPARE(textColor(templatePage->resultLabel()), Theme::red());
+    QVERIFY(templatePage->testButton()->isEnabled());
 }
 
 void SettingsTestPrintTest::aTestOutlivesItsWindow()

@@ -36,6 +36,17 @@ public:
     QWidget* page() const { return m_view->findChild<SettingsDetailArea*>()->page(); }
     template <typename Page> Page* pageAs() const { return qobject_cast<Page*>(page()); }
 
+    // Selects the record at `index` of a kind and returns the page showing it.
+    template <typename Page> Page* open(SettingsTabKey::Kind kind, qsizetype index = 0)
+    {
+        m_view->select(kind, kind == SettingsTabKey::Kind::printer
+                                 ? m_settings->printers().at(index).id
+                             : kind == SettingsTabKey::Kind::labelTemplate
+                                 ? m_settings->templates().at(index).id
+                                 : m_settings->dossiers().at(index).id);
+        return pageAs<Page>();
+    }
+
     SettingsSidebar* sidebar() const { return m_view->findChild<SettingsSidebar*>(); }
     SidebarGroup* group(SettingsTabKey::Kind kind) const
     {

@@ -30,6 +30,15 @@ public slots:
     void open(const QUrl& url) { opened.append(url); }
 };
 
+QStringList labelTexts(const QWidget* window)
+{
+    QStringList texts;
+    const QList<QLabel*> labels = window->findChildren<QLabel*>();
+    for (const QLabel* label : labels)
+        texts << label->text();
+    return texts;
+}
+
 } // namespace
 
 // The settings window's frame and size memory, and the About window.
@@ -41,7 +50,6 @@ private slots:
     void opensAtTheStoredSizeCentred();
     void everyResizeIsWrittenToTheStore();
     void sizeLimitsAndUnusableStoredSizes();
-    void closingDeletesTheWindow();
     void footerAndVersionTexts();
     void aboutWindow();
 };
@@ -118,17 +126,6 @@ void SettingsWindowTest::sizeLimitsAndUnusableStoredSizes()
     QVERIFY(unsized.height() >= 400 && unsized.height() <= 900);
 }
 
-void SettingsWindowTest::closingDeletesTheWindow()
-{
-    TestHome home;
-    AppSettings settings;
-    QPointer<SettingsWindow> window = new SettingsWindow(settings);
-    window->show();
-    QVERIFY(QTest::qWaitForWindowExposed(window));
-    window->close();
-    QTRY_VERIFY(!window);
-}
-
 void SettingsWindowTest::footerAndVersionTexts()
 {
     TestHome home;
@@ -140,10 +137,7 @@ void SettingsWindowTest::footerAndVersionTexts()
     // Version from the build, build number from the build settings.
     QCOMPARE(SettingsView::appVersion(),
              u"v"_s + AppInfo::version() + u"."_s + AppInfo::buildNumber());
-    QStringList texts;
-    const QList<QLabel*> labels = window.findChildren<QLabel*>();
-    for (const QLabel* label : labels)
-        texts << label->text();
+    const QStringList texts = labelTexts(&window);
     QVERIFY(texts.contains(u"Stampix Instellingen"_s));
     QVERIFY(texts.contains(u"Configureer je dossiers, printers en etiket templates"_s));
     QVERIFY(texts.contains(u"Wijzigingen worden automatisch opgeslagen"_s));
@@ -163,10 +157,7 @@ void SettingsWindowTest::aboutWindow()
     QCOMPARE(window->view()->size(), QSize(320, 320));
     QCOMPARE(window->minimumSize(), window->maximumSize());
 
-    QStringList texts;
-    const QList<QLabel*> labels = window->findChildren<QLabel*>();
-    for (const QLabel* label : labels)
-        texts << label->text();
+    const QStringList texts = labelTexts(window);
     QVERIFY(texts.contains(u"Stampix"_s));
     QVERIFY(texts.contains(u"Version "_s + AppInfo::version()));
     QVERIFY(texts.contains(u"Print product labels from Kalmora to Zebra printers using ZPL"_s));
