@@ -20,7 +20,16 @@ UpdateFeedClient::UpdateFeedClient(std::chrono::milliseconds timeout, QObject* p
     : QObject(parent), m_manager(new QNetworkAccessManager(this)), m_timeout(timeout)
 {}
 
-UpdateFeedClient::~UpdateFeedClient() = default;
+UpdateFeedClient::~UpdateFeedClient()
+{
+    // A reply deleted with the manager never finishes, which would leave its
+    // fetch suspended for good; aborted, it finishes now and its caller,
+    // already gone, returns at once.
+    m_isClosing = true;
+    const QList<QNetworkReply*> replies = m_manager->findChildren<QNetworkReply*>();
+    for (QNetworkReply* reply : replies)
+        reply->abort();
+}
 
 QCoro::Task<Expected<QByteArray, QString>> UpdateFeedClient::fetch(QUrl url)
 {
@@ -45,7 +54,7 @@ QCoro::Task<Expected<QByteArray, QString>> UpdateFeedClient::fetch(QUrl url)
     });
 
     co_await reply;
-    if (!self)
+    if (!self || self->m_isClosing)
         co_return u"Het controleren op updates is afgebroken."_s;
 
     const bool timedOut = !deadline->isActive();

@@ -31,4 +31,5 @@ private:
     // client has been cleared.
     QNetworkAccessManager* m_manager;
     std::chrono::milliseconds m_timeout;
+    bool m_isClosing = false;
 };
