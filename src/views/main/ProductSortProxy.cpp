@@ -7,6 +7,7 @@
 #include <algorithm>
 #include <climits>
 #include <numeric>
+#include <span>
 
 namespace {
 
@@ -37,6 +38,11 @@ QString sortText(const Product& product, int column)
     }
 }
 
+int compareNumbers(double left, double right)
+{
+    return left < right ? -1 : (right < left ? 1 : 0);
+}
+
 } // namespace
 
 // One sort key bound to its per-row values, compared by source row.
@@ -51,12 +57,64 @@ struct ProductSortProxy::ResolvedKey
         if (descending)
             std::swap(left, right);
         if (texts)
-            return (*texts)[left].compare((*texts)[right]);
-        const double a = (*numbers)[left];
-        const double b = (*numbers)[right];
-        return a < b ? -1 : (b < a ? 1 : 0);
+            return (*texts)[size_t(left)].compare((*texts)[size_t(right)]);
+        return compareNumbers((*numbers)[size_t(left)], (*numbers)[size_t(right)]);
     }
 };
+
+namespace {
+
+// The first key is compared inline, without the dispatch of the general keys:
+// with short collation keys that dispatch would cost as much as the comparison.
+template <typename FirstCompare, typename Keys>
+void stableSortRows(std::vector<int>& rows, FirstCompare compareFirst, const Keys& tieBreakers)
+{
+    std::stable_sort(rows.begin(), rows.end(), [&](int left, int right) {
+        if (const int result = compareFirst(left, right))
+            return result < 0;
+        for (const auto& key : tieBreakers) {
+            if (const int result = key.compare(left, right))
+                return result < 0;
+        }
+        return false;
+    });
+}
+
+template <typename Compare, typename Keys>
+void stableSortRows(std::vector<int>& rows, bool descending, Compare compare,
+                    const Keys& tieBreakers)
+{
+    if (descending)
+        stableSortRows(
+            rows, [compare](int left, int right) { return compare(right, left); }, tieBreakers);
+    else
+        stableSortRows(rows, compare, tieBreakers);
+}
+
+} // namespace
+
+void ProductSortProxy::sortRows(std::vector<int>& rows, const std::vector<ResolvedKey>& keys)
+{
+    const ResolvedKey& first = keys.front();
+    const auto tieBreakers = std::span<const ResolvedKey>(keys).subspan(1);
+    if (first.texts) {
+        const std::vector<QCollatorSortKey>& texts = *first.texts;
+        stableSortRows(
+            rows, first.descending,
+            [&texts](int left, int right) {
+                return texts[size_t(left)].compare(texts[size_t(right)]);
+            },
+            tieBreakers);
+    } else {
+        const std::vector<double>& numbers = *first.numbers;
+        stableSortRows(
+            rows, first.descending,
+            [&numbers](int left, int right) {
+                return compareNumbers(numbers[size_t(left)], numbers[size_t(right)]);
+            },
+            tieBreakers);
+    }
+}
 
 ProductSortProxy::ProductSortProxy(ProductTableModel& table, QObject* parent)
     : QAbstractProxyModel(parent),
@@ -217,13 +275,7 @@ void ProductSortProxy::sortMapping()
     // Stable from the view model's order, so rows equal under all keys keep it.
     m_proxyToSource.resize(rows);
     std::iota(m_proxyToSource.begin(), m_proxyToSource.end(), 0);
-    std::stable_sort(m_proxyToSource.begin(), m_proxyToSource.end(), [&keys](int left, int right) {
-        for (const ResolvedKey& key : keys) {
-            if (const int result = key.compare(left, right))
-                return result < 0;
-        }
-        return false;
-    });
+    sortRows(m_proxyToSource, keys);
     m_sourceToProxy.resize(rows);
     for (size_t proxyRow = 0; proxyRow < rows; ++proxyRow)
         m_sourceToProxy[size_t(m_proxyToSource[proxyRow])] = int(proxyRow);

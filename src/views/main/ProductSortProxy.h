@@ -61,6 +61,7 @@ private:
                             const QList<int>& roles);
     void resort();
     void sortMapping();
+    static void sortRows(std::vector<int>& rows, const std::vector<ResolvedKey>& keys);
     std::vector<ResolvedKey> resolveKeys();
     const std::vector<QCollatorSortKey>& collationKeys(int column);
     const std::vector<double>& prices();
