@@ -1,9 +1,15 @@
 #include "PrinterSendJob.h"
 
+#include <QNetworkProxy>
+
 PrinterSendJob::PrinterSendJob(QByteArray payload, std::chrono::milliseconds timeout,
                                QObject* parent)
     : QObject(parent), m_payload(std::move(payload))
 {
+    // A label printer sits on the local network and speaks raw TCP; a proxy
+    // from the environment must not reroute labels (and asking for one costs
+    // a lookup per label).
+    m_socket.setProxy(QNetworkProxy::NoProxy);
     m_timer.setSingleShot(true);
     m_timer.setTimerType(Qt::PreciseTimer);
     m_timer.setInterval(timeout);
