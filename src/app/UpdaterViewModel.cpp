@@ -108,7 +108,8 @@ QCoro::Task<> UpdaterViewModel::runCheck()
 void UpdaterViewModel::present(const Expected<QByteArray, QString>& feed)
 {
     const Expected<AppcastItem, QString> newest =
-        feed ? AppcastReader::newestItem(feed.value()) : Expected<AppcastItem, QString>(feed.error());
+        feed ? AppcastReader::newestItem(feed.value())
+             : Expected<AppcastItem, QString>(feed.error());
     if (!newest) {
         if (m_isUserWaiting)
             m_dialogs->showFailure(newest.error());

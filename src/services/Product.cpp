@@ -32,9 +32,8 @@ struct ProductMembers
 
     explicit ProductMembers(const QJsonObject& object)
         : id(object.value("ID"_L1)), sku(object.value("Sku"_L1)), name(object.value("Name"_L1)),
-          description(object.value("Description"_L1)),
-          price(object.value("SellPrice1WithVat"_L1)), barCode(object.value("BarCode"_L1)),
-          active(object.value("Active"_L1))
+          description(object.value("Description"_L1)), price(object.value("SellPrice1WithVat"_L1)),
+          barCode(object.value("BarCode"_L1)), active(object.value("Active"_L1))
     {}
 };
 

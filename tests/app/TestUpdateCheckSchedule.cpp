@@ -46,8 +46,8 @@ void TestUpdateCheckSchedule::dueDependsOnTheRecordedTime_data()
 
     QTest::newRow("never checked") << QByteArray() << true;
     QTest::newRow("an hour ago") << kNow.addSecs(-3600).toString(Qt::ISODate).toUtf8() << false;
-    QTest::newRow("just under a day") << kNow.addSecs(-86399).toString(Qt::ISODate).toUtf8()
-                                      << false;
+    QTest::newRow("just under a day")
+        << kNow.addSecs(-86399).toString(Qt::ISODate).toUtf8() << false;
     QTest::newRow("a day ago") << kNow.addDays(-1).toString(Qt::ISODate).toUtf8() << true;
     // 25.5 hours ago; read without its offset it would look like 21.5.
     QTest::newRow("another time zone") << QByteArray("2026-11-22T12:00:00+04:00") << true;

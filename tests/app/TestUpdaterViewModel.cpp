@@ -335,9 +335,8 @@ void TestUpdaterViewModel::secondRequestWhileCheckingIsIgnored()
 void TestUpdaterViewModel::destroyedWhileCheckingStaysQuiet()
 {
     m_response.mode = LoopbackHttpServer::Response::Mode::neverAnswer;
-    auto updater = std::make_unique<UpdaterViewModel>(
-        configurationFor(feedURL(), 1500ms),
-        std::make_unique<RecordingUpdateDialogs>());
+    auto updater = std::make_unique<UpdaterViewModel>(configurationFor(feedURL(), 1500ms),
+                                                      std::make_unique<RecordingUpdateDialogs>());
     QSignalSpy requestArrived(m_server.get(), &LoopbackHttpServer::requestReceived);
 
     updater->checkForUpdates();
@@ -403,7 +402,8 @@ void TestUpdaterViewModel::checkAtStartRunsAtMostOnceADay()
     // The next day.
     QFile record(configuration.scheduleFilePath);
     QVERIFY(record.open(QIODevice::WriteOnly));
-    record.write(QDateTime::currentDateTimeUtc().addSecs(-25 * 3600).toString(Qt::ISODate).toUtf8());
+    record.write(
+        QDateTime::currentDateTimeUtc().addSecs(-25 * 3600).toString(Qt::ISODate).toUtf8());
     record.close();
     startAndSettle(configuration);
     QCOMPARE(m_server->requests().size(), 2);
