@@ -10,7 +10,6 @@
 
 #include <QCollator>
 #include <QCollatorSortKey>
-#include <QLocale>
 #include <algorithm>
 #include <benchmark/benchmark.h>
 #include <chrono>
@@ -23,19 +22,6 @@ namespace {
 
 using Clock = std::chrono::steady_clock;
 using TextOf = std::function<QString(const Product&)>;
-
-// The same collation the table uses: the user's language (English when none
-// is set), case-insensitive, digit runs by value.
-QCollator tableCollator()
-{
-    QLocale locale;
-    if (locale.language() == QLocale::C)
-        locale = QLocale(QLocale::English, QLocale::UnitedStates);
-    QCollator collator(locale);
-    collator.setCaseSensitivity(Qt::CaseInsensitive);
-    collator.setNumericMode(true);
-    return collator;
-}
 
 TextOf textOf(int column)
 {
@@ -73,7 +59,7 @@ void sortProject(benchmark::State& state, int column)
         state.SetIterationTime(std::chrono::duration<double>(Clock::now() - start).count());
     }
     // The proxy must have sorted by the column, or the time means nothing.
-    const QCollator collator = tableCollator();
+    const QCollator collator = ProductSortProxy::textCollator();
     const TextOf text = textOf(column);
     for (int row = 1; row < proxy.rowCount(); ++row) {
         if (collator.compare(text(proxy.productAt(row - 1)), text(proxy.productAt(row))) > 0)
@@ -84,7 +70,7 @@ void sortProject(benchmark::State& state, int column)
 void sortBaseline(benchmark::State& state, int column)
 {
     const QList<Product>& products = BenchCatalogue::products(state.range(0));
-    const QCollator collator = tableCollator();
+    const QCollator collator = ProductSortProxy::textCollator();
     const TextOf text = textOf(column);
     std::vector<QCollatorSortKey> keys;
     keys.reserve(size_t(products.size()));
@@ -105,7 +91,7 @@ void sortBaseline(benchmark::State& state, int column)
 void sortNaive(benchmark::State& state, int column)
 {
     const QList<Product>& products = BenchCatalogue::products(state.range(0));
-    const QCollator collator = tableCollator();
+    const QCollator collator = ProductSortProxy::textCollator();
     const TextOf text = textOf(column);
     const std::vector<qsizetype> start = rowsByPrice(products);
     std::vector<qsizetype> rows;

@@ -9,9 +9,9 @@
 #include <numeric>
 #include <span>
 
-namespace {
+namespace {} // namespace
 
-QCollator fileBrowserCollator()
+QCollator ProductSortProxy::textCollator()
 {
     QLocale locale;
     // The C locale collates by code point, which knows neither case folding nor
@@ -23,6 +23,8 @@ QCollator fileBrowserCollator()
     collator.setNumericMode(true);
     return collator;
 }
+
+namespace {
 
 QString sortText(const Product& product, int column)
 {
@@ -302,7 +304,7 @@ const std::vector<QCollatorSortKey>& ProductSortProxy::collationKeys(int column)
     std::vector<QCollatorSortKey>& keys = m_collationKeys[size_t(column)];
     if (m_collationKeysReady[size_t(column)])
         return keys;
-    const QCollator collator = fileBrowserCollator();
+    const QCollator collator = textCollator();
     const int rows = m_table.rowCount();
     keys.clear();
     keys.reserve(size_t(rows));

@@ -3,6 +3,7 @@
 #include "ProductTableModel.h"
 
 #include <QAbstractProxyModel>
+#include <QCollator>
 #include <QCollatorSortKey>
 #include <QList>
 #include <array>
@@ -32,6 +33,9 @@ public:
     explicit ProductSortProxy(ProductTableModel& table, QObject* parent = nullptr);
 
     static bool isSortable(int column);
+    // Case-insensitive, the user's language (English when none is set), digit
+    // runs by value: how the text columns compare.
+    static QCollator textCollator();
     // Starts as the article number, ascending.
     const QList<SortKey>& sortOrder() const { return m_sortOrder; }
     void setSortOrder(const QList<SortKey>& keys);
