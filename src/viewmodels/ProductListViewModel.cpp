@@ -205,8 +205,9 @@ void ProductListViewModel::setSuccessMessage(const std::optional<QString>& messa
 
 void ProductListViewModel::clearSuccessLater(const QString& message)
 {
-    // Only the message this label set is cleared; a newer one stays.
-    QTimer::singleShot(kSuccessMessageMs, this, [this, message] {
+    // Only the message this label set is cleared; a newer one stays. Precise:
+    // a coarse timer may fire up to 5% early.
+    QTimer::singleShot(kSuccessMessageMs, Qt::PreciseTimer, this, [this, message] {
         if (m_successMessage == message)
             clearSuccess();
     });
