@@ -8,7 +8,6 @@
 #include "ProductServiceThread.h"
 #include "model/SettingsData.h"
 
-#include <QCoreApplication>
 #include <QDir>
 #include <QFile>
 #include <QTemporaryDir>
@@ -77,14 +76,3 @@ BENCHMARK(startupBaseline)
     ->Arg(kProducts)
     ->Iterations(3)
     ->UseManualTime();
-
-int main(int argc, char* argv[])
-{
-    QCoreApplication application(argc, argv);
-    benchmark::Initialize(&argc, argv);
-    if (benchmark::ReportUnrecognizedArguments(argc, argv))
-        return 1;
-    benchmark::RunSpecifiedBenchmarks();
-    benchmark::Shutdown();
-    return 0;
-}
