@@ -1,72 +1,98 @@
 #include "PrinterSendJob.h"
 
-#include <QNetworkProxy>
+#include <QHostInfo>
 
 PrinterSendJob::PrinterSendJob(QByteArray payload, std::chrono::milliseconds timeout,
                                QObject* parent)
     : QObject(parent), m_payload(std::move(payload))
 {
-    // A label printer sits on the local network and speaks raw TCP; a proxy
-    // from the environment must not reroute labels (and asking for one costs
-    // a lookup per label).
-    m_socket.setProxy(QNetworkProxy::NoProxy);
     m_timer.setSingleShot(true);
     m_timer.setTimerType(Qt::PreciseTimer);
     m_timer.setInterval(timeout);
     connect(&m_timer, &QTimer::timeout, this, &PrinterSendJob::onTimeout);
-    connect(&m_socket, &QTcpSocket::connected, this, &PrinterSendJob::onConnected);
-    connect(&m_socket, &QTcpSocket::bytesWritten, this, &PrinterSendJob::onBytesWritten);
-    connect(&m_socket, &QTcpSocket::errorOccurred, this, &PrinterSendJob::onErrorOccurred);
+    connect(&m_socket, &PrinterSocket::writable, this, &PrinterSendJob::onWritable);
 }
 
 void PrinterSendJob::start(const QString& host, quint16 port)
 {
     // The time-out counts from the connection attempt, not from "connected".
     m_timer.start();
-    m_socket.connectToHost(host, port);
-}
-
-void PrinterSendJob::onConnected()
-{
-    m_connected = true;
-    if (m_payload.isEmpty()) {
-        endStream();
+    m_port = port;
+    QHostAddress literal;
+    if (literal.setAddress(host)) {
+        m_addresses = {literal};
+        connectToNextAddress();
         return;
     }
-    if (m_socket.write(m_payload) != m_payload.size()) {
+    QHostInfo::lookupHost(host, this, &PrinterSendJob::onHostLookedUp);
+}
+
+void PrinterSendJob::onHostLookedUp(const QHostInfo& info)
+{
+    if (m_finished)
+        return;
+    if (info.error() != QHostInfo::NoError || info.addresses().isEmpty()) {
+        finish(PrinterError::connectionFailed(info.errorString()));
+        return;
+    }
+    m_addresses = info.addresses();
+    connectToNextAddress();
+}
+
+void PrinterSendJob::connectToNextAddress()
+{
+    // Like any client of a name with several addresses: the next one when one
+    // refuses, the last refusal as the answer.
+    while (m_nextAddress < m_addresses.size()) {
+        const PrinterSocket::Progress progress =
+            m_socket.connectTo(m_addresses.at(m_nextAddress++), m_port);
+        if (progress != PrinterSocket::Progress::failed) {
+            onConnectProgress(progress);
+            return;
+        }
+    }
+    finish(PrinterError::connectionFailed(m_socket.errorString()));
+}
+
+void PrinterSendJob::onWritable()
+{
+    if (m_stage == Stage::sending)
+        sendRest();
+    else
+        onConnectProgress(m_socket.finishConnecting());
+}
+
+void PrinterSendJob::onConnectProgress(PrinterSocket::Progress progress)
+{
+    switch (progress) {
+    case PrinterSocket::Progress::done:
+        m_stage = Stage::sending;
+        sendRest();
+        break;
+    case PrinterSocket::Progress::waiting:
+        break;
+    case PrinterSocket::Progress::failed:
+        connectToNextAddress();
+        break;
+    }
+}
+
+void PrinterSendJob::sendRest()
+{
+    const PrinterSocket::Progress progress =
+        m_socket.send(QByteArrayView(m_payload).sliced(m_written), &m_written);
+    if (progress == PrinterSocket::Progress::failed) {
         finish(PrinterError::sendFailed(m_socket.errorString()));
-        return;
+    } else if (progress == PrinterSocket::Progress::done) {
+        // Everything has reached the network stack: FIN after the text, then close.
+        m_socket.close();
+        finish(std::nullopt);
     }
-    // Hand the bytes to the network stack now rather than on the next pass of
-    // the event loop: a label is small and usually fits the socket's buffer,
-    // which saves a wake-up per label.
-    m_socket.flush();
-}
-
-void PrinterSendJob::onBytesWritten(qint64 count)
-{
-    m_written += count;
-    if (m_written >= m_payload.size())
-        endStream();
-}
-
-void PrinterSendJob::onErrorOccurred(QAbstractSocket::SocketError)
-{
-    const QString message = m_socket.errorString();
-    finish(m_connected ? PrinterError::sendFailed(message)
-                       : PrinterError::connectionFailed(message));
 }
 
 void PrinterSendJob::onTimeout()
 {
     finish(PrinterError::timeout());
-}
-
-void PrinterSendJob::endStream()
-{
-    // Everything has reached the network stack: FIN after the text, then close.
-    m_socket.disconnectFromHost();
-    finish(std::nullopt);
 }
 
 void PrinterSendJob::finish(std::optional<PrinterError> result)
@@ -76,8 +102,6 @@ void PrinterSendJob::finish(std::optional<PrinterError> result)
     m_finished = true;
     m_result = std::move(result);
     m_timer.stop();
-    m_socket.disconnect(this);
-    if (m_result)
-        m_socket.abort();
+    m_socket.close();
     emit finished();
 }

@@ -1,16 +1,21 @@
 #pragma once
 
 #include "PrinterError.h"
+#include "PrinterSocket.h"
 
 #include <QByteArray>
+#include <QHostAddress>
+#include <QList>
 #include <QObject>
-#include <QTcpSocket>
 #include <QTimer>
 #include <chrono>
 #include <optional>
 
+class QHostInfo;
+
 // One label job: connect, write the bytes, end the stream. Owns its socket and
-// time-out and emits finished() exactly once, whatever happens first.
+// time-out and emits finished() exactly once, whatever happens first; on a
+// nearby printer that may be before start() returns.
 class PrinterSendJob : public QObject
 {
     Q_OBJECT
@@ -19,6 +24,7 @@ public:
     PrinterSendJob(QByteArray payload, std::chrono::milliseconds timeout,
                    QObject* parent = nullptr);
 
+    // host: an IPv4 or IPv6 literal or a host name.
     void start(const QString& host, quint16 port);
 
     bool isFinished() const { return m_finished; }
@@ -29,18 +35,28 @@ signals:
     void finished();
 
 private:
-    void onConnected();
-    void onBytesWritten(qint64 count);
-    void onErrorOccurred(QAbstractSocket::SocketError error);
+    enum class Stage
+    {
+        connecting,
+        sending,
+    };
+
+    void onHostLookedUp(const QHostInfo& info);
+    void connectToNextAddress();
+    void onWritable();
+    void onConnectProgress(PrinterSocket::Progress progress);
+    void sendRest();
     void onTimeout();
-    void endStream();
     void finish(std::optional<PrinterError> result);
 
     QByteArray m_payload;
-    QTcpSocket m_socket;
+    PrinterSocket m_socket;
     QTimer m_timer;
+    QList<QHostAddress> m_addresses;
+    qsizetype m_nextAddress = 0;
+    quint16 m_port = 0;
+    Stage m_stage = Stage::connecting;
     qint64 m_written = 0;
-    bool m_connected = false;
     bool m_finished = false;
     std::optional<PrinterError> m_result;
 };

@@ -3,20 +3,17 @@
 #include "PrinterSendJob.h"
 
 #include <QCoroSignal>
+#include <QCoroTimer>
 #include <memory>
 
 using namespace Qt::StringLiterals;
+using namespace std::chrono_literals;
 
 const QString PrinterService::kTestLabel = u"^XA^FO50,50^A0N,30,30^FDTest Etiket^FS^XZ"_s;
 
 namespace {
 
 constexpr qint64 kMaxPort = 65535;
-
-struct DeleteLater
-{
-    void operator()(QObject* object) const { object->deleteLater(); }
-};
 
 } // namespace
 
@@ -33,11 +30,19 @@ QCoro::Task<std::optional<PrinterError>> PrinterService::sendZPL(QString zpl, QS
 
     // The job lives in this frame, not in the service: the service may be gone
     // before the job ends, so nothing after the await touches this.
-    std::unique_ptr<PrinterSendJob, DeleteLater> job(new PrinterSendJob(zpl.toUtf8(), m_timeout));
+    auto job = std::make_unique<PrinterSendJob>(zpl.toUtf8(), m_timeout);
     job->start(ip, static_cast<quint16>(port));
-    if (!job->isFinished())
-        co_await qCoro(job.get(), &PrinterSendJob::finished);
-    co_return job->result();
+    if (job->isFinished()) {
+        // A printer close by can take a label before start() returns; the
+        // event loop still gets its turn, or a long run would freeze the window.
+        co_await QCoro::sleepFor(0ms);
+        co_return job->result();
+    }
+    co_await qCoro(job.get(), &PrinterSendJob::finished);
+    // Resumed from within the job's finished(): it may not be deleted here.
+    const std::optional<PrinterError> result = job->result();
+    job.release()->deleteLater();
+    co_return result;
 }
 
 QCoro::Task<PrinterService::ConnectionTestResult> PrinterService::testConnection(QString ip,

@@ -59,7 +59,8 @@ private slots:
     void initTestCase();
     void deliversExactlyTheUtf8Bytes_data();
     void deliversExactlyTheUtf8Bytes();
-    void reachesAnIPv6Literal();
+    void reachesLiteralsAndNames_data();
+    void reachesLiteralsAndNames();
     void emptyAddressNeverConnects();
     void unusablePortFailsAtOnce_data();
     void unusablePortFailsAtOnce();
@@ -106,14 +107,26 @@ void PrinterServiceTest::deliversExactlyTheUtf8Bytes()
     QCOMPARE(sink.connectionCount(), 1);
 }
 
-void PrinterServiceTest::reachesAnIPv6Literal()
+void PrinterServiceTest::reachesLiteralsAndNames_data()
 {
+    QTest::addColumn<QString>("address");
+    QTest::addColumn<QHostAddress>("listenOn");
+    QTest::newRow("IPv6 literal") << u"::1"_s << QHostAddress(QHostAddress::LocalHostIPv6);
+    // Where "localhost" also names ::1, that address refuses first and the
+    // job has to go on to the next one.
+    QTest::newRow("host name") << u"localhost"_s << QHostAddress(QHostAddress::LocalHost);
+}
+
+void PrinterServiceTest::reachesLiteralsAndNames()
+{
+    QFETCH(QString, address);
+    QFETCH(QHostAddress, listenOn);
     LabelSink sink;
-    if (!sink.listen(0, QHostAddress::LocalHostIPv6))
-        QSKIP("No IPv6 loopback here");
+    if (!sink.listen(0, listenOn))
+        QSKIP("This loopback address is not available here");
     const PrinterService service;
 
-    const SendResult result = send(service, u"^XA^XZ"_s, u"::1"_s, sink.port());
+    const SendResult result = send(service, u"^XA^XZ"_s, address, sink.port());
     QVERIFY2(!result, qPrintable(describe(result)));
     QTRY_COMPARE(sink.jobs().size(), 1);
     QCOMPARE(sink.jobs().at(0), "^XA^XZ");
