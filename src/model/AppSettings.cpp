@@ -348,7 +348,7 @@ void AppSettings::saveSettings()
         return;
     }
     const std::optional<QString> error = SettingsFile::writeAtomically(
-        m_settingsFile, currentDocument().write(), SettingsFile::Access::OwnerOnly);
+        m_settingsFile, m_writer.write(currentDocument()), SettingsFile::Access::OwnerOnly);
     if (error)
         printLine(u"Failed to save settings: "_s + *error);
 }

@@ -5,8 +5,8 @@
 #include "Printer.h"
 
 #include <QByteArray>
+#include <QJsonArray>
 #include <QList>
-
 #include <optional>
 
 // The persisted settings document: the settings file and the export/import format.
@@ -35,6 +35,16 @@ struct SettingsData
 
     // Whole document or nothing: the first key that fails decides `error`.
     static std::optional<SettingsData> read(const QByteArray& bytes, QString* error);
+    // The record lists already turned into JSON, in the order of the lists.
+    struct RecordArrays
+    {
+        QJsonArray dossiers;
+        QJsonArray printers;
+        QJsonArray templates;
+    };
+
     // Pretty-printed UTF-8 JSON with sorted keys; legacy keys never written.
     QByteArray write() const;
+    // The same, with the record lists given as JSON by the caller.
+    QByteArray write(const RecordArrays& records) const;
 };

@@ -1,4 +1,5 @@
 #include "model/SettingsData.h"
+#include "model/SettingsWriter.h"
 
 #include <QJsonArray>
 #include <QJsonDocument>
@@ -52,6 +53,7 @@ private slots:
     void unreadableDocuments_data();
     void unreadableDocuments();
     void firstFailingKeyDecidesTheError();
+    void writerFollowsEveryChangeBetweenSaves();
 };
 
 void TestSettingsData::emptyObjectReadsAsDefaults()
@@ -197,3 +199,30 @@ void TestSettingsData::firstFailingKeyDecidesTheError()
 
 QTEST_GUILESS_MAIN(TestSettingsData)
 #include "TestSettingsData.moc"
+
+void TestSettingsData::writerFollowsEveryChangeBetweenSaves()
+{
+    // One writer across a run of saves, as the store uses it: each text must
+    // equal a fresh write of the same document, whatever changed in between.
+    SettingsWriter writer;
+    SettingsData data = fullDocument();
+    const auto check = [&](const char* step) {
+        QVERIFY2(writer.write(data) == data.write(), step);
+    };
+    check("first save");
+    check("nothing changed");
+    data.dossiers[1].apiKey = u"nieuw"_s;
+    check("one field of the last dossier");
+    data.printers[0].port = 9100;
+    check("a printer's port");
+    data.templates[0].printerID.reset();
+    check("a template's printer taken away");
+    data.dossiers.prepend(Dossier{QUuid::createUuid(), u"Voorop"_s, u"k0"_s});
+    check("a dossier inserted in front");
+    data.templates.removeFirst();
+    check("the first template deleted");
+    data.printers.clear();
+    check("all printers deleted");
+    data.printers = fullDocument().printers;
+    check("printers back");
+}
