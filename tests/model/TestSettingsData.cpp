@@ -49,7 +49,6 @@ private slots:
     void emptyOrNullTemplatesGiveTheDefaultTemplate();
     void writtenFormIsSortedAndWithoutLegacyKeys();
     void nullSelectionsAndUnknownKeys();
-    void legacyKeysAreRead();
     void unreadableDocuments_data();
     void unreadableDocuments();
     void firstFailingKeyDecidesTheError();
@@ -140,16 +139,6 @@ void TestSettingsData::nullSelectionsAndUnknownKeys()
     // A selection naming no record is kept as read; the store repairs it.
     QCOMPARE(data->selectedTemplateID, QUuid::fromString(u"11111111-2222-4333-8444-555555555555"));
     QCOMPARE(data->settingsWindowWidth, 800.0);
-}
-
-void TestSettingsData::legacyKeysAreRead()
-{
-    const auto data = SettingsData::read(
-        R"({"apiKey":"old-key","printerIP":"192.168.1.50","printerPort":6101})", nullptr);
-    QVERIFY(data);
-    QCOMPARE(data->legacyApiKey, u"old-key"_s);
-    QCOMPARE(data->legacyPrinterIP, u"192.168.1.50"_s);
-    QCOMPARE(data->legacyPrinterPort, 6101);
 }
 
 void TestSettingsData::unreadableDocuments_data()
