@@ -140,8 +140,6 @@ void TestSettingsStartup::emptyDocumentGivesSelectedDefaults()
     QCOMPARE(settings.templates(), QList<LabelTemplate>{LabelTemplate::defaultTemplate()});
     QCOMPARE(settings.selectedTemplateID(), LabelTemplate::defaultTemplate().id);
     QVERIFY(settings.printers().isEmpty());
-    QCOMPARE(settings.settingsWindowWidth(), 1100.0);
-    QCOMPARE(settings.columnWidthBarcode(), 130.0);
     QVERIFY(settings.isSavePending());
 }
 
