@@ -43,6 +43,8 @@ private:
     QStringList column(int column) const;
     QList<qint64> displayedIDs() const;
     int displayedRow(qint64 id) const;
+    // The rows of a dataChanged, which must cover the check column only; -1 otherwise.
+    static std::pair<int, int> checkColumnRows(const QList<QVariant>& dataChanged);
     void loadTieBreakCatalogue();
 
     std::unique_ptr<Fixture> m_fixture;
@@ -103,6 +105,16 @@ int ProductTableModelTest::displayedRow(qint64 id) const
     return int(displayedIDs().indexOf(id));
 }
 
+std::pair<int, int> ProductTableModelTest::checkColumnRows(const QList<QVariant>& dataChanged)
+{
+    const QModelIndex topLeft = dataChanged.at(0).toModelIndex();
+    const QModelIndex bottomRight = dataChanged.at(1).toModelIndex();
+    if (topLeft.column() != ProductTableModel::kCheckColumn ||
+        bottomRight.column() != ProductTableModel::kCheckColumn)
+        return {-1, -1};
+    return {topLeft.row(), bottomRight.row()};
+}
+
 // Names, prices and barcodes each repeat, so every key leaves ties for the next.
 void ProductTableModelTest::loadTieBreakCatalogue()
 {
@@ -145,29 +157,20 @@ void ProductTableModelTest::cellsShowTheProductTexts()
              (QStringList{u"€ -"_s, u"€ 12.50"_s, u"€ -3.00"_s}));
     QCOMPARE(column(ProductTableModel::kBarcodeColumn),
              (QStringList{u""_s, u"8712345678906"_s, u""_s}));
-    QCOMPARE(m_proxy->headerData(ProductTableModel::kCheckColumn, Qt::Horizontal).toString(),
-             u""_s);
-    QCOMPARE(m_proxy->headerData(ProductTableModel::kSKUColumn, Qt::Horizontal).toString(),
-             u"Artikel nr."_s);
-    QCOMPARE(m_proxy->headerData(ProductTableModel::kNameColumn, Qt::Horizontal).toString(),
-             u"Omschrijving"_s);
-    QCOMPARE(m_proxy->headerData(ProductTableModel::kPriceColumn, Qt::Horizontal).toString(),
-             u"Verkoop incl."_s);
-    QCOMPARE(m_proxy->headerData(ProductTableModel::kBarcodeColumn, Qt::Horizontal).toString(),
-             u"Barcode"_s);
+    QStringList headers;
+    for (int column = 0; column < m_proxy->columnCount(); ++column)
+        headers << m_proxy->headerData(column, Qt::Horizontal).toString();
+    QCOMPARE(headers, (QStringList{u""_s, u"Artikel nr."_s, u"Omschrijving"_s, u"Verkoop incl."_s,
+                                   u"Barcode"_s}));
     const auto alignment = [this](int column) {
         return m_proxy->index(0, column).data(Qt::TextAlignmentRole).toInt() &
                Qt::AlignHorizontal_Mask;
     };
     QCOMPARE(alignment(ProductTableModel::kPriceColumn), int(Qt::AlignRight));
     QCOMPARE(alignment(ProductTableModel::kNameColumn), int(Qt::AlignLeft));
-    QVERIFY(m_proxy->index(0, ProductTableModel::kSKUColumn)
-                .data(Qt::FontRole)
-                .value<QFont>()
-                .fixedPitch() ||
-            QFontInfo(
-                m_proxy->index(0, ProductTableModel::kSKUColumn).data(Qt::FontRole).value<QFont>())
-                .fixedPitch());
+    const QFont skuFont =
+        m_proxy->index(0, ProductTableModel::kSKUColumn).data(Qt::FontRole).value<QFont>();
+    QVERIFY(skuFont.fixedPitch() || QFontInfo(skuFont).fixedPitch());
 }
 
 void ProductTableModelTest::checkingRefreshesOnlyTheCheckColumn()
@@ -185,18 +188,10 @@ void ProductTableModelTest::checkingRefreshesOnlyTheCheckColumn()
     QCOMPARE(resets.count(), 0);
     QCOMPARE(layouts.count(), 0);
     QCOMPARE(changes.count(), 1);
-    const QModelIndex topLeft = changes.first().at(0).toModelIndex();
-    const QModelIndex bottomRight = changes.first().at(1).toModelIndex();
-    QCOMPARE(topLeft.column(), ProductTableModel::kCheckColumn);
-    QCOMPARE(bottomRight.column(), ProductTableModel::kCheckColumn);
-    QCOMPARE(bottomRight.row(), 2);
-
+    QCOMPARE(checkColumnRows(changes.first()).second, 2);
     QCOMPARE(proxyChanges.count(), 1);
-    const QModelIndex proxyTopLeft = proxyChanges.first().at(0).toModelIndex();
-    const QModelIndex proxyBottomRight = proxyChanges.first().at(1).toModelIndex();
-    QCOMPARE(proxyTopLeft.column(), ProductTableModel::kCheckColumn);
-    QCOMPARE(proxyBottomRight.column(), ProductTableModel::kCheckColumn);
-    QVERIFY(proxyTopLeft.row() <= 1 && proxyBottomRight.row() >= 1);
+    const auto [proxyTop, proxyBottom] = checkColumnRows(proxyChanges.first());
+    QVERIFY(proxyTop <= 1 && proxyBottom >= 1);
     QCOMPARE(proxyChanges.first().at(2).value<QList<int>>(), QList<int>{Qt::CheckStateRole});
     QCOMPARE(m_proxy->index(0, 0).data(Qt::CheckStateRole).toInt(), int(Qt::Unchecked));
     QCOMPARE(m_proxy->index(1, 0).data(Qt::CheckStateRole).toInt(), int(Qt::Checked));
@@ -215,13 +210,8 @@ void ProductTableModelTest::changedSourceRowsReachTheirSortedRows()
                               m_table->index(2, ProductTableModel::kCheckColumn));
 
     QCOMPARE(changes.count(), 1);
-    const QModelIndex topLeft = changes.first().at(0).toModelIndex();
-    const QModelIndex bottomRight = changes.first().at(1).toModelIndex();
-    QCOMPARE(topLeft.model(), m_proxy.get());
-    QCOMPARE(topLeft.row(), 1);
-    QCOMPARE(bottomRight.row(), 3);
-    QCOMPARE(topLeft.column(), ProductTableModel::kCheckColumn);
-    QCOMPARE(bottomRight.column(), ProductTableModel::kCheckColumn);
+    QCOMPARE(changes.first().at(0).toModelIndex().model(), m_proxy.get());
+    QCOMPARE(checkColumnRows(changes.first()), (std::pair{1, 3}));
 }
 
 void ProductTableModelTest::sortsArticleNumbersLikeAFileBrowser()
