@@ -1,34 +1,17 @@
 #include "MessageBoxUpdateDialogs.h"
+#include "ModalDialogProbe.h"
+#include "UrlRecorder.h"
 
 #include <QAbstractButton>
-#include <QApplication>
 #include <QDesktopServices>
 #include <QLabel>
 #include <QMessageBox>
 #include <QTest>
-#include <QTimer>
 #include <functional>
 
 using namespace Qt::StringLiterals;
 
 namespace {
-
-// Runs `inspect` on the message box once it is on screen; the inspection
-// must close it. Bounded polling keeps a missing box from hanging the test.
-void whenShown(const std::function<void(QMessageBox*)>& inspect, int pollsLeft = 200)
-{
-    QTimer::singleShot(10, qApp, [inspect, pollsLeft] {
-        if (auto* box = qobject_cast<QMessageBox*>(QApplication::activeModalWidget())) {
-            inspect(box);
-            // A failed check returns early; never leave the box blocking the run.
-            if (box->isVisible())
-                static_cast<QDialog*>(box)->reject();
-            return;
-        }
-        if (pollsLeft > 0)
-            whenShown(inspect, pollsLeft - 1);
-    });
-}
 
 QAbstractButton* buttonNamed(QMessageBox* box, const QString& text)
 {
@@ -52,17 +35,6 @@ AppcastItem release()
 
 } // namespace
 
-// Stands in for the browser: records what the program asked to open.
-class BrowserStandIn : public QObject
-{
-    Q_OBJECT
-
-public:
-    QList<QUrl> opened;
-
-    Q_INVOKABLE void open(const QUrl& url) { opened.append(url); }
-};
-
 class TestMessageBoxUpdateDialogs : public QObject
 {
     Q_OBJECT
@@ -77,7 +49,7 @@ private slots:
     void outcomesWithOneButton();
 
 private:
-    BrowserStandIn m_browser;
+    UrlRecorder m_browser;
 };
 
 void TestMessageBoxUpdateDialogs::initTestCase()
@@ -93,7 +65,7 @@ void TestMessageBoxUpdateDialogs::cleanupTestCase()
 void TestMessageBoxUpdateDialogs::downloadButtonOpensTheDownload()
 {
     bool inspected = false;
-    whenShown([&](QMessageBox* box) {
+    whenShown<QMessageBox>([&](QMessageBox* box) {
         inspected = true;
         QCOMPARE(box->icon(), QMessageBox::Information);
         QCOMPARE(box->text(), u"Er is een nieuwe versie van Stampix beschikbaar"_s);
@@ -125,7 +97,7 @@ void TestMessageBoxUpdateDialogs::laterOpensNothing()
     AppcastItem withoutNotes = release();
     withoutNotes.releaseNotesURL.clear();
     bool inspected = false;
-    whenShown([&](QMessageBox* box) {
+    whenShown<QMessageBox>([&](QMessageBox* box) {
         inspected = true;
         QVERIFY(!box->informativeText().contains(u"href"_s));
         QAbstractButton* later = buttonNamed(box, u"Later"_s);
@@ -158,7 +130,7 @@ void TestMessageBoxUpdateDialogs::outcomesWithOneButton()
 
     for (const Expectation& expectation : expectations) {
         bool inspected = false;
-        whenShown([&](QMessageBox* box) {
+        whenShown<QMessageBox>([&](QMessageBox* box) {
             inspected = true;
             QCOMPARE(box->icon(), expectation.icon);
             QCOMPARE(box->informativeText(), expectation.informativeText);

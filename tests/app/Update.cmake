@@ -8,6 +8,6 @@ stampix_add_test(TestUpdaterViewModel
     LIBS stampix_shell stampix_loopback LABELS app)
 stampix_add_test(TestMessageBoxUpdateDialogs
     SOURCES ${CMAKE_CURRENT_LIST_DIR}/TestMessageBoxUpdateDialogs.cpp
-    LIBS stampix_shell LABELS app)
+    LIBS stampix_shell stampix_testsupport LABELS app)
 stampix_add_test(TestUpdateCheckSchedule
     SOURCES ${CMAKE_CURRENT_LIST_DIR}/TestUpdateCheckSchedule.cpp LIBS stampix_shell LABELS app)

@@ -1,7 +1,7 @@
+#include "ModalDialogProbe.h"
 #include "NativeSettingsFileDialogs.h"
 
 #include <QAbstractButton>
-#include <QApplication>
 #include <QDir>
 #include <QFile>
 #include <QFileDialog>
@@ -10,30 +10,10 @@
 #include <QMessageBox>
 #include <QTemporaryDir>
 #include <QTest>
-#include <QTimer>
-#include <functional>
 
 using namespace Qt::StringLiterals;
 
 namespace {
-
-// Runs `inspect` on the modal dialog of type T once it is on screen. The
-// inspection must close the dialog; a bounded number of polls keeps a missing
-// dialog from hanging the test.
-template <typename T> void whenShown(const std::function<void(T*)>& inspect, int pollsLeft = 200)
-{
-    QTimer::singleShot(10, qApp, [inspect, pollsLeft] {
-        if (auto* dialog = qobject_cast<T*>(QApplication::activeModalWidget())) {
-            inspect(dialog);
-            // A failed check returns early; never leave the dialog blocking the run.
-            if (dialog->isVisible())
-                static_cast<QDialog*>(dialog)->reject();
-            return;
-        }
-        if (pollsLeft > 0)
-            whenShown(inspect, pollsLeft - 1);
-    });
-}
 
 // Types the path into the file name field as a user would. QFileDialog::selectFile
 // leaves that field alone once it has the focus, which it gets at some point

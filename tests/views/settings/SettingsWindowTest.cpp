@@ -1,6 +1,7 @@
 #include "views/settings/SettingsWindow.h"
 
 #include "TestHome.h"
+#include "UrlRecorder.h"
 #include "model/AppSettings.h"
 #include "views/main/AboutView.h"
 #include "views/main/AboutWindow.h"
@@ -17,18 +18,6 @@
 using namespace Qt::StringLiterals;
 
 namespace {
-
-// Stands in for the browser, so that no test opens one.
-class UrlCatcher : public QObject
-{
-    Q_OBJECT
-
-public:
-    QList<QUrl> opened;
-
-public slots:
-    void open(const QUrl& url) { opened.append(url); }
-};
 
 QStringList labelTexts(const QWidget* window)
 {
@@ -146,7 +135,7 @@ void SettingsWindowTest::footerAndVersionTexts()
 
 void SettingsWindowTest::aboutWindow()
 {
-    UrlCatcher browser;
+    UrlRecorder browser;
     QDesktopServices::setUrlHandler(u"https"_s, &browser, "open");
 
     QPointer<AboutWindow> window = new AboutWindow;
