@@ -304,14 +304,31 @@ const std::vector<QCollatorSortKey>& ProductSortProxy::collationKeys(int column)
     std::vector<QCollatorSortKey>& keys = m_collationKeys[size_t(column)];
     if (m_collationKeysReady[size_t(column)])
         return keys;
+    std::vector<std::optional<QCollatorSortKey>>& known = catalogueKeys(column);
     const QCollator collator = textCollator();
     const int rows = m_table.rowCount();
     keys.clear();
     keys.reserve(size_t(rows));
-    for (int row = 0; row < rows; ++row)
-        keys.push_back(collator.sortKey(sortText(m_table.productAt(row), column)));
+    for (int row = 0; row < rows; ++row) {
+        std::optional<QCollatorSortKey>& key = known[size_t(m_table.catalogueIndex(row))];
+        if (!key)
+            key = collator.sortKey(sortText(m_table.productAt(row), column));
+        keys.push_back(*key);
+    }
     m_collationKeysReady[size_t(column)] = true;
     return keys;
+}
+
+std::vector<std::optional<QCollatorSortKey>>& ProductSortProxy::catalogueKeys(int column)
+{
+    if (m_catalogueGeneration != m_table.catalogueGeneration()) {
+        m_catalogueGeneration = m_table.catalogueGeneration();
+        for (auto& keys : m_catalogueKeys)
+            keys.clear();
+    }
+    std::vector<std::optional<QCollatorSortKey>>& known = m_catalogueKeys[size_t(column)];
+    known.resize(size_t(m_table.catalogueSize()));
+    return known;
 }
 
 const std::vector<double>& ProductSortProxy::prices()

@@ -7,6 +7,7 @@
 #include <QCollatorSortKey>
 #include <QList>
 #include <array>
+#include <optional>
 #include <vector>
 
 struct Product;
@@ -14,10 +15,10 @@ struct Product;
 // Sorts the product rows by a list of keys, the first deciding and the others
 // breaking ties; rows equal under all keys keep the view model's order. Text
 // compares like a file browser does (case-insensitive, the user's language,
-// digit runs by value) through collation keys computed at most once per row
-// set and column. The table only ever resets its rows or changes its check
-// column, so the proxy keeps a plain row mapping and sorts it over the keys
-// directly instead of going through QModelIndex comparisons.
+// digit runs by value) through collation keys computed at most once per
+// product and column for each loaded catalogue. The table only ever resets its rows or changes its
+// check column, so the proxy keeps a plain row mapping and sorts it over the keys directly instead
+// of going through QModelIndex comparisons.
 class ProductSortProxy : public QAbstractProxyModel
 {
     Q_OBJECT
@@ -68,6 +69,7 @@ private:
     static void sortRows(std::vector<int>& rows, const std::vector<ResolvedKey>& keys);
     std::vector<ResolvedKey> resolveKeys();
     const std::vector<QCollatorSortKey>& collationKeys(int column);
+    std::vector<std::optional<QCollatorSortKey>>& catalogueKeys(int column);
     const std::vector<double>& prices();
 
     ProductTableModel& m_table;
@@ -77,6 +79,11 @@ private:
     // Filled on first use after a reset; indexed by source row.
     std::array<std::vector<QCollatorSortKey>, ProductTableModel::kColumnCount> m_collationKeys;
     std::array<bool, ProductTableModel::kColumnCount> m_collationKeysReady{};
+    // The same keys by catalogue position, kept while the catalogue stays: a
+    // keystroke in the search field then costs no collation work.
+    std::array<std::vector<std::optional<QCollatorSortKey>>, ProductTableModel::kColumnCount>
+        m_catalogueKeys;
+    quint64 m_catalogueGeneration = 0;
     std::vector<double> m_prices;
     bool m_pricesReady = false;
 };

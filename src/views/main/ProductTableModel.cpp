@@ -12,6 +12,9 @@ ProductTableModel::ProductTableModel(ProductListViewModel& viewModel, QObject* p
             &ProductTableModel::resetRows);
     connect(&m_viewModel, &ProductListViewModel::checkedProductIDsChanged, this,
             &ProductTableModel::refreshChecks);
+    // Sent before the filtered rows change with it.
+    connect(&m_viewModel, &ProductListViewModel::productsChanged, this,
+            &ProductTableModel::startNewCatalogue);
 }
 
 int ProductTableModel::rowCount(const QModelIndex& parent) const
@@ -96,6 +99,16 @@ const Product& ProductTableModel::productAt(int row) const
     return m_viewModel.filteredAt(row);
 }
 
+qsizetype ProductTableModel::catalogueIndex(int row) const
+{
+    return m_viewModel.filteredIndexes().at(row);
+}
+
+qsizetype ProductTableModel::catalogueSize() const
+{
+    return m_viewModel.products().size();
+}
+
 QString ProductTableModel::priceText(const Product& product)
 {
     if (!product.SellPrice1WithVat)
@@ -124,6 +137,11 @@ void ProductTableModel::resetRows()
     // The view model has already replaced its list; the views only need to re-read it.
     beginResetModel();
     endResetModel();
+}
+
+void ProductTableModel::startNewCatalogue()
+{
+    ++m_catalogueGeneration;
 }
 
 void ProductTableModel::refreshChecks()

@@ -32,6 +32,11 @@ public:
     Qt::ItemFlags flags(const QModelIndex& index) const override;
 
     const Product& productAt(int row) const;
+    // Where a row's product stands in the loaded catalogue, and which load
+    // that is: what is worked out per product can outlive a change of filter.
+    qsizetype catalogueIndex(int row) const;
+    qsizetype catalogueSize() const;
+    quint64 catalogueGeneration() const { return m_catalogueGeneration; }
     // "€ " and the price with two decimals and a full stop, or "€ -" without a price.
     static QString priceText(const Product& product);
 
@@ -39,6 +44,8 @@ private:
     QVariant displayText(const Product& product, int column) const;
     void resetRows();
     void refreshChecks();
+    void startNewCatalogue();
 
     ProductListViewModel& m_viewModel;
+    quint64 m_catalogueGeneration = 0;
 };

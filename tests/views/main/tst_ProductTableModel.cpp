@@ -37,6 +37,7 @@ private slots:
     void selectionAndCurrentRowFollowTheirProduct();
     void priceSortsByNumberWithMissingAsZero();
     void keysFollowANewLoad();
+    void keysFollowTheFilter();
 
 private:
     void load(const QList<Product>& products);
@@ -400,6 +401,22 @@ void ProductTableModelTest::keysFollowANewLoad()
     m_viewModel->setSearchText(u"c"_s);
     QCOMPARE(column(ProductTableModel::kSKUColumn), (QStringList{u"C"_s}));
     QCOMPARE(m_proxy->mapFromSource(m_table->index(0, ProductTableModel::kSKUColumn)).row(), 0);
+}
+
+void ProductTableModelTest::keysFollowTheFilter()
+{
+    // Filtered rows sit at other positions than their products do in the
+    // loaded list; the keys worked out before the filter must follow the products.
+    load({Fixture::product(1, u"3"_s, u"x een"_s), Fixture::product(2, u"1"_s, u"y twee"_s),
+          Fixture::product(3, u"2"_s, u"y drie"_s)});
+    QCOMPARE(column(ProductTableModel::kSKUColumn), (QStringList{u"1"_s, u"2"_s, u"3"_s}));
+    m_viewModel->setSearchText(u"y"_s);
+    QCOMPARE(column(ProductTableModel::kSKUColumn), (QStringList{u"1"_s, u"2"_s}));
+    m_proxy->promoteColumn(ProductTableModel::kNameColumn);
+    QCOMPARE(column(ProductTableModel::kNameColumn), (QStringList{u"y drie"_s, u"y twee"_s}));
+    m_viewModel->setSearchText(QString());
+    QCOMPARE(column(ProductTableModel::kNameColumn),
+             (QStringList{u"x een"_s, u"y drie"_s, u"y twee"_s}));
 }
 
 QTEST_MAIN(ProductTableModelTest)
