@@ -1,7 +1,9 @@
 // Start-up: from process start to the product window showing 1,000 products
 // loaded from a local product service, against a minimal Qt Widgets program
-// that shows an empty window. Both are timed as whole processes; the peak
-// memory of each child comes from the kernel when it is reaped.
+// that shows an empty window. All are timed as whole processes; the peak
+// memory of each child comes from the kernel when it is reaped. A third
+// program, the plainest window with a 1,000-row table, shows where the floor
+// for any such window lies.
 
 #include "BenchCatalogue.h"
 #include "ChildRun.h"
@@ -68,11 +70,22 @@ void startupBaseline(benchmark::State& state)
     measure(state, QStringLiteral(STAMPIX_EMPTY_WINDOW), {}, home.path());
 }
 
+void startupPlainTable(benchmark::State& state)
+{
+    QTemporaryDir home;
+    measure(state, QStringLiteral(STAMPIX_PLAIN_TABLE_WINDOW), {}, home.path());
+}
+
 } // namespace
 
 BENCHMARK(startupProject)->Name("startup/project")->Arg(kProducts)->Iterations(3)->UseManualTime();
 BENCHMARK(startupBaseline)
     ->Name("startup/baseline")
+    ->Arg(kProducts)
+    ->Iterations(3)
+    ->UseManualTime();
+BENCHMARK(startupPlainTable)
+    ->Name("startup/plain_table")
     ->Arg(kProducts)
     ->Iterations(3)
     ->UseManualTime();

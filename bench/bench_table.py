@@ -20,6 +20,8 @@ ROWS = [
     ("Settings save, 100 dossiers/printers/templates", "settings_save", [None], 1.5),
     ("Start-up to the product window", "startup", [1000], 1.5),
     ("  peak memory (RSS) of that start-up", "startup:memory", [1000], 1.5),
+    ("  plain window, 1,000-row table, idle HTTP client", "startup:plain", [1000], None),
+    ("  peak memory (RSS) of that plain window", "startup:plain_memory", [1000], None),
 ]
 STALL_LIMIT_MS = 50.0
 UNIT_NS = {"ns": 1.0, "us": 1e3, "ms": 1e6, "s": 1e9}
@@ -59,6 +61,8 @@ def row(label, family, size, target, runs):
     family, _, kind = family.partition(":")
     if kind == "table":
         project = runs.get(("filter_table", "project", size))
+    elif kind.startswith("plain"):
+        project = runs.get((family, "plain_table", size))
     else:
         project = runs.get((family, "naive" if kind == "naive" else "project", size))
     baseline = runs.get((family, "baseline", size))
@@ -71,7 +75,7 @@ def row(label, family, size, target, runs):
     target_text = f"≤ {target}" if target else "(reference)"
     if not project or not baseline:
         return [label, size_text, "not measured", "not measured", "—", target_text, "TODO"]
-    if kind == "memory":
+    if kind.endswith("memory"):
         mine, theirs = project["peak_rss_kib"], baseline["peak_rss_kib"]
         shown = (f"{mine / 1024:.1f} MiB", f"{theirs / 1024:.1f} MiB")
     else:
