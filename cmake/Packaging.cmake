@@ -68,8 +68,9 @@ set(CPACK_DEBIAN_FILE_NAME DEB-DEFAULT)
 set(CPACK_DEBIAN_PACKAGE_MAINTAINER ${STAMPIX_PACKAGE_MAINTAINER})
 set(CPACK_DEBIAN_PACKAGE_SECTION utils)
 set(CPACK_DEBIAN_PACKAGE_PRIORITY optional)
-# The linked libraries' packages come from dpkg-shlibdeps. The SVG plugins are
-# loaded at run time rather than linked, so their package is named here.
+# The linked libraries' packages come from dpkg-shlibdeps. The SVG plugins, Qt's
+# Dutch translation and the label preview's font are loaded at run time rather
+# than linked, so their packages are named here.
 set(CPACK_DEBIAN_PACKAGE_SHLIBDEPS ON)
-set(CPACK_DEBIAN_PACKAGE_DEPENDS "libqt6svg6")
+set(CPACK_DEBIAN_PACKAGE_DEPENDS "libqt6svg6, qt6-translations-l10n, fonts-liberation")
 include(CPack)
