@@ -39,7 +39,10 @@ QWidget* pickerGroup(const QString& title, QComboBox* picker, QWidget* parent)
     auto* layout = new QHBoxLayout(group);
     layout->setContentsMargins(0, 0, 0, 0);
     layout->setSpacing(4);
-    layout->addWidget(new ThemedLabel(title, Theme::systemFont(12), &Theme::secondaryText, group));
+    auto* label = new ThemedLabel(title, Theme::systemFont(12), &Theme::secondaryText, group);
+    // Screen readers name the picker after this label.
+    label->setBuddy(picker);
+    layout->addWidget(label);
     picker->setParent(group);
     picker->setFixedWidth(kPickerWidth);
     picker->setFont(Theme::body());

@@ -1,102 +1,57 @@
 #include "SymbolIcons.h"
+#include "Theme.h"
 
-#include <QApplication>
 #include <QImage>
-#include <QPalette>
 #include <QTest>
 
-using namespace Qt::StringLiterals;
-
-namespace {
-
-// Share of the image's pixels that are drawn, and whether all drawn pixels have this colour.
-struct Coverage
-{
-    double drawn = 0;
-    bool allInColour = true;
-};
-
-Coverage coverage(const QIcon& icon, const QColor& colour)
-{
-    const QImage image =
-        icon.pixmap(QSize(32, 32), 1.0).toImage().convertToFormat(QImage::Format_ARGB32);
-    int drawn = 0;
-    Coverage result;
-    for (int y = 0; y < image.height(); ++y) {
-        for (int x = 0; x < image.width(); ++x) {
-            const QColor pixel = image.pixelColor(x, y);
-            if (pixel.alpha() < 200)
-                continue;
-            ++drawn;
-            // Edges are blended; premultiplied alpha rounds their channels a little.
-            const int distance = qAbs(pixel.red() - colour.red()) +
-                                 qAbs(pixel.green() - colour.green()) +
-                                 qAbs(pixel.blue() - colour.blue());
-            if (distance > 6)
-                result.allInColour = false;
-        }
-    }
-    result.drawn = double(drawn) / (image.width() * image.height());
-    return result;
-}
-
-} // namespace
-
-class SymbolIconsTest : public QObject
+// The named colours and the symbol set.
+class ThemeTest : public QObject
 {
     Q_OBJECT
 
 private slots:
-    void everySymbolTheWindowsUseHasABundledIcon();
-    void tintedIconsTakeTheColour();
-    void unknownNamesGiveNoIcon();
-    void appIconIsAvailable();
+    void textColoursAreReadable_data();
+    void textColoursAreReadable();
+    void everySymbolIsDrawnInItsColour();
 };
 
-void SymbolIconsTest::everySymbolTheWindowsUseHasABundledIcon()
+void ThemeTest::textColoursAreReadable_data()
 {
-    const QStringList used =
-        u"folder.badge.gearshape magnifyingglass cube.box checkmark.circle.fill "
-        u"printer.fill printer xmark xmark.circle.fill arrow.clockwise "
-        u"checkmark.square.fill square gear folder folder.fill doc.text "
-        u"doc.text.fill chevron.down chevron.right plus info.circle "
-        u"info.circle.fill tag key.fill calendar network number trash "
-        u"exclamationmark.triangle.fill"_s.split(u' ');
-    for (const QString& name : used) {
-        QVERIFY2(SymbolIcons::symbolNames().contains(name), qPrintable(name));
-        QVERIFY2(!SymbolIcons::icon(name).isNull(), qPrintable(name));
-        // Something is drawn, and not just a filled square.
-        const Coverage drawn = coverage(SymbolIcons::bundled(name), Qt::black);
-        QVERIFY2(drawn.drawn > 0.05 && drawn.drawn < 0.9, qPrintable(name));
+    QTest::addColumn<QColor>("window");
+    QTest::addColumn<QColor>("text");
+    QTest::newRow("light") << QColor(239, 239, 239) << QColor(Qt::black);
+    QTest::newRow("dark") << QColor(40, 40, 42) << QColor(236, 236, 236);
+    QTest::newRow("grey, low contrast") << QColor(128, 128, 128) << QColor(20, 20, 20);
+}
+
+void ThemeTest::textColoursAreReadable()
+{
+    QFETCH(QColor, window);
+    QFETCH(QColor, text);
+    QPalette palette;
+    palette.setColor(QPalette::Window, window);
+    palette.setColor(QPalette::WindowText, text);
+    QVERIFY(Theme::contrastRatio(Theme::secondaryText(palette), window) >= 4.5);
+    QVERIFY(Theme::contrastRatio(Theme::successText(palette), window) >= 4.5);
+    QCOMPARE(qRound(Theme::contrastRatio(Qt::black, Qt::white)), 21);
+    QCOMPARE(qRound(Theme::contrastRatio(QColor(118, 118, 118), Qt::white) * 100), 454);
+    // Still green.
+    QVERIFY(Theme::successText(palette).hue() / 60 == Theme::green().hue() / 60);
+}
+
+void ThemeTest::everySymbolIsDrawnInItsColour()
+{
+    for (const QString& name : SymbolIcons::symbolNames()) {
+        const QImage image = SymbolIcons::tinted(name, Qt::red).pixmap(32, 32).toImage();
+        // Something is drawn in the colour, and not just a filled square.
+        int drawn = 0;
+        for (int y = 0; y < image.height(); ++y) {
+            for (int x = 0; x < image.width(); ++x)
+                drawn += image.pixelColor(x, y) == QColor(Qt::red);
+        }
+        QVERIFY2(drawn > 50 && drawn < 900, qPrintable(name));
     }
-    // Filled and outlined variants differ.
-    QVERIFY(coverage(SymbolIcons::bundled(u"checkmark.square.fill"), Qt::black).drawn >
-            coverage(SymbolIcons::bundled(u"square"), Qt::black).drawn * 1.5);
 }
 
-void SymbolIconsTest::tintedIconsTakeTheColour()
-{
-    const QColor green(65, 195, 145);
-    const Coverage tinted = coverage(SymbolIcons::tinted(u"printer.fill", green), green);
-    QVERIFY(tinted.drawn > 0.05);
-    QVERIFY(tinted.allInColour);
-
-    const QColor text = QApplication::palette().color(QPalette::WindowText);
-    QVERIFY(coverage(SymbolIcons::bundled(u"gear"), text).allInColour);
-}
-
-void SymbolIconsTest::unknownNamesGiveNoIcon()
-{
-    QVERIFY(SymbolIcons::icon(u"no.such.symbol").isNull());
-    QVERIFY(SymbolIcons::tinted(u"no.such.symbol", Qt::red).isNull());
-}
-
-void SymbolIconsTest::appIconIsAvailable()
-{
-    const QIcon icon = SymbolIcons::appIcon();
-    QVERIFY(!icon.isNull());
-    QVERIFY(coverage(icon, Qt::white).drawn > 0.5);
-}
-
-QTEST_MAIN(SymbolIconsTest)
-#include "tst_SymbolIcons.moc"
+QTEST_MAIN(ThemeTest)
+#include "tst_Theme.moc"
