@@ -45,6 +45,8 @@ PrintButton::PrintButton(QWidget* parent)
     setIconSize(QSize(kSymbolSize, kSymbolSize));
     setAccessibleDescription(u"Drukt de aangevinkte producten af"_s);
     m_busyIndicator->hide();
+    if (parent)
+        parent->installEventFilter(this);
     applyPalette();
 }
 
@@ -68,10 +70,22 @@ void PrintButton::resizeEvent(QResizeEvent* event)
 void PrintButton::changeEvent(QEvent* event)
 {
     QPushButton::changeEvent(event);
-    if (event->type() == QEvent::PaletteChange || event->type() == QEvent::ParentChange)
+    if (event->type() == QEvent::ParentChange) {
+        // The style sheet fixes this button's own palette, so a new palette reaches
+        // it only through its parent's.
+        if (parentWidget())
+            parentWidget()->installEventFilter(this);
         applyPalette();
-    else if (event->type() == QEvent::EnabledChange)
+    } else if (event->type() == QEvent::EnabledChange) {
         showSymbol();
+    }
+}
+
+bool PrintButton::eventFilter(QObject* watched, QEvent* event)
+{
+    if (watched == parentWidget() && event->type() == QEvent::PaletteChange)
+        applyPalette();
+    return QPushButton::eventFilter(watched, event);
 }
 
 // The colours follow the palette; they are worked out here, once per palette,
