@@ -36,6 +36,4 @@ struct SettingsData
     static std::optional<SettingsData> read(const QByteArray& bytes, QString* error);
     // Pretty-printed UTF-8 JSON with sorted keys; legacy keys never written.
     QByteArray write() const;
-
-    friend bool operator==(const SettingsData&, const SettingsData&) = default;
 };
