@@ -284,8 +284,8 @@ void AppSettings::deleteTemplate(const LabelTemplate& labelTemplate)
 
 std::optional<QString> AppSettings::exportSettings(const QString& filePath) const
 {
-    return SettingsFile::writeAtomically(filePath, currentDocument().write(),
-                                         SettingsFile::Access::Default);
+    // The file holds every API key: as private as the settings file itself.
+    return SettingsFile::writeAtomically(filePath, currentDocument().write());
 }
 
 std::optional<QString> AppSettings::importSettings(const QString& filePath)
@@ -347,8 +347,8 @@ void AppSettings::saveSettings()
                   u"and is not overwritten"_s.arg(m_settingsFile));
         return;
     }
-    const std::optional<QString> error = SettingsFile::writeAtomically(
-        m_settingsFile, m_writer.write(currentDocument()), SettingsFile::Access::OwnerOnly);
+    const std::optional<QString> error =
+        SettingsFile::writeAtomically(m_settingsFile, currentDocument().write());
     if (error)
         printLine(u"Failed to save settings: "_s + *error);
 }

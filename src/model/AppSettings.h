@@ -4,7 +4,6 @@
 #include "LabelTemplate.h"
 #include "Printer.h"
 #include "SettingsData.h"
-#include "SettingsWriter.h"
 
 #include <QList>
 #include <QObject>
@@ -125,7 +124,6 @@ private:
     QString m_settingsDirectory;
     QString m_settingsFile;
     QTimer m_saveTimer;
-    SettingsWriter m_writer;
     // Set when an unreadable settings file could not be moved aside: saves
     // then leave it alone rather than destroy what may still be recovered.
     bool m_keepExistingFile = false;

@@ -3,7 +3,6 @@
 #include <QJsonObject>
 #include <QString>
 #include <QUuid>
-
 #include <optional>
 
 // One company administration in the invoicing service with the key that opens it.

@@ -3,7 +3,6 @@
 #include <QJsonObject>
 #include <QString>
 #include <QUuid>
-
 #include <optional>
 
 // A named ZPL label text bound to the printer it prints on.

@@ -3,7 +3,6 @@
 #include <QJsonObject>
 #include <QString>
 #include <QUuid>
-
 #include <optional>
 
 // One network label printer.

@@ -82,17 +82,12 @@ std::optional<SettingsData> SettingsData::read(const QByteArray& bytes, QString*
 
 QByteArray SettingsData::write() const
 {
-    return write({toJsonArray(dossiers), toJsonArray(printers), toJsonArray(templates)});
-}
-
-QByteArray SettingsData::write(const RecordArrays& records) const
-{
     // QJsonObject keeps its keys sorted, which gives the sorted written form.
     QJsonObject root{
         {u"bookyear"_s, bookyear},
-        {u"dossiers"_s, records.dossiers},
-        {u"printers"_s, records.printers},
-        {u"templates"_s, records.templates},
+        {u"dossiers"_s, toJsonArray(dossiers)},
+        {u"printers"_s, toJsonArray(printers)},
+        {u"templates"_s, toJsonArray(templates)},
         {u"settingsWindowWidth"_s, settingsWindowWidth},
         {u"settingsWindowHeight"_s, settingsWindowHeight},
         {u"columnWidthCheckbox"_s, columnWidthCheckbox},

@@ -5,7 +5,6 @@
 #include "Printer.h"
 
 #include <QByteArray>
-#include <QJsonArray>
 #include <QList>
 #include <optional>
 
@@ -35,16 +34,6 @@ struct SettingsData
 
     // Whole document or nothing: the first key that fails decides `error`.
     static std::optional<SettingsData> read(const QByteArray& bytes, QString* error);
-    // The record lists already turned into JSON, in the order of the lists.
-    struct RecordArrays
-    {
-        QJsonArray dossiers;
-        QJsonArray printers;
-        QJsonArray templates;
-    };
-
     // Pretty-printed UTF-8 JSON with sorted keys; legacy keys never written.
     QByteArray write() const;
-    // The same, with the record lists given as JSON by the caller.
-    QByteArray write(const RecordArrays& records) const;
 };

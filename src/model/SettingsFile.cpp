@@ -5,7 +5,9 @@
 #include <QFile>
 #include <QFileInfo>
 #include <QSaveFile>
+#ifdef Q_OS_UNIX
 #include <sys/stat.h>
+#endif
 
 using namespace Qt::StringLiterals;
 
@@ -19,9 +21,13 @@ constexpr QFileDevice::Permissions kOwnerReadWrite =
 // at once.
 bool openOwnerOnly(QSaveFile& file)
 {
+#ifdef Q_OS_UNIX
     const mode_t previous = ::umask(S_IRWXG | S_IRWXO);
     const bool opened = file.open(QIODevice::WriteOnly);
     ::umask(previous);
+#else
+    const bool opened = file.open(QIODevice::WriteOnly);
+#endif
     // QSaveFile gives the temporary file the permissions of the file it
     // replaces, which may be wider; narrow them before any byte is written.
     return opened && file.setPermissions(kOwnerReadWrite);
@@ -42,13 +48,10 @@ std::optional<QByteArray> SettingsFile::readAll(const QString& path, QString* er
     return std::nullopt;
 }
 
-std::optional<QString> SettingsFile::writeAtomically(const QString& path, const QByteArray& bytes,
-                                                     Access access)
+std::optional<QString> SettingsFile::writeAtomically(const QString& path, const QByteArray& bytes)
 {
     QSaveFile file(path);
-    const bool opened =
-        access == Access::OwnerOnly ? openOwnerOnly(file) : file.open(QIODevice::WriteOnly);
-    if (!opened) {
+    if (!openOwnerOnly(file)) {
         QString error = file.errorString();
         file.cancelWriting();
         return error;

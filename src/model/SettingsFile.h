@@ -9,19 +9,14 @@
 class SettingsFile
 {
 public:
-    enum class Access
-    {
-        OwnerOnly, // never readable by anyone else, not even while being written
-        Default,   // the usual permissions of a new file (exports)
-    };
-
     // The whole content, or nothing with the reason in `error`.
     static std::optional<QByteArray> readAll(const QString& path, QString* error);
 
     // Replaces the file through a temporary file and a rename, so a crash
-    // leaves either the old or the new content. Returns the error, if any.
-    static std::optional<QString> writeAtomically(const QString& path, const QByteArray& bytes,
-                                                  Access access);
+    // leaves either the old or the new content. The file is owner-only, never
+    // readable by anyone else, not even while being written. Returns the
+    // error, if any.
+    static std::optional<QString> writeAtomically(const QString& path, const QByteArray& bytes);
 
     // Creates the directory (and missing parents) accessible to its owner only.
     // Failures are left to the later writes to report.

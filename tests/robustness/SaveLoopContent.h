@@ -1,32 +1,20 @@
 #pragma once
 
 #include "model/AppSettings.h"
-#include "model/SettingsData.h"
-
-#include <QUuid>
 
 // The settings that the save loop writes for one sequence number, shared by
-// the loop and the test that kills it. Every sequence number gives a
-// different document of a different length, so a torn or mixed file shows.
+// the loop and the test that kills it. Every sequence number gives a document
+// of another length, so a torn or mixed file shows.
 namespace saveloop {
-
-inline QUuid dossierID(int position)
-{
-    static const QUuid kNamespace(u"5B0C8E52-4D1A-4E7B-9C3F-2A6D8E1F0B47");
-    return QUuid::createUuidV5(kNamespace, QString::number(position));
-}
 
 inline QList<Dossier> dossiersFor(qint64 sequence)
 {
+    static const QUuid kNamespace(u"5B0C8E52-4D1A-4E7B-9C3F-2A6D8E1F0B47");
     QList<Dossier> dossiers;
-    const int count = 1 + static_cast<int>(sequence % 5);
-    for (int position = 0; position < count; ++position) {
-        Dossier dossier;
-        dossier.id = dossierID(position);
-        dossier.name = QStringLiteral("Dossier %1 van %2").arg(position).arg(sequence);
-        dossier.apiKey = QString(static_cast<int>(sequence % 13) * 40, QLatin1Char('k'));
-        dossiers.append(dossier);
-    }
+    for (int position = 0; position <= sequence % 5; ++position)
+        dossiers.append({QUuid::createUuidV5(kNamespace, QString::number(position)),
+                         QStringLiteral("Dossier %1 van %2").arg(position).arg(sequence),
+                         QString(static_cast<int>(sequence % 13) * 40, QLatin1Char('k'))});
     return dossiers;
 }
 
@@ -34,7 +22,6 @@ inline QList<Dossier> dossiersFor(qint64 sequence)
 inline void apply(AppSettings& settings, qint64 sequence)
 {
     settings.setDossiers(dossiersFor(sequence));
-    settings.setSelectedDossierID(dossierID(0));
     settings.setColumnWidthName(static_cast<double>(sequence));
     settings.setBookyear(QString::number(sequence));
 }
@@ -42,7 +29,6 @@ inline void apply(AppSettings& settings, qint64 sequence)
 inline bool matches(const SettingsData& data, qint64 sequence)
 {
     return data.bookyear == QString::number(sequence) && data.dossiers == dossiersFor(sequence) &&
-           data.selectedDossierID == dossierID(0) &&
            data.columnWidthName == static_cast<double>(sequence);
 }
 
