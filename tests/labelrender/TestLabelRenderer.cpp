@@ -1,6 +1,5 @@
 #include "LabelRenderer.h"
 
-#include <QGuiApplication>
 #include <QtTest>
 #include <zbar.h>
 
@@ -53,15 +52,11 @@ int blackOnLine(const QImage& image, QPoint from, QPoint step, int count)
 // The side of the bounds whose edge line is most black: the bars of "TTT".
 QChar denseSide(const QImage& image, const QRect& r)
 {
-    const QList<std::pair<QChar, int>> sides{
-        {u'N', blackOnLine(image, r.topLeft(), {1, 0}, r.width())},
-        {u'I', blackOnLine(image, r.bottomLeft(), {1, 0}, r.width())},
-        {u'B', blackOnLine(image, r.topLeft(), {0, 1}, r.height())},
-        {u'R', blackOnLine(image, r.topRight(), {0, 1}, r.height())},
-    };
-    return std::max_element(sides.cbegin(), sides.cend(),
-                            [](auto a, auto b) { return a.second < b.second; })
-        ->first;
+    const int counts[] = {blackOnLine(image, r.topLeft(), {1, 0}, r.width()),
+                          blackOnLine(image, r.bottomLeft(), {1, 0}, r.width()),
+                          blackOnLine(image, r.topLeft(), {0, 1}, r.height()),
+                          blackOnLine(image, r.topRight(), {0, 1}, r.height())};
+    return u"NIBR"_s.at(std::max_element(std::begin(counts), std::end(counts)) - counts);
 }
 
 const auto kLayout =
@@ -89,7 +84,6 @@ private slots:
     void fieldsLandWhereThePrinterPutsThem_data();
     void fieldsLandWhereThePrinterPutsThem();
     void boxEdgesAndReverseField();
-    void unknownCommandsAndSizeAreReported();
 };
 
 void TestLabelRenderer::barcodesScan_data()
@@ -100,8 +94,6 @@ void TestLabelRenderer::barcodesScan_data()
 
     QTest::newRow("EAN-13 adds its check digit")
         << 8 << u"^BEN,80,Y,N^FD590123412345"_s << u"EAN-13:5901234123457"_s;
-    QTest::newRow("EAN-13 with a wrong check digit, as the printer fixes it")
-        << 8 << u"^BEN,80^FD5901234123450"_s << u"EAN-13:5901234123457"_s;
     QTest::newRow("EAN-8") << 8 << u"^B8N,60^FD9638507"_s << u"EAN-8:96385074"_s;
     QTest::newRow("UPC-A") << 8 << u"^BUN,80^FD03600029145"_s << u"UPC-A:036000291452"_s;
     QTest::newRow("Code 128") << 8 << u"^BCN,80,Y,N^FDSTX-4711/abc"_s << u"CODE-128:STX-4711/abc"_s;
@@ -110,7 +102,6 @@ void TestLabelRenderer::barcodesScan_data()
     QTest::newRow("Code 128 rotated, 12 dots/mm")
         << 12 << u"^BY3^BCR,120,N^FDART-0042"_s << u"CODE-128:ART-0042"_s;
     QTest::newRow("Code 39") << 8 << u"^B3N,N,80,Y^FDABC-123"_s << u"CODE-39:ABC-123"_s;
-    QTest::newRow("Code 39 at 6 dots/mm") << 6 << u"^B3N,N,60,N^FDK9"_s << u"CODE-39:K9"_s;
     QTest::newRow("QR with mode prefix") << 8 << u"^BQN,2,4^FDQA,https://example.com/p?id=42"_s
                                          << u"QR-Code:https://example.com/p?id=42"_s;
     QTest::newRow("QR with a ^FH escape") << 24 << u"^BQN,2,8^FH^FDHA,A_5EB"_s << u"QR-Code:A^B"_s;
@@ -155,18 +146,14 @@ void TestLabelRenderer::fieldsLandWhereThePrinterPutsThem()
     constexpr int kSlack = 9; // side bearings and the face's cap height
 
     const QImage image = LabelRenderer().render(kLayout).labels.value(0).image;
-    QCOMPARE(image.size(), QSize(800, 800));
     const QRect found = blackBounds(image, window);
-    QVERIFY2(!found.isEmpty(), "nothing drawn");
-    QVERIFY2(qAbs(found.left() - expected.left()) <= kSlack, qPrintable(u"%1"_s.arg(found.left())));
-    QVERIFY2(qAbs(found.top() - expected.top()) <= kSlack, qPrintable(u"%1"_s.arg(found.top())));
+    QVERIFY(qAbs(found.left() - expected.left()) <= kSlack);
+    QVERIFY(qAbs(found.top() - expected.top()) <= kSlack);
     if (expected.width() > 0)
-        QVERIFY2(found.width() <= expected.width() && found.width() > expected.width() - kSlack * 2,
-                 qPrintable(u"%1"_s.arg(found.width())));
+        QVERIFY(found.width() <= expected.width() && found.width() > expected.width() - 2 * kSlack);
     if (expected.height() > 0)
-        QVERIFY2(found.bottom() <= expected.bottom() + 1 &&
-                     found.height() > expected.height() - kSlack * 2,
-                 qPrintable(u"%1"_s.arg(found.bottom())));
+        QVERIFY(found.bottom() <= expected.bottom() + 1 &&
+                found.height() > expected.height() - 2 * kSlack);
     QCOMPARE(QString(denseSide(image, found)), bars);
 }
 
@@ -174,33 +161,11 @@ void TestLabelRenderer::boxEdgesAndReverseField()
 {
     const QImage image = LabelRenderer().render(kLayout).labels.value(0).image;
     QCOMPARE(blackBounds(image, QRect(0, 540, 350, 200)), QRect(50, 550, 200, 100));
-    QCOMPARE(blackBounds(image, QRect(56, 556, 188, 88)), QRect()); // the inside stays white
-    QCOMPARE(blackOnLine(image, {50, 550}, {0, 1}, 100), 100);
-    QCOMPARE(blackOnLine(image, {54, 560}, {1, 0}, 3), 1); // five dots of line, the fifth is 54
+    QCOMPARE(blackBounds(image, QRect(55, 555, 190, 90)), QRect()); // a line of five dots
     // The reversed text is white inside the filled box, whose corners stay black.
     QCOMPARE(blackBounds(image, QRect(390, 540, 220, 120)), QRect(400, 550, 200, 100));
-    int white = 0;
-    for (int x = 420; x < 600; ++x)
-        white += image.pixel(x, 590) == qRgb(255, 255, 255);
-    QVERIFY(white > 5);
+    QVERIFY(blackOnLine(image, {420, 590}, {1, 0}, 160) < 155);
 }
 
-void TestLabelRenderer::unknownCommandsAndSizeAreReported()
-{
-    const LabelRenderResult result = LabelRenderer().render(
-        u"^XA^PQ3^MMT~SD25^FO10,10^A0N,30^FDA^FS^XZ^XA^FO0,0^GB50,20,2^FS^XZ"_s);
-    QCOMPARE(result.commandsNotDrawn, (QStringList{u"^PQ"_s, u"^MM"_s, u"~SD"_s}));
-    QCOMPARE(result.labels.size(), 2);
-    QVERIFY(!result.labels.at(1).sizeKnown());
-    QCOMPARE(result.labels.at(1).sizeDots(), QSize(50 + 16, 20 + 16));
-    QCOMPARE(result.notes.size(), 1);
-}
-
-int main(int argc, char* argv[])
-{
-    QGuiApplication app(argc, argv);
-    TestLabelRenderer test;
-    return QTest::qExec(&test, argc, argv);
-}
-
+QTEST_MAIN(TestLabelRenderer)
 #include "TestLabelRenderer.moc"

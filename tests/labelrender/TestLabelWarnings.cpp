@@ -1,7 +1,6 @@
 #include "LabelPreview.h"
 #include "LabelRenderer.h"
 
-#include <QGuiApplication>
 #include <QJsonDocument>
 #include <QtTest>
 
@@ -36,26 +35,14 @@ void TestLabelWarnings::warnings_data()
                                        << u"{\"ID\":1,\"Name\":\"Crème\"}"_s << QStringList();
     QTest::newRow("accent in the product")
         << name << u"{\"ID\":1,\"Name\":\"Crème\"}"_s << QStringList{u"in het veld Productnaam"_s};
-    QTest::newRow("accent in an unused value")
-        << name << u"{\"ID\":1,\"Description\":\"é\"}"_s << QStringList();
     QTest::newRow("caret in the product")
         << name << u"{\"ID\":1,\"Name\":\"A^B\"}"_s
         << QStringList{u"Het veld Productnaam bevat ^ of ~"_s, u"voorbeeld: ^B."_s};
-    QTest::newRow("tilde in the article number")
-        << u"^XA^FO0,0^A0N,30^FD{{ARTIKELNR}}^FS^XZ"_s << u"{\"ID\":1,\"Sku\":\"A~B\"}"_s
-        << QStringList{u"Het veld Artikelnummer bevat ^ of ~"_s};
     QTest::newRow("EAN-13 right") << ean << barcode(u"5901234123457"_s) << QStringList();
-    QTest::newRow("EAN-13 without check digit")
-        << ean << barcode(u"590123412345"_s) << QStringList();
     QTest::newRow("EAN-13 wrong check digit")
         << ean << barcode(u"5901234123450"_s) << QStringList{u"controlecijfer moet 7 zijn"_s};
-    QTest::newRow("EAN-13 too short")
-        << ean << barcode(u"12345"_s) << QStringList{u"12 of 13 cijfers"_s};
     QTest::newRow("EAN-13 letters") << ean << barcode(u"59012341234A"_s)
                                     << QStringList{u"alleen cijfers"_s, u"niet getekend"_s};
-    QTest::newRow("EAN-13 empty") << ean << u"{\"ID\":1}"_s << QStringList{u"alleen cijfers"_s};
-    QTest::newRow("EAN-8 right") << u"^XA^FO9,9^B8N,50^FD96385074^FS^XZ"_s << QString()
-                                 << QStringList();
     QTest::newRow("UPC-A wrong check digit")
         << u"^XA^FO9,9^BUN,50^FD036000291453^FS^XZ"_s << QString()
         << QStringList{u"controlecijfer moet 2 zijn"_s};
@@ -68,8 +55,6 @@ void TestLabelWarnings::warnings_data()
     QTest::newRow("runs past the length, rotated")
         << u"^XA^PW800^LL100^FO10,10^A0R,30,30^FD{{NAAM}}^FS^XZ"_s << QString()
         << QStringList{u"loopt buiten de etiketlengte (^LL100)"_s};
-    QTest::newRow("no size set, nothing outside")
-        << u"^XA^FO900,900^A0N,30^FD{{NAAM}}^FS^XZ"_s << QString() << QStringList();
     QTest::newRow("commands not drawn")
         << u"^XA^PQ2^MMT^FO0,0^A0N,20^FD{{NAAM}}^FS^XZ"_s << QString()
         << QStringList{u"Niet getekend in het voorbeeld: ^PQ, ^MM."_s};
@@ -81,9 +66,10 @@ void TestLabelWarnings::warnings()
     QFETCH(QString, product);
     QFETCH(QStringList, expected);
 
-    std::optional<Product> values;
-    if (!product.isEmpty())
-        values = Product::fromJson(QJsonDocument::fromJson(product.toUtf8()).object(), nullptr);
+    const std::optional<Product> values =
+        product.isEmpty()
+            ? std::nullopt
+            : Product::fromJson(QJsonDocument::fromJson(product.toUtf8()).object(), nullptr);
     QVERIFY(product.isEmpty() || values);
     const LabelRenderer renderer;
     const LabelPreview preview =
@@ -94,11 +80,5 @@ void TestLabelWarnings::warnings()
         QVERIFY2(all.at(i).contains(expected.at(i)), qPrintable(all.at(i)));
 }
 
-int main(int argc, char* argv[])
-{
-    QGuiApplication app(argc, argv);
-    TestLabelWarnings test;
-    return QTest::qExec(&test, argc, argv);
-}
-
+QTEST_MAIN(TestLabelWarnings)
 #include "TestLabelWarnings.moc"

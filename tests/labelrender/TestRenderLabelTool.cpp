@@ -21,15 +21,14 @@ private:
 void TestRenderLabelTool::init()
 {
     m_dir = std::make_unique<QTemporaryDir>();
-    QFile label(m_dir->filePath(u"label.zpl"_s));
-    QVERIFY(label.open(QIODevice::WriteOnly));
-    label.write("^XA^PW400^LL200^FO20,20^A0N,40^FD{{NAAM}}^FS^PQ2^XZ");
-    QFile product(m_dir->filePath(u"product.json"_s));
-    QVERIFY(product.open(QIODevice::WriteOnly));
-    product.write(R"({"ID": 5, "Name": "Zeep^Lavendel"})");
-    QFile broken(m_dir->filePath(u"broken.json"_s));
-    QVERIFY(broken.open(QIODevice::WriteOnly));
-    broken.write(R"({"ID": "5"})");
+    const QList<std::pair<QString, QByteArray>> files{
+        {u"label.zpl"_s, "^XA^PW400^LL200^FO20,20^A0N,40^FD{{NAAM}}^FS^PQ2^XZ"},
+        {u"product.json"_s, R"({"ID": 5, "Name": "Zeep^Lavendel"})"},
+    };
+    for (const auto& [name, content] : files) {
+        QFile file(m_dir->filePath(name));
+        QVERIFY(file.open(QIODevice::WriteOnly) && file.write(content) == content.size());
+    }
     QVERIFY(QDir(m_dir->path()).mkdir(u"out-is-a-dir.png"_s));
 }
 
@@ -37,41 +36,31 @@ void TestRenderLabelTool::run_data()
 {
     QTest::addColumn<QStringList>("arguments"); // "OUT" stands for the output file
     QTest::addColumn<QByteArray>("input");      // standard input
-    QTest::addColumn<int>("exitCode");
-    QTest::addColumn<QString>("message"); // part of standard error
-    QTest::addColumn<QSize>("picture");   // written PNG; empty: none may exist
+    QTest::addColumn<QString>("message");       // part of standard error
+    QTest::addColumn<QSize>("picture");         // written PNG; invalid: a failure, no file
 
     QTest::newRow("sample values") << QStringList{u"--sample"_s, u"label.zpl"_s, u"-o"_s, u"OUT"_s}
-                                   << QByteArray() << 0 << u"^PQ"_s << QSize(400, 200);
-    QTest::newRow("standard input, 12 dots/mm")
+                                   << QByteArray() << u"^PQ"_s << QSize(400, 200);
+    QTest::newRow("standard input, size unknown")
         << QStringList{u"--dpmm"_s, u"12"_s, u"-"_s, u"-o"_s, u"OUT"_s}
-        << QByteArray("^XA^PW600^LL300^FO0,0^GB10,10,1^FS^XZ") << 0 << QString() << QSize(600, 300);
+        << QByteArray("^XA^FO0,0^GB10,10,1^FS^XZ") << u"onbekend"_s << QSize(34, 34);
     QTest::newRow("product caret warned")
         << QStringList{u"--product"_s, u"product.json"_s, u"label.zpl"_s, u"-o"_s, u"OUT"_s}
-        << QByteArray() << 0 << u"^FH"_s << QSize(400, 200);
+        << QByteArray() << u"^FH"_s << QSize(400, 200);
     QTest::newRow("unreadable input") << QStringList{u"missing.zpl"_s, u"-o"_s, u"OUT"_s}
-                                      << QByteArray() << 1 << u"missing.zpl"_s << QSize();
-    QTest::newRow("invalid product")
-        << QStringList{u"--product"_s, u"broken.json"_s, u"label.zpl"_s, u"-o"_s, u"OUT"_s}
-        << QByteArray() << 1 << u"broken.json"_s << QSize();
+                                      << QByteArray() << u"missing.zpl"_s << QSize();
     QTest::newRow("output directory missing")
         << QStringList{u"label.zpl"_s, u"-o"_s, u"no/such/dir/out.png"_s} << QByteArray() << 1
         << u"no/such/dir/out.png"_s << QSize();
     QTest::newRow("output is a directory")
         << QStringList{u"label.zpl"_s, u"-o"_s, u"out-is-a-dir.png"_s} << QByteArray() << 1
         << u"out-is-a-dir.png"_s << QSize();
-    QTest::newRow("no label in the input") << QStringList{u"-"_s, u"-o"_s, u"OUT"_s}
-                                           << QByteArray("hello") << 1 << u"^XA"_s << QSize();
-    QTest::newRow("bad resolution")
-        << QStringList{u"--dpmm"_s, u"7"_s, u"label.zpl"_s, u"-o"_s, u"OUT"_s} << QByteArray() << 1
-        << u"--dpmm"_s << QSize();
 }
 
 void TestRenderLabelTool::run()
 {
     QFETCH(QStringList, arguments);
     QFETCH(QByteArray, input);
-    QFETCH(int, exitCode);
     QFETCH(QString, message);
     QFETCH(QSize, picture);
 
@@ -85,7 +74,7 @@ void TestRenderLabelTool::run()
     tool.closeWriteChannel();
     QVERIFY(tool.waitForFinished(30'000));
     const QString errors = QString::fromUtf8(tool.readAllStandardError());
-    QCOMPARE(tool.exitCode(), exitCode);
+    QCOMPARE(tool.exitCode(), picture.isValid() ? 0 : 1);
     QVERIFY2(errors.contains(message), qPrintable(errors));
     QCOMPARE(QImage(out).size(), picture.isValid() ? picture : QSize(0, 0));
     // Nothing half-written is left beside the output.
