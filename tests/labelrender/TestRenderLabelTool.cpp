@@ -50,10 +50,10 @@ void TestRenderLabelTool::run_data()
     QTest::newRow("unreadable input") << QStringList{u"missing.zpl"_s, u"-o"_s, u"OUT"_s}
                                       << QByteArray() << u"missing.zpl"_s << QSize();
     QTest::newRow("output directory missing")
-        << QStringList{u"label.zpl"_s, u"-o"_s, u"no/such/dir/out.png"_s} << QByteArray() << 1
+        << QStringList{u"label.zpl"_s, u"-o"_s, u"no/such/dir/out.png"_s} << QByteArray()
         << u"no/such/dir/out.png"_s << QSize();
     QTest::newRow("output is a directory")
-        << QStringList{u"label.zpl"_s, u"-o"_s, u"out-is-a-dir.png"_s} << QByteArray() << 1
+        << QStringList{u"label.zpl"_s, u"-o"_s, u"out-is-a-dir.png"_s} << QByteArray()
         << u"out-is-a-dir.png"_s << QSize();
 }
 
