@@ -18,6 +18,7 @@ ROWS = [
     ("Print run, one connection per label", "print_run", [1000], 2.0),
     ("  largest event loop stall in the run", "print_run:stall", [1000], None),
     ("Settings save, 100 dossiers/printers/templates", "settings_save", [None], 1.5),
+    ("Label preview, five texts and an EAN-13", "render", [None], 1.5),
     ("Start-up to the product window", "startup", [1000], 1.5),
     ("  peak memory (RSS) of that start-up", "startup:memory", [1000], 1.5),
     ("  plain window, 1,000-row table, idle HTTP client", "startup:plain", [1000], None),

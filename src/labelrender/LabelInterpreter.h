@@ -1,0 +1,109 @@
+#pragma once
+
+#include "BarcodeGraphic.h"
+#include "FieldGraphic.h"
+#include "LabelFont.h"
+#include "LabelRenderResult.h"
+#include "PlacedField.h"
+#include "ZplCommandReader.h"
+
+#include <QHash>
+#include <QPoint>
+#include <QTransform>
+#include <optional>
+
+// Follows the commands of a ZPL text as a printer does, field by field, and
+// paints each finished label. State such as ^PW, ^LL, ^CI and ^BY carries
+// over to following labels, as on the printer.
+class LabelInterpreter
+{
+public:
+    LabelInterpreter(int dotsPerMm, const LabelFont& font);
+
+    void apply(const ZplCommandReader::Command& command);
+    LabelRenderResult finish();
+
+private:
+    using Params = QStringList;
+    using Handler = void (LabelInterpreter::*)(const Params&);
+
+    struct FontChoice
+    {
+        QChar name = u'A';
+        QChar orientation = u'N';
+        int height = 9;
+        int width = 5;
+    };
+    struct Box
+    {
+        int width = 1, height = 1, thickness = 1, rounding = 0;
+        bool white = false;
+    };
+    struct Field
+    {
+        QPoint origin;
+        bool baselineOrigin = false;
+        std::optional<FontChoice> font;
+        std::optional<LabelFont::Block> block;
+        bool reverse = false;
+        std::optional<QChar> hexIndicator;
+        std::optional<BarcodeGraphic::Spec> barcode;
+        QString barcodeCommand;
+        QChar barcodeOrientation = u'N';
+        std::optional<Box> box;
+        std::optional<QString> data;
+    };
+    static const QHash<QString, Handler>& handlers();
+    void startLabel(const Params&);
+    void endLabel(const Params&);
+    void fieldOrigin(const Params& p);
+    void fieldTypeset(const Params& p);
+    void labelHome(const Params& p);
+    void printWidth(const Params& p);
+    void labelLength(const Params& p);
+    void changeFont(const Params& p);
+    void scalableFont(const Params& p);
+    void fieldOrientation(const Params& p);
+    void fieldData(const Params& p);
+    void fieldSeparator(const Params&);
+    void fieldBlock(const Params& p);
+    void fieldReverse(const Params&);
+    void graphicBox(const Params& p);
+    void fieldHex(const Params& p);
+    void codePage(const Params& p);
+    void barcodeDefaults(const Params& p);
+    void code128(const Params& p);
+    void ean13(const Params& p);
+    void ean8(const Params& p);
+    void upcA(const Params& p);
+    void code39(const Params& p);
+    void qrCode(const Params& p);
+    void dataMatrix(const Params& p);
+    void comment(const Params&) {}
+
+    void linearBarcode(BarcodeGraphic::Kind kind, const QString& command, const Params& p,
+                       int heightAt, int interpretationAt);
+    void setBarcode(BarcodeGraphic::Kind kind, const QString& command, QChar orientation);
+    std::optional<FieldGraphic> fieldGraphic(const QByteArray& bytes, const QString& text);
+    void place(FieldGraphic graphic, QChar orientation, const QString& command, const QString& data,
+               bool white);
+    void note(const QString& text);
+    void notDrawn(const QString& name);
+
+    int m_dotsPerMm;
+    const LabelFont& m_font;
+
+    QPoint m_home;
+    std::optional<int> m_width;
+    std::optional<int> m_length;
+    int m_codePage = 0;
+    FontChoice m_defaultFont;
+    QChar m_defaultOrientation = u'N';
+    int m_moduleWidth = 2;
+    int m_barHeight = 10;
+
+    Field m_field;
+    QList<PlacedField> m_placed;
+    bool m_inLabel = false;
+    LabelRenderResult m_result;
+};

@@ -1,0 +1,21 @@
+#pragma once
+
+#include "LabelRenderResult.h"
+#include "LabelRenderer.h"
+#include "services/Product.h"
+
+#include <QString>
+#include <QStringList>
+
+// A template filled as printing fills it (or with the sample values), drawn,
+// and checked: what a preview panel or the render tool shows.
+struct LabelPreview
+{
+    QString zpl; // the filled label text
+    LabelRenderResult rendering;
+    QStringList warnings; // LabelWarnings for this template and values
+
+    // `product` nullptr: the sample values, as ZPLService::previewZPL fills.
+    static LabelPreview make(const LabelRenderer& renderer, const QString& zplTemplate,
+                             const Product* product = nullptr);
+};

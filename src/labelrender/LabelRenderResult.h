@@ -1,0 +1,46 @@
+#pragma once
+
+#include <QImage>
+#include <QList>
+#include <QRect>
+#include <QSizeF>
+#include <QString>
+#include <QStringList>
+
+// One field as it was placed on the label: the command that drew it ("^FD"
+// for text, "^GB", "^BE", "^BC", ...), its bounds in dots, and its data after
+// ^FH and ^CI decoding, before any barcode adds a check digit.
+struct RenderedField
+{
+    QString command;
+    QRect bounds;
+    QString data;
+};
+
+// One ^XA...^XZ label. The image is RGB32 holding only pure black and pure
+// white pixels, one pixel per printer dot.
+struct RenderedLabel
+{
+    QImage image;
+    int dotsPerMm = 8;
+    bool widthKnown = false;  // ^PW was given
+    bool lengthKnown = false; // ^LL was given
+    QList<RenderedField> fields;
+
+    QSize sizeDots() const { return image.size(); }
+    QSizeF sizeMm() const
+    {
+        return QSizeF(image.width() / qreal(dotsPerMm), image.height() / qreal(dotsPerMm));
+    }
+    bool sizeKnown() const { return widthKnown && lengthKnown; }
+};
+
+struct LabelRenderResult
+{
+    QList<RenderedLabel> labels;
+    // Commands seen but not drawn ("^PQ", "~SD", ...), each once, in order.
+    QStringList commandsNotDrawn;
+    // Dutch remarks on how the picture differs from print: font substitutes,
+    // an unknown label size, barcodes that could not be made.
+    QStringList notes;
+};

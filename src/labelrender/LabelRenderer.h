@@ -1,0 +1,37 @@
+#pragma once
+
+#include "LabelFont.h"
+#include "LabelRenderResult.h"
+
+#include <QString>
+
+// Draws ZPL labels as the printer would print them, one pixel per dot, black
+// on white, offline. Text uses a condensed bold sans face for every font name
+// (font 0 is the printer's own condensed bold face); barcodes come from zint.
+//
+// Drawn: ^XA ^XZ ^FO ^FT ^LH ^PW ^LL ^CF ^A ^FW ^FD ^FS ^FB ^FR ^GB ^FH ^CI
+// ^BY ^BC ^BE ^B8 ^BU ^B3 ^BQ ^BX ^FX. Every other command is listed in the
+// result's commandsNotDrawn.
+//
+// Field bytes are the UTF-8 of the text (what the printer transport sends):
+// with ^CI28 they read as UTF-8, otherwise byte by byte as Latin-1, so
+// accented letters come out garbled as they do on the printer.
+//
+// Needs a QGuiApplication (fonts). Not thread-safe; one renderer per thread.
+class LabelRenderer
+{
+public:
+    static constexpr int kDefaultDotsPerMm = 8;
+
+    // dotsPerMm: 6, 8, 12 or 24 (203, 300 and 600 dpi printers: 8, 12, 24).
+    explicit LabelRenderer(int dotsPerMm = kDefaultDotsPerMm);
+
+    int dotsPerMm() const { return m_dotsPerMm; }
+
+    // One image per ^XA...^XZ label in the text.
+    LabelRenderResult render(const QString& zpl) const;
+
+private:
+    int m_dotsPerMm;
+    LabelFont m_font;
+};

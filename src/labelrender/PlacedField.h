@@ -1,0 +1,16 @@
+#pragma once
+
+#include "FieldGraphic.h"
+#include "LabelRenderResult.h"
+
+#include <QTransform>
+
+// A field's graphic with its place on the label.
+struct PlacedField
+{
+    RenderedField field;
+    FieldGraphic graphic;
+    QTransform transform; // field frame to label dots
+    bool reverse = false; // ^FR: inverts what lies below
+    bool white = false;   // ^GB colour W
+};
