@@ -24,7 +24,9 @@ QLabel* captionLabel(const QString& text, const QPalette& palette)
     auto* label = new QLabel(text);
     label->setFont(Theme::caption());
     QPalette pal = palette;
+    // A link among these captions is in the same colour, not the link blue.
     pal.setColor(QPalette::WindowText, Theme::secondaryText(palette));
+    pal.setColor(QPalette::Link, Theme::secondaryText(palette));
     label->setPalette(pal);
     return label;
 }
