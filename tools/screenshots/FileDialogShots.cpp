@@ -41,5 +41,7 @@ void renderFileDialogShots(const QString& outDir)
                              u"stampix-settings.json"_s, filter});
     grabWhenShown(QDir(outDir).filePath(u"import-dialog.png"_s));
     dialogs.askOpenFile({u"Importeer Instellingen"_s,
-                         u"Selecteer een settings.json bestand om te importeren"_s, {}, filter});
+                         u"Selecteer een settings.json bestand om te importeren"_s,
+                         {},
+                         filter});
 }
