@@ -1,4 +1,4 @@
-// A reference for start-up: the plainest Qt Widgets window with the product
+// The start-up baseline: the plainest Qt Widgets window with the product
 // window's kinds of widgets and a table of 1,000 rows filled from memory, in a
 // program that has an HTTP client (Qt Network) but sends nothing. It decodes,
 // sorts and draws no icons and uses one font, so no product window that loads

@@ -7,9 +7,9 @@
 struct AppcastItem
 {
     QString title;
-    // The machine version the running version is compared with.
+    // sparkle:version, the build number the running build is compared with.
     QString version;
-    // The version as shown to people; may be empty.
+    // sparkle:shortVersionString, the version as shown to people; may be empty.
     QString shortVersionString;
     QUrl releaseNotesURL;
     QUrl downloadURL;

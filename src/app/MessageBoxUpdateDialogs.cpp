@@ -24,8 +24,8 @@ MessageBoxUpdateDialogs::MessageBoxUpdateDialogs(QWidget* parent) : m_parent(par
 
 void MessageBoxUpdateDialogs::showUpToDate(const QString& currentVersion)
 {
-    showPlain(QMessageBox::Information, u"Stampix is up-to-date"_s,
-              u"Versie %1 is de nieuwste beschikbare versie."_s.arg(currentVersion));
+    showPlain(QMessageBox::Information, u"Stampix is bijgewerkt"_s,
+              u"Je gebruikt versie %1, de nieuwste versie van Stampix."_s.arg(currentVersion));
 }
 
 void MessageBoxUpdateDialogs::showUpdateAvailable(const AppcastItem& item,

@@ -4,14 +4,15 @@
 #include "AppInfo.h"
 #include "ContentView.h"
 #include "NativeSettingsFileDialogs.h"
-#include "views/settings/SettingsWindow.h"
 #include "UpdaterViewModel.h"
 #include "model/AppSettings.h"
 #include "model/SettingsFileHelper.h"
 #include "viewmodels/ProductListViewModel.h"
+#include "views/settings/SettingsWindow.h"
 
 #include <QAction>
 #include <QApplication>
+#include <QLibraryInfo>
 #include <QMenu>
 
 using namespace Qt::StringLiterals;
@@ -31,6 +32,10 @@ QAction* separatorAction(QObject* parent)
 
 StampixApp::StampixApp(QObject* parent) : QObject(parent)
 {
+    // Qt's own texts (network errors, dialog buttons) in Dutch, as the rest of
+    // the program speaks; without the file they stay English.
+    if (m_qtTranslator.load(u"qtbase_nl"_s, QLibraryInfo::path(QLibraryInfo::TranslationsPath)))
+        QCoreApplication::installTranslator(&m_qtTranslator);
     createActions();
     connect(qApp, &QCoreApplication::aboutToQuit, this, &StampixApp::saveBeforeQuit);
 }
@@ -58,7 +63,6 @@ MainWindow* StampixApp::openMainWindow()
     if (!m_windows.isEmpty() && m_windows.last())
         window->move(m_windows.last()->pos() + kCascadeOffset);
     m_windows.append(window);
-    emit mainWindowOpened(window);
     window->show();
     return window;
 }
@@ -71,18 +75,6 @@ QList<MainWindow*> StampixApp::mainWindows() const
             windows.append(window);
     }
     return windows;
-}
-
-void StampixApp::addMenuAction(Menu menu, QAction* action)
-{
-    m_addedActions[menu].append(action);
-    for (MainWindow* window : mainWindows())
-        placeAction(window, menu, action);
-}
-
-void StampixApp::addMenuSeparator(Menu menu)
-{
-    addMenuAction(menu, separatorAction(this));
 }
 
 void StampixApp::createSharedObjects()
@@ -104,58 +96,51 @@ void StampixApp::createSharedObjects()
         m_updaterViewModel = std::make_unique<UpdaterViewModel>();
 }
 
+QAction* StampixApp::addAction(const QString& text, const QKeySequence& shortcut,
+                               void (StampixApp::*slot)())
+{
+    auto* action = new QAction(text, this);
+    action->setShortcut(shortcut);
+    // The commands answer from every window, the settings and About windows too.
+    action->setShortcutContext(Qt::ApplicationShortcut);
+    if (slot)
+        connect(action, &QAction::triggered, this, slot);
+    return action;
+}
+
 void StampixApp::createActions()
 {
-    m_newWindow = new QAction(u"New Window"_s, this);
-    m_newWindow->setShortcut(QKeySequence::New);
+    m_newWindow = addAction(u"New Window"_s, QKeySequence::New, nullptr);
     connect(m_newWindow, &QAction::triggered, this, &StampixApp::openMainWindow);
-
-    m_quit = new QAction(u"Quit"_s, this);
-    m_quit->setShortcut(QKeySequence::Quit);
+    m_importSettings =
+        addAction(u"Import Settings..."_s, QKeySequence(Qt::CTRL | Qt::SHIFT | Qt::Key_I),
+                  &StampixApp::importSettings);
+    m_exportSettings =
+        addAction(u"Export Settings..."_s, QKeySequence(Qt::CTRL | Qt::SHIFT | Qt::Key_E),
+                  &StampixApp::exportSettings);
+    m_quit = addAction(u"Quit"_s, QKeySequence::Quit, nullptr);
     m_quit->setMenuRole(QAction::QuitRole);
     connect(m_quit, &QAction::triggered, qApp, &QCoreApplication::quit, Qt::QueuedConnection);
 
-    m_refreshProducts = new QAction(u"Refresh Products"_s, this);
-    m_refreshProducts->setShortcut(QKeySequence(Qt::CTRL | Qt::Key_R));
-    connect(m_refreshProducts, &QAction::triggered, this, &StampixApp::refreshProducts);
-
-    m_printSelectedLabel = new QAction(u"Print Selected Label"_s, this);
-    m_printSelectedLabel->setShortcut(QKeySequence(Qt::CTRL | Qt::Key_P));
+    m_refreshProducts = addAction(u"Refresh Products"_s, QKeySequence(Qt::CTRL | Qt::Key_R),
+                                  &StampixApp::refreshProducts);
+    m_printSelectedLabel = addAction(u"Print Selected Label"_s, QKeySequence(Qt::CTRL | Qt::Key_P),
+                                     &StampixApp::printSelectedLabel);
     m_printSelectedLabel->setEnabled(false);
-    connect(m_printSelectedLabel, &QAction::triggered, this, &StampixApp::printSelectedLabel);
+
+    // Menu roles move these into the application menu on macOS.
+    m_openSettings = addAction(u"Settings..."_s, QKeySequence(Qt::CTRL | Qt::Key_Comma),
+                               &StampixApp::openSettingsWindow);
+    m_openSettings->setMenuRole(QAction::PreferencesRole);
+    m_checkForUpdates = addAction(u"Check for Updates..."_s, {}, &StampixApp::checkForUpdates);
+    m_checkForUpdates->setMenuRole(QAction::ApplicationSpecificRole);
+    m_about = addAction(u"About Stampix (v"_s + AppInfo::version() + u")"_s, {},
+                        &StampixApp::openAboutWindow);
+    m_about->setMenuRole(QAction::AboutRole);
 
     m_quitSeparator = separatorAction(this);
     m_printSeparator = separatorAction(this);
-    createWindowActions();
-}
-
-void StampixApp::createWindowActions()
-{
-    m_importSettings = new QAction(u"Import Settings..."_s, this);
-    m_importSettings->setShortcut(QKeySequence(Qt::CTRL | Qt::SHIFT | Qt::Key_I));
-    connect(m_importSettings, &QAction::triggered, this, &StampixApp::importSettings);
-    m_exportSettings = new QAction(u"Export Settings..."_s, this);
-    m_exportSettings->setShortcut(QKeySequence(Qt::CTRL | Qt::SHIFT | Qt::Key_E));
-    connect(m_exportSettings, &QAction::triggered, this, &StampixApp::exportSettings);
-    addMenuAction(Menu::File, m_importSettings);
-    addMenuAction(Menu::File, m_exportSettings);
-
-    // Menu roles move these into the application menu on macOS.
-    m_openSettings = new QAction(u"Settings..."_s, this);
-    m_openSettings->setShortcut(QKeySequence(Qt::CTRL | Qt::Key_Comma));
-    m_openSettings->setMenuRole(QAction::PreferencesRole);
-    connect(m_openSettings, &QAction::triggered, this, &StampixApp::openSettingsWindow);
-    m_checkForUpdates = new QAction(u"Check for Updates..."_s, this);
-    m_checkForUpdates->setMenuRole(QAction::ApplicationSpecificRole);
-    connect(m_checkForUpdates, &QAction::triggered, this, &StampixApp::checkForUpdates);
-    addMenuAction(Menu::Settings, m_openSettings);
-    addMenuSeparator(Menu::Settings);
-    addMenuAction(Menu::Settings, m_checkForUpdates);
-
-    m_about = new QAction(u"About Stampix (v"_s + AppInfo::version() + u")"_s, this);
-    m_about->setMenuRole(QAction::AboutRole);
-    connect(m_about, &QAction::triggered, this, &StampixApp::openAboutWindow);
-    addMenuAction(Menu::Help, m_about);
+    m_updatesSeparator = separatorAction(this);
 }
 
 void StampixApp::openSettingsWindow()
@@ -163,18 +148,23 @@ void StampixApp::openSettingsWindow()
     createSharedObjects();
     if (!m_settingsWindow)
         m_settingsWindow = new SettingsWindow(*m_settings);
-    m_settingsWindow->show();
-    m_settingsWindow->raise();
-    m_settingsWindow->activateWindow();
+    bringForward(m_settingsWindow);
 }
 
 void StampixApp::openAboutWindow()
 {
     if (!m_aboutWindow)
         m_aboutWindow = new AboutWindow();
-    m_aboutWindow->show();
-    m_aboutWindow->raise();
-    m_aboutWindow->activateWindow();
+    bringForward(m_aboutWindow);
+}
+
+void StampixApp::bringForward(QWidget* window)
+{
+    // show() and raise() leave a minimised window minimised.
+    window->setWindowState(window->windowState() & ~Qt::WindowMinimized);
+    window->show();
+    window->raise();
+    window->activateWindow();
 }
 
 void StampixApp::importSettings()
@@ -199,32 +189,13 @@ void StampixApp::checkForUpdates()
 
 void StampixApp::populateMenus(MainWindow* window) const
 {
-    QMenu* file = window->menu(Menu::File);
-    file->addAction(m_newWindow);
-    file->addAction(m_quitSeparator);
-    file->addAction(m_quit);
-
-    QMenu* view = window->menu(Menu::View);
-    view->addAction(m_refreshProducts);
-    view->addAction(m_printSeparator);
-    view->addAction(m_printSelectedLabel);
-
-    for (Menu menu : {Menu::File, Menu::View, Menu::Settings, Menu::Help}) {
-        for (QAction* action : m_addedActions.value(menu))
-            placeAction(window, menu, action);
-        // An empty menu stays out of the menu bar until something is added to it.
-        window->menu(menu)->menuAction()->setVisible(!window->menu(menu)->isEmpty());
-    }
-}
-
-void StampixApp::placeAction(MainWindow* window, Menu menu, QAction* action) const
-{
-    QMenu* target = window->menu(menu);
-    if (menu == Menu::File)
-        target->insertAction(m_quitSeparator, action);
-    else
-        target->addAction(action);
-    target->menuAction()->setVisible(true);
+    window->menu(Menu::File)
+        ->addActions({m_newWindow, m_importSettings, m_exportSettings, m_quitSeparator, m_quit});
+    window->menu(Menu::View)
+        ->addActions({m_refreshProducts, m_printSeparator, m_printSelectedLabel});
+    window->menu(Menu::Settings)
+        ->addActions({m_openSettings, m_updatesSeparator, m_checkForUpdates});
+    window->menu(Menu::Help)->addAction(m_about);
 }
 
 void StampixApp::updatePrintSelectedLabel()

@@ -5,10 +5,10 @@
 #include "views/settings/SettingsWindow.h"
 
 #include <QList>
-#include <QMap>
 #include <QObject>
 #include <QPointer>
 #include <QString>
+#include <QTranslator>
 #include <memory>
 #include <optional>
 
@@ -18,7 +18,8 @@ class QAction;
 class UpdaterViewModel;
 
 // The composition root: owns the settings store and the product list model for
-// the whole run, opens the main windows and provides the menu commands.
+// the whole run, opens the main windows and provides the menu commands. It also
+// installs Qt's own Dutch texts (dialog buttons, network errors) for the run.
 class StampixApp : public QObject
 {
     Q_OBJECT
@@ -53,33 +54,26 @@ public:
     QAction* checkForUpdatesAction() const { return m_checkForUpdates; }
     QAction* aboutAction() const { return m_about; }
 
-    // Opens the window, or brings the open one to the front.
+    // Opens the window, or brings the open one to the front, restored.
     void openSettingsWindow();
     void openAboutWindow();
 
-    // Adds a command to the menu of every main window, open now or later. File
-    // commands go after "New Window" and before "Quit"; others are appended.
-    // The actions stay owned by the caller.
-    void addMenuAction(Menu menu, QAction* action);
-    void addMenuSeparator(Menu menu);
-
-signals:
-    void mainWindowOpened(MainWindow* window);
-
 private:
+    static void bringForward(QWidget* window);
+    QAction* addAction(const QString& text, const QKeySequence& shortcut,
+                       void (StampixApp::*slot)());
     void createSharedObjects();
     void createActions();
-    void createWindowActions();
     void importSettings();
     void exportSettings();
     void checkForUpdates();
     void populateMenus(MainWindow* window) const;
-    void placeAction(MainWindow* window, Menu menu, QAction* action) const;
     void updatePrintSelectedLabel();
     void refreshProducts();
     void printSelectedLabel();
     void saveBeforeQuit();
 
+    QTranslator m_qtTranslator;
     std::optional<QString> m_productServiceURL;
     std::unique_ptr<AppSettings> m_settings;
     std::unique_ptr<ProductListViewModel> m_productListViewModel;
@@ -100,5 +94,5 @@ private:
     // One separator per menu position, shared by all windows.
     QAction* m_quitSeparator = nullptr;
     QAction* m_printSeparator = nullptr;
-    QMap<Menu, QList<QAction*>> m_addedActions;
+    QAction* m_updatesSeparator = nullptr;
 };

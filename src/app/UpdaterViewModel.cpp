@@ -1,5 +1,6 @@
 #include "UpdaterViewModel.h"
 
+#include "AppInfo.h"
 #include "AppcastReader.h"
 #include "BuildConfig.h"
 #include "MessageBoxUpdateDialogs.h"
@@ -21,8 +22,8 @@ UpdaterViewModel::Configuration UpdaterViewModel::Configuration::fromBuild()
 {
     Configuration configuration;
     configuration.feedURL = QUrl(QString::fromUtf16(BuildConfig::kUpdateFeedURL).trimmed());
-    configuration.currentVersion = QString::fromUtf16(BuildConfig::kFullVersion);
-    configuration.displayVersion = QString::fromUtf16(BuildConfig::kVersion);
+    configuration.currentBuild = AppInfo::buildNumber();
+    configuration.displayVersion = AppInfo::version();
 #ifndef STAMPIX_HAVE_SPARKLE
     // With Sparkle, scheduled checks are the framework's, as its bundle settings say.
     configuration.checksAtStart = BuildConfig::kChecksForUpdatesAtStart;
@@ -115,7 +116,7 @@ void UpdaterViewModel::present(const Expected<QByteArray, QString>& feed)
             m_dialogs->showFailure(newest.error());
         return;
     }
-    if (VersionComparator::compare(newest.value().version, m_configuration.currentVersion) > 0)
+    if (VersionComparator::compare(newest.value().version, m_configuration.currentBuild) > 0)
         m_dialogs->showUpdateAvailable(newest.value(), m_configuration.displayVersion);
     else if (m_isUserWaiting)
         m_dialogs->showUpToDate(m_configuration.displayVersion);

@@ -15,8 +15,9 @@
 class SparkleUpdater;
 #endif
 
-// Behind "Check for Updates...": fetches the update feed, compares its newest
-// release with the running version and tells the user the outcome. Builds
+// Behind "Check for Updates...": fetches the update feed, compares the build
+// number of its newest release with the running build and tells the user the
+// outcome in the release's short version. Builds
 // that carry the Sparkle framework hand both jobs to its standard controller.
 class UpdaterViewModel : public QObject
 {
@@ -27,9 +28,9 @@ public:
     {
         // Empty in builds that were packaged without a feed.
         QUrl feedURL;
-        // Compared with the feed's versions.
-        QString currentVersion;
-        // Shown to the user.
+        // The running build number, compared with the feed items' sparkle:version.
+        QString currentBuild;
+        // The running short version, shown to the user.
         QString displayVersion;
         std::chrono::milliseconds timeout = UpdateFeedClient::kDefaultTimeout;
         // Whether the program also looks on its own when it starts, at most

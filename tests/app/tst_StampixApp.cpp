@@ -1,47 +1,53 @@
-#include "AboutWindow.h"
+#include "AboutView.h"
+#include "AppInfo.h"
+#include "AppcastReader.h"
 #include "ContentView.h"
-#include "CustomTitleBar.h"
-#include "MainWindow.h"
-#include "ProductListView.h"
-#include "ProductTableModel.h"
+#include "MessageBoxUpdateDialogs.h"
+#include "ModalDialogProbe.h"
 #include "ProductWindowFixture.h"
-#include "views/settings/SettingsWindow.h"
 #include "StampixApp.h"
-#include "model/AppSettings.h"
+#include "UpdaterViewModel.h"
 #include "viewmodels/ProductListViewModel.h"
 
 #include <QAction>
-#include <QApplication>
+#include <QFileDialog>
+#include <QLabel>
+#include <QListView>
 #include <QMenu>
-#include <QMenuBar>
-#include <QPointer>
-#include <QTableView>
+#include <QMessageBox>
+#include <QTcpSocket>
 #include <QTest>
 
 using namespace Qt::StringLiterals;
 using Fixture = ProductWindowFixture;
 using State = ContentView::ContentState;
-
-Q_DECLARE_METATYPE(ContentView::ContentState)
+using Menu = MainWindow::Menu;
+using Mode = LoopbackHttpServer::Response::Mode;
+using namespace std::chrono_literals;
 
 namespace {
 
-QStringList actionTexts(const QMenu* menu)
+QByteArray feed(const QByteArray& items)
 {
-    QStringList texts;
-    for (const QAction* action : menu->actions())
-        texts.append(action->isSeparator() ? u"--"_s : action->text());
-    return texts;
+    return R"(<rss xmlns:sparkle="http://www.andymatuschak.org/xml-namespaces/sparkle"><channel>)" +
+           items + "</channel></rss>";
 }
 
-bool isSettingsWindow(const QWidget* widget)
+QByteArray item(const QByteArray& build, const QByteArray& shortVersion = {})
 {
-    return qobject_cast<const SettingsWindow*>(widget) != nullptr;
+    return "<item><sparkle:version>" + build + "</sparkle:version><sparkle:shortVersionString>" +
+           shortVersion + "</sparkle:shortVersionString><enclosure url=\"https://s.example/" +
+           build + ".zip\"/></item>";
 }
 
-ProductListView* productList(MainWindow* window)
+// The texts of the message box shown while `run` runs; the box is closed at once.
+QString shownWhile(const std::function<void()>& run)
 {
-    return qobject_cast<ProductListView*>(window->contentView()->contentWidget());
+    QString shown;
+    whenShown<QMessageBox>(
+        [&](QMessageBox* box) { shown = box->text() + u' ' + box->informativeText(); });
+    run();
+    return shown;
 }
 
 } // namespace
@@ -52,195 +58,216 @@ class StampixAppTest : public QObject
 
 private slots:
     void init();
-    void cleanup();
 
-    void firstWindowBuildsTheSharedObjectsAndMenus();
-    void addedCommandsReachEveryWindow();
+    void menusShowTheWholeVersion();
+    void fileDialogsShowTheirMessage();
     void printSelectedLabelPrintsExactlyOneLabel();
-    void refreshWithoutConfigurationReportsIt();
-    void newWindowSharesProductsSelectionAndChecks();
-    void settingsAndAboutWindowsAreSingleInstances();
+    void shortcutsWorkFromTheSettingsWindow();
+    void singleInstanceWindowsComeForward();
+    void qtSocketErrorsReadInDutch();
+    void aboutLinkIsInTheCaptionColour();
+    void readsTheNewestUsableItem_data();
+    void readsTheNewestUsableItem();
+    void comparesBuildNumbersAndShowsTheVersion_data();
+    void comparesBuildNumbersAndShowsTheVersion();
 
 private:
-    MainWindow* openConfiguredWindow();
-
     std::unique_ptr<Fixture> m_fixture;
     std::unique_ptr<StampixApp> m_app;
-    QList<Product> m_products;
 };
 
 void StampixAppTest::init()
 {
+    m_app.reset();
     m_fixture = std::make_unique<Fixture>();
-    QVERIFY(m_fixture->isReady());
-    m_products = {Fixture::product(1, u"B-2"_s, u"Beitel"_s),
-                  Fixture::product(2, u"A-1"_s, u"Hamer"_s)};
-    m_fixture->serveProducts(m_products);
     m_app = std::make_unique<StampixApp>(m_fixture->server().baseUrl());
 }
 
-void StampixAppTest::cleanup()
+void StampixAppTest::menusShowTheWholeVersion()
 {
-    m_app.reset();
-    m_fixture.reset();
-}
-
-MainWindow* StampixAppTest::openConfiguredWindow()
-{
-    MainWindow* window = m_app->openMainWindow();
-    // Choosing a dossier, as in the settings window, makes the open window load.
-    m_fixture->configure(*m_app->settings());
-    return window;
-}
-
-void StampixAppTest::firstWindowBuildsTheSharedObjectsAndMenus()
-{
-    QVERIFY(!m_app->settings());
-    QVERIFY(!m_app->productListViewModel());
-    MainWindow* window = m_app->openMainWindow();
-    QVERIFY(m_app->settings());
-    QVERIFY(m_app->productListViewModel());
-    QCOMPARE(m_app->productListViewModel()->settings(), m_app->settings());
-    QCOMPARE(window->windowTitle(), u"Stampix"_s);
-    QVERIFY(window->isVisible());
-    QCOMPARE(window->contentView()->titleBar()->isVisible(), MainWindow::usesCustomTitleBar());
-    QCOMPARE(window->contentView()->contentState(), State::ConfigurationNeeded);
-
-    QVERIFY(m_app->updaterViewModel());
-
-    QCOMPARE(actionTexts(window->menu(MainWindow::Menu::File)),
-             (QStringList{u"New Window"_s, u"Import Settings..."_s, u"Export Settings..."_s,
-                          u"--"_s, u"Quit"_s}));
-    QCOMPARE(actionTexts(window->menu(MainWindow::Menu::View)),
-             (QStringList{u"Refresh Products"_s, u"--"_s, u"Print Selected Label"_s}));
-    QCOMPARE(actionTexts(window->menu(MainWindow::Menu::Settings)),
-             (QStringList{u"Settings..."_s, u"--"_s, u"Check for Updates..."_s}));
-    QCOMPARE(actionTexts(window->menu(MainWindow::Menu::Help)),
-             QStringList{u"About Stampix (v1.0)"_s});
-    QCOMPARE(m_app->refreshProductsAction()->shortcut(), QKeySequence(Qt::CTRL | Qt::Key_R));
-    QCOMPARE(m_app->printSelectedLabelAction()->shortcut(), QKeySequence(Qt::CTRL | Qt::Key_P));
-    QCOMPARE(m_app->newWindowAction()->shortcut(), QKeySequence(QKeySequence::New));
-    QCOMPARE(m_app->importSettingsAction()->shortcut(),
-             QKeySequence(Qt::CTRL | Qt::SHIFT | Qt::Key_I));
-    QCOMPARE(m_app->exportSettingsAction()->shortcut(),
-             QKeySequence(Qt::CTRL | Qt::SHIFT | Qt::Key_E));
-    QCOMPARE(m_app->settingsAction()->shortcut(), QKeySequence(Qt::CTRL | Qt::Key_Comma));
-    QVERIFY(m_app->checkForUpdatesAction()->shortcut().isEmpty());
-    QCOMPARE(window->menuBar()->actions().size(), 4);
-
-    // Opening more windows builds nothing new.
-    AppSettings* settings = m_app->settings();
+    QCOMPARE(AppInfo::versionOrFallback(u"1.4.2"), u"1.4.2"_s);
+    QCOMPARE(AppInfo::versionOrFallback(u" "), u"1.0"_s);
     m_app->openMainWindow();
-    QCOMPARE(m_app->settings(), settings);
-    QCOMPARE(m_app->mainWindows().size(), 2);
-}
-
-void StampixAppTest::addedCommandsReachEveryWindow()
-{
-    MainWindow* first = m_app->openMainWindow();
-    QAction extra(u"Extra"_s);
-    m_app->addMenuAction(StampixApp::Menu::File, &extra);
     MainWindow* second = m_app->openMainWindow();
-    for (MainWindow* window : {first, second}) {
-        QCOMPARE(actionTexts(window->menu(MainWindow::Menu::File)),
-                 (QStringList{u"New Window"_s, u"Import Settings..."_s, u"Export Settings..."_s,
-                              u"Extra"_s, u"--"_s, u"Quit"_s}));
-        QVERIFY(window->menu(MainWindow::Menu::Settings)->menuAction()->isVisible());
-        QVERIFY(window->menu(MainWindow::Menu::Help)->menuAction()->isVisible());
+    const QList<QPair<Menu, QStringList>> menus{
+        {Menu::File,
+         {u"New Window"_s, u"Import Settings..."_s, u"Export Settings..."_s, u"--"_s, u"Quit"_s}},
+        {Menu::View, {u"Refresh Products"_s, u"--"_s, u"Print Selected Label"_s}},
+        {Menu::Settings, {u"Settings..."_s, u"--"_s, u"Check for Updates..."_s}},
+        {Menu::Help, {u"About Stampix (v%1)"_s.arg(QStringLiteral(STAMPIX_PROJECT_VERSION))}}};
+    for (const auto& [menu, expected] : menus) {
+        QStringList texts;
+        for (const QAction* action : second->menu(menu)->actions())
+            texts.append(action->isSeparator() ? u"--"_s : action->text());
+        QCOMPARE(texts, expected);
     }
 }
 
-void StampixAppTest::settingsAndAboutWindowsAreSingleInstances()
+void StampixAppTest::fileDialogsShowTheirMessage()
 {
     m_app->openMainWindow();
-    m_app->settingsAction()->trigger();
-    QPointer<SettingsWindow> settings = m_app->settingsWindow();
-    QVERIFY(settings);
-    QVERIFY(settings->isVisible());
-    QCOMPARE(settings->windowTitle(), u"Settings"_s);
-    m_app->settingsAction()->trigger();
-    QCOMPARE(m_app->settingsWindow(), settings.data());
-    const QWidgetList topLevels = QApplication::topLevelWidgets();
-    QCOMPARE(std::count_if(topLevels.begin(), topLevels.end(), &isSettingsWindow), 1);
-
-    m_app->aboutAction()->trigger();
-    QPointer<AboutWindow> about = m_app->aboutWindow();
-    QVERIFY(about && about->isVisible());
-    m_app->aboutAction()->trigger();
-    QCOMPARE(m_app->aboutWindow(), about.data());
-
-    // Closed windows open anew.
-    settings->close();
-    QTRY_VERIFY(!settings);
-    m_app->settingsAction()->trigger();
-    QVERIFY(m_app->settingsWindow());
+    const QList<std::pair<QAction*, QStringList>> commands{
+        {m_app->exportSettingsAction(),
+         {u"Exporteer Instellingen"_s, u"Kies een locatie om de instellingen op te slaan"_s,
+          u"JSON (*.json)"_s, u"stampix-settings.json"_s}},
+        {m_app->importSettingsAction(),
+         {u"Importeer Instellingen"_s, u"Selecteer een settings.json bestand om te importeren"_s,
+          u"JSON (*.json)"_s}}};
+    for (const auto& [command, expected] : commands) {
+        QStringList shown;
+        whenShown<QFileDialog>([&](QFileDialog* dialog) {
+            auto* message = dialog->findChild<QLabel*>(u"messageLabel"_s);
+            auto* list = dialog->findChild<QListView*>(u"listView"_s);
+            if (message && message->isVisible() && message->y() < list->mapTo(dialog, QPoint()).y())
+                shown << dialog->windowTitle() << message->text() << dialog->nameFilters();
+            if (dialog->acceptMode() == QFileDialog::AcceptSave)
+                shown << QFileInfo(dialog->selectedFiles().value(0)).fileName();
+            dialog->reject();
+        });
+        command->trigger();
+        QCOMPARE(shown, expected);
+    }
 }
 
 void StampixAppTest::printSelectedLabelPrintsExactlyOneLabel()
 {
-    MainWindow* window = openConfiguredWindow();
+    const QList<Product> products{Fixture::product(1, u"B-2"_s, u"Beitel"_s),
+                                  Fixture::product(2, u"A-1"_s, u"Hamer"_s)};
+    m_fixture->serveProducts(products);
+    MainWindow* window = m_app->openMainWindow();
+    m_fixture->configure(*m_app->settings());
     QTRY_COMPARE_WITH_TIMEOUT(window->contentView()->contentState(), State::ProductList, 5000);
     ProductListViewModel* model = m_app->productListViewModel();
-    QAction* print = m_app->printSelectedLabelAction();
-    QVERIFY(!print->isEnabled());
-
-    window->activateWindow();
     QVERIFY(QTest::qWaitForWindowActive(window));
     QTest::keyClick(window, Qt::Key_P, Qt::ControlModifier);
-    QTest::qWait(100);
-    QCOMPARE(m_fixture->sink().connectionCount(), 0);
-
     model->setPrintQuantity(5);
-    model->toggleChecked(m_products.at(0));
-    model->toggleChecked(m_products.at(1));
+    model->toggleChecked(products.at(0));
+    model->toggleChecked(products.at(1));
     model->setSelectedProductID(1);
-    QVERIFY(print->isEnabled());
     QTest::keyClick(window, Qt::Key_P, Qt::ControlModifier);
-    QTRY_COMPARE_WITH_TIMEOUT(m_fixture->sink().jobs().size(), 1, 5000);
-    QTest::qWait(200);
-    QCOMPARE(m_fixture->sink().jobs(), QList<QByteArray>{Fixture::expectedLabel(m_products.at(0))});
     QTRY_COMPARE(model->successMessage(), std::optional(u"Etiket geprint voor B-2"_s));
-
-    model->setSelectedProductID(std::nullopt);
-    QVERIFY(!print->isEnabled());
+    QTest::qWait(200);
+    QCOMPARE(m_fixture->sink().jobs(), QList<QByteArray>{Fixture::expectedLabel(products.at(0))});
 }
 
-void StampixAppTest::refreshWithoutConfigurationReportsIt()
+void StampixAppTest::shortcutsWorkFromTheSettingsWindow()
 {
-    MainWindow* window = m_app->openMainWindow();
-    window->activateWindow();
-    QVERIFY(QTest::qWaitForWindowActive(window));
-    QTest::keyClick(window, Qt::Key_R, Qt::ControlModifier);
-    QCOMPARE(m_app->productListViewModel()->errorMessage(),
-             std::optional(u"Selecteer een dossier met API key in Instellingen"_s));
-    QCOMPARE(m_fixture->productRequestCount(), 0);
-
+    m_app->openMainWindow();
+    m_app->openSettingsWindow();
+    QVERIFY(QTest::qWaitForWindowActive(m_app->settingsWindow()));
     m_fixture->configure(*m_app->settings());
     QTRY_COMPARE_WITH_TIMEOUT(m_fixture->productRequestCount(), 1, 5000);
-    m_app->refreshProductsAction()->trigger();
+    QTest::keyClick(m_app->settingsWindow(), Qt::Key_R, Qt::ControlModifier);
     QTRY_COMPARE_WITH_TIMEOUT(m_fixture->productRequestCount(), 2, 5000);
 }
 
-void StampixAppTest::newWindowSharesProductsSelectionAndChecks()
+void StampixAppTest::singleInstanceWindowsComeForward()
 {
-    MainWindow* first = openConfiguredWindow();
-    QTRY_COMPARE_WITH_TIMEOUT(first->contentView()->contentState(), State::ProductList, 5000);
-    ProductListViewModel* model = m_app->productListViewModel();
-    model->setSelectedProductID(1);
-    model->toggleChecked(m_products.at(1));
+    m_app->openMainWindow();
+    for (QAction* open : {m_app->settingsAction(), m_app->aboutAction()}) {
+        const auto window = [&]() -> QWidget* {
+            return open == m_app->aboutAction() ? static_cast<QWidget*>(m_app->aboutWindow())
+                                                : m_app->settingsWindow();
+        };
+        open->trigger();
+        QPointer<QWidget> first = window();
+        QVERIFY(first && first->isVisible());
+        first->setWindowState(Qt::WindowMinimized);
+        open->trigger();
+        QCOMPARE(window(), first.data());
+        QVERIFY(!first->isMinimized() && first->isVisible());
+    }
+}
 
-    m_app->newWindowAction()->trigger();
-    QCOMPARE(m_app->mainWindows().size(), 2);
-    MainWindow* second = m_app->mainWindows().last();
-    QVERIFY(second != first);
-    QCOMPARE(second->contentView()->contentState(), State::ProductList);
-    QTableView* table = productList(second)->tableView();
-    QCOMPARE(table->model()->rowCount(), 2);
-    // Sorted by article number: A-1 (ID 2) first, B-2 (ID 1) second.
-    QVERIFY(table->selectionModel()->isRowSelected(1, {}));
-    QCOMPARE(table->model()->index(0, 0).data(Qt::CheckStateRole).toInt(), int(Qt::Checked));
-    QCOMPARE(table->model()->index(1, 0).data(Qt::CheckStateRole).toInt(), int(Qt::Unchecked));
-    QCOMPARE(m_fixture->productRequestCount(), 1);
+void StampixAppTest::qtSocketErrorsReadInDutch()
+{
+    const quint16 port = m_fixture->server().port();
+    m_fixture->server().close();
+    QTcpSocket socket;
+    socket.connectToHost(QHostAddress::LocalHost, port);
+    QVERIFY(!socket.waitForConnected(5000));
+    QCOMPARE(socket.errorString(), u"Verbinding is geweigerd"_s);
+}
+
+void StampixAppTest::aboutLinkIsInTheCaptionColour()
+{
+    m_app->openAboutWindow();
+    const QImage link = m_app->aboutWindow()->view()->linkLabel()->grab().toImage();
+    for (int i = 0; i < link.width() * link.height(); ++i) {
+        const QColor pixel = link.pixelColor(i % link.width(), i / link.width());
+        QVERIFY(pixel.blue() <= pixel.red() + 60);
+    }
+}
+
+void StampixAppTest::readsTheNewestUsableItem_data()
+{
+    QTest::addColumn<QByteArray>("feed");
+    QTest::addColumn<QString>("expected");
+    QTest::newRow("newest by number") << feed(item("9", "1.9") + item("10", "1.10") + item("2b1"))
+                                      << u"10 1.10 https://s.example/10.zip"_s;
+    QTest::newRow("versions on the enclosure")
+        << feed(
+               R"(<item><enclosure url="https://s.example/a.zip" sparkle:version="41" sparkle:shortVersionString="0.9"/></item>)")
+        << u"41 0.9 https://s.example/a.zip"_s;
+    QTest::newRow("web downloads only")
+        << feed(
+               R"(<item><sparkle:version>8</sparkle:version><enclosure url="file:///etc/passwd"/></item>
+                   <item><sparkle:version>7</sparkle:version><link>https://s.example/get</link></item>)")
+        << u"7 7 https://s.example/get"_s;
+    QTest::newRow("no items") << feed({}) << u"De updatefeed noemt geen enkele versie."_s;
+}
+
+void StampixAppTest::readsTheNewestUsableItem()
+{
+    QFETCH(QByteArray, feed);
+    QFETCH(QString, expected);
+    const auto newest = AppcastReader::newestItem(feed);
+    const AppcastItem item = newest ? newest.value() : AppcastItem();
+    const QString read =
+        newest ? u"%1 %2 %3"_s.arg(item.version, item.displayVersion(), item.downloadURL.toString())
+               : newest.error();
+    QVERIFY2(read.startsWith(expected), qPrintable(read));
+}
+
+void StampixAppTest::comparesBuildNumbersAndShowsTheVersion_data()
+{
+    QTest::addColumn<int>("status");
+    QTest::addColumn<int>("mode"); // -1: no feed configured
+    QTest::addColumn<QByteArray>("body");
+    QTest::addColumn<QString>("shown");
+    const QByteArray build3 = feed(item("3", "1.5.0"));
+    const QString failed = u"Controleren op updates mislukt Kon niet controleren op updates: "_s;
+    QTest::newRow("newer build") << 200 << 0 << build3
+                                 << u"Stampix 1.5.0 is beschikbaar; je gebruikt versie 1.4.2."_s;
+    QTest::newRow("same build") << 200 << 0 << feed(item("2", "1.4.2"))
+                                << u"Stampix is bijgewerkt Je gebruikt versie 1.4.2,"_s;
+    QTest::newRow("trickling") << 200 << int(Mode::trickle) << build3
+                               << failed + u"De server van de updatefeed reageerde niet op tijd."_s;
+    QTest::newRow("too big") << 200 << int(Mode::stream) << QByteArray()
+                             << failed + u"De updatefeed is te groot."_s;
+    QTest::newRow("no feed") << 200 << -1 << QByteArray() << u"Updates niet beschikbaar"_s;
+}
+
+void StampixAppTest::comparesBuildNumbersAndShowsTheVersion()
+{
+    QFETCH(int, status);
+    QFETCH(int, mode);
+    QFETCH(QByteArray, body);
+    QFETCH(QString, shown);
+    LoopbackHttpServer& server = m_fixture->server();
+    const LoopbackHttpServer::Response response{
+        status, {}, body, 0ms, Mode(std::max(mode, 0)), 20ms, -1, 6 * 1024 * 1024};
+    server.setHandler([&](const LoopbackHttpServer::Request&) { return response; });
+    UpdaterViewModel::Configuration configuration{
+        QUrl(server.baseUrl()), u"2"_s, u"1.4.2"_s, 400ms, false, {}};
+    if (mode < 0)
+        configuration.feedURL.clear();
+    UpdaterViewModel updater(configuration, std::make_unique<MessageBoxUpdateDialogs>());
+    const QString text = shownWhile([&] {
+        updater.checkForUpdates();
+        QTRY_VERIFY_WITH_TIMEOUT(!updater.isChecking(), 5000);
+    });
+    QVERIFY2(text.contains(shown), qPrintable(text));
 }
 
 QTEST_MAIN(StampixAppTest)

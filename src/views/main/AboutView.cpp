@@ -61,8 +61,12 @@ AboutView::AboutView(QWidget* parent) : QWidget(parent)
     description->setAlignment(Qt::AlignHCenter);
     description->setFixedWidth(kDescriptionWidth);
 
-    m_link = captionLabel(u"<a href=\"%1\">%2</a>"_s.arg(makerURL().toString(), makerDomain()),
-                          palette());
+    // The link is in the caption's colour, not the link blue: rich text takes
+    // a link's colour from the application palette unless the link names one.
+    m_link = captionLabel(
+        u"<a href=\"%1\" style=\"color: %2\">%3</a>"_s.arg(
+            makerURL().toString(), Theme::secondaryText(palette()).name(), makerDomain()),
+        palette());
     m_link->setTextFormat(Qt::RichText);
     m_link->setTextInteractionFlags(Qt::LinksAccessibleByMouse | Qt::LinksAccessibleByKeyboard);
     connect(m_link, &QLabel::linkActivated, this, &AboutView::openLink);

@@ -4,22 +4,19 @@
 
 using namespace Qt::StringLiterals;
 
-namespace {
-
-QString orFallback(const char16_t* text, const QString& fallback)
-{
-    const QString value = QString::fromUtf16(text);
-    return value.isEmpty() ? fallback : value;
-}
-
-} // namespace
-
 QString AppInfo::version()
 {
-    return orFallback(BuildConfig::kVersion, u"1.0"_s);
+    return versionOrFallback(BuildConfig::kVersion);
 }
 
 QString AppInfo::buildNumber()
 {
-    return orFallback(BuildConfig::kBuildNumber, u"1"_s);
+    const QString configured = QString::fromUtf16(BuildConfig::kBuildNumber).trimmed();
+    return configured.isEmpty() ? u"1"_s : configured;
+}
+
+QString AppInfo::versionOrFallback(QStringView configured)
+{
+    const QString version = configured.trimmed().toString();
+    return version.isEmpty() ? u"1.0"_s : version;
 }

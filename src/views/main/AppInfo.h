@@ -1,13 +1,17 @@
 #pragma once
 
 #include <QString>
+#include <QStringView>
 
 // The program's version texts, from the build settings.
 class AppInfo
 {
 public:
-    // The short version, or "1.0" when the build supplies none.
+    // The whole short version ("1.4.2"), or "1.0" when the build supplies none.
     static QString version();
     // The build number, or "1" when the build supplies none.
     static QString buildNumber();
+
+    // The rule behind version(): a configured text, or "1.0" when it is empty.
+    static QString versionOrFallback(QStringView configured);
 };

@@ -2,6 +2,7 @@
 
 #include <QDir>
 #include <QFileDialog>
+#include <QGridLayout>
 #include <QLabel>
 #include <QMessageBox>
 #include <QPushButton>
@@ -10,15 +11,43 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-// Both panels share the title, the JSON filter and a start in the home
-// folder. Native dialogs show the title; the message goes into the top label,
-// which only the dialog drawn by Qt itself has.
+// The message as a line of its own at the top of Qt's own dialog, which every
+// platform then shows alike; native dialogs drop or hide such a message.
+void addMessage(QFileDialog& dialog, const QString& message)
+{
+    auto* grid = qobject_cast<QGridLayout*>(dialog.layout());
+    if (!grid)
+        return;
+    struct Placed
+    {
+        QLayoutItem* item;
+        int row, column, rowSpan, columnSpan;
+    };
+    QList<Placed> placed;
+    for (int index = 0; index < grid->count(); ++index) {
+        Placed entry{grid->itemAt(index), 0, 0, 0, 0};
+        grid->getItemPosition(index, &entry.row, &entry.column, &entry.rowSpan, &entry.columnSpan);
+        placed.append(entry);
+    }
+    while (grid->count() > 0)
+        grid->takeAt(0);
+    for (const Placed& entry : std::as_const(placed))
+        grid->addItem(entry.item, entry.row + 1, entry.column, entry.rowSpan, entry.columnSpan);
+    auto* label = new QLabel(message, &dialog);
+    label->setObjectName(u"messageLabel"_s);
+    label->setWordWrap(true);
+    grid->addWidget(label, 0, 0, 1, grid->columnCount());
+}
+
+// Both dialogs share the title, the message, the JSON filter and a start in
+// the home folder.
 void prepare(QFileDialog& dialog, const SettingsFileDialogs::FileRequest& request)
 {
+    dialog.setOption(QFileDialog::DontUseNativeDialog);
     dialog.setWindowTitle(request.title);
-    dialog.setLabelText(QFileDialog::LookIn, request.message);
     dialog.setNameFilter(request.nameFilter);
     dialog.setDirectory(QDir::homePath());
+    addMessage(dialog, request.message);
 }
 
 std::optional<QString> run(QFileDialog& dialog)

@@ -5,8 +5,8 @@
 #include <QPointer>
 #include <QWidget>
 
-// The settings import and export dialogs on screen: the platform's own file
-// dialogs where it has them, and application-modal message boxes.
+// The settings import and export dialogs on screen: Qt's own file dialogs with
+// the request's message above the file list, and application-modal message boxes.
 class NativeSettingsFileDialogs : public SettingsFileDialogs
 {
 public:

@@ -1,3 +1,2 @@
-stampix_add_test(TestNativeSettingsFileDialogs
-    SOURCES ${CMAKE_CURRENT_LIST_DIR}/TestNativeSettingsFileDialogs.cpp
-    LIBS stampix_views LABELS views)
+# The settings file dialogs are tested through the application's Import and Export
+# commands, in tests/app.

@@ -7,9 +7,10 @@
 using namespace Qt::StringLiterals;
 
 void renderSettingsShots(const QString& outDir);
+void renderFileDialogShots(const QString& outDir);
 
 // Renders every state of the product window, the settings window and the
-// About window to PNG files, without a desktop:
+// About window and the settings file dialogs to PNG files, without a desktop:
 //   stampix_screenshots [output directory]
 int main(int argc, char* argv[])
 {
@@ -26,5 +27,6 @@ int main(int argc, char* argv[])
     MainWindowShots shots(output);
     const int failures = shots.run();
     renderSettingsShots(output);
+    renderFileDialogShots(output);
     return failures == 0 ? 0 : 1;
 }
