@@ -43,6 +43,7 @@ PrinterEditorPage::PrinterEditorPage(SettingsView& view, qsizetype index, QWidge
 
     auto* testRow = new QHBoxLayout;
     testRow->setSpacing(12);
+    m_testButton->setSizePolicy(QSizePolicy::Fixed, QSizePolicy::Fixed);
     testRow->addWidget(m_testButton);
     testRow->addWidget(m_spinner);
     testRow->addWidget(m_result, 1);

@@ -252,17 +252,17 @@ void SettingsEditorsTest::chipsAndValidationFollowTheText()
 void SettingsEditorsTest::templateTextIsKeptExactly_data()
 {
     QTest::addColumn<QString>("stored");
-    // After typing "X" at the start, "Z" at the start of the second line and "Y" at the end.
+    // After typing "x" at the start, "z" at the start of the second line and "y" at the end.
     QTest::addColumn<QString>("edited");
     QTest::newRow("CRLF") << u"^XA\r\n^FD{{NAAM}}^FS\r\n^XZ"_s
-                          << u"X^XA\r\nZ^FD{{NAAM}}^FS\r\n^XZY"_s;
-    QTest::newRow("lone CR") << u"^XA\r^FD{{NAAM}}^FS\r^XZ"_s << u"X^XA\rZ^FD{{NAAM}}^FS\r^XZY"_s;
+                          << u"x^XA\r\nz^FD{{NAAM}}^FS\r\n^XZy"_s;
+    QTest::newRow("lone CR") << u"^XA\r^FD{{NAAM}}^FS\r^XZ"_s << u"x^XA\rz^FD{{NAAM}}^FS\r^XZy"_s;
     QTest::newRow("no-break space")
-        << u"^XA\n^FD{{NAAM}}\u00a0€^FS\n^XZ"_s << u"X^XA\nZ^FD{{NAAM}}\u00a0€^FS\n^XZY"_s;
+        << u"^XA\n^FD{{NAAM}}\u00a0€^FS\n^XZ"_s << u"x^XA\nz^FD{{NAAM}}\u00a0€^FS\n^XZy"_s;
     QTest::newRow("line separator")
-        << u"^XA\u2028^FD{{NAAM}}^FS\u2028^XZ"_s << u"X^XA\u2028Z^FD{{NAAM}}^FS\u2028^XZY"_s;
+        << u"^XA\u2028^FD{{NAAM}}^FS\u2028^XZ"_s << u"x^XA\u2028z^FD{{NAAM}}^FS\u2028^XZy"_s;
     QTest::newRow("mixed") << u"^XA\r\n^FD\u00a0{{PRIJS}}\u2029^FS\r^XZ\n"_s
-                           << u"X^XA\r\nZ^FD\u00a0{{PRIJS}}\u2029^FS\r^XZ\nY"_s;
+                           << u"x^XA\r\nz^FD\u00a0{{PRIJS}}\u2029^FS\r^XZ\ny"_s;
 }
 
 void SettingsEditorsTest::templateTextIsKeptExactly()
