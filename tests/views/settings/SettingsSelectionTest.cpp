@@ -21,7 +21,6 @@ class SettingsSelectionTest : public QObject
 
 private slots:
     void keysUseUpperCaseUuidsAndParseStrictly();
-    void openingSelectsTheFirstDossier();
     void plusOpensItsGroupAddsAndSelects();
     void rowsShowStateAndFollowTheStore();
     void staleKeysShowTheEmptyStates();
@@ -51,23 +50,6 @@ void SettingsSelectionTest::keysUseUpperCaseUuidsAndParseStrictly()
     }
     QCOMPARE(SettingsTabKey::parse(u"About"_s).kind, Kind::none);
     QCOMPARE(SettingsTabKey::parse(QString()).kind, Kind::none);
-}
-
-void SettingsSelectionTest::openingSelectsTheFirstDossier()
-{
-    SettingsViewHarness harness;
-    harness.setDossiers({u"Winkel"_s, u"Magazijn"_s, u"Webshop"_s});
-    QVERIFY(harness.view().selectedTab().isEmpty());
-    QVERIFY(harness.show());
-
-    const Dossier first = harness.settings().dossiers().constFirst();
-    QCOMPARE(harness.view().selectedTab(), SettingsTabKey::make(Kind::dossier, first.id));
-    auto* page = harness.pageAs<DossierEditorPage>();
-    QVERIFY(page);
-    QCOMPARE(page->index(), 0);
-    QCOMPARE(page->nameField()->text(), u"Winkel"_s);
-    QVERIFY(harness.group(Kind::dossier)->rows().at(0)->isSelected());
-    QVERIFY(!harness.group(Kind::dossier)->rows().at(1)->isSelected());
 }
 
 void SettingsSelectionTest::plusOpensItsGroupAddsAndSelects()

@@ -1,37 +1,16 @@
 #include "views/settings/SettingsWindow.h"
 
 #include "TestHome.h"
-#include "UrlRecorder.h"
 #include "model/AppSettings.h"
-#include "views/main/AboutView.h"
-#include "views/main/AboutWindow.h"
-#include "views/main/AppInfo.h"
 #include "views/settings/SettingsView.h"
 
-#include <QDate>
-#include <QDesktopServices>
-#include <QLabel>
-#include <QPointer>
 #include <QScreen>
 #include <QTest>
 #include <QWindow>
 
 using namespace Qt::StringLiterals;
 
-namespace {
-
-QStringList labelTexts(const QWidget* window)
-{
-    QStringList texts;
-    const QList<QLabel*> labels = window->findChildren<QLabel*>();
-    for (const QLabel* label : labels)
-        texts << label->text();
-    return texts;
-}
-
-} // namespace
-
-// The settings window's frame and size memory, and the About window.
+// The settings window's size memory.
 class SettingsWindowTest : public QObject
 {
     Q_OBJECT
@@ -40,7 +19,6 @@ private slots:
     void openingWritesNothing_data();
     void openingWritesNothing();
     void aUserResizeIsKeptAsTheContentSize();
-    void footerAndVersionTexts();
 };
 
 void SettingsWindowTest::openingWritesNothing_data()
@@ -100,24 +78,6 @@ void SettingsWindowTest::aUserResizeIsKeptAsTheContentSize()
         QCOMPARE(reopened.size(), QSize(900, 650));
     }
     QCOMPARE(settings.settingsWindowWidth(), 900.0);
-}
-
-void SettingsWindowTest::footerAndVersionTexts()
-{
-    TestHome home;
-    AppSettings settings;
-    SettingsWindow window(settings);
-    window.show();
-    QVERIFY(QTest::qWaitForWindowExposed(&window));
-
-    // Version from the build, build number from the build settings.
-    QCOMPARE(SettingsView::appVersion(),
-             u"v"_s + AppInfo::version() + u"."_s + AppInfo::buildNumber());
-    const QStringList texts = labelTexts(&window);
-    QVERIFY(texts.contains(u"Stampix Instellingen"_s));
-    QVERIFY(texts.contains(u"Configureer je dossiers, printers en etiket templates"_s));
-    QVERIFY(texts.contains(u"Wijzigingen worden automatisch opgeslagen"_s));
-    QVERIFY(texts.contains(SettingsView::appVersion()));
 }
 
 QTEST_MAIN(SettingsWindowTest)
