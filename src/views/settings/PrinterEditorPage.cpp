@@ -47,6 +47,8 @@ PrinterEditorPage::PrinterEditorPage(SettingsView& view, qsizetype index, QWidge
     testRow->addWidget(m_testButton);
     testRow->addWidget(m_spinner);
     testRow->addWidget(m_result, 1);
+    // Keeps the button at the left while there is no result beside it.
+    testRow->addStretch();
     connection.content->addLayout(testRow);
     connection.content->addWidget(new InfoBox(
         u"Voer het IP adres en poort van je Zebra etiketprinter in. Standaard poort is 9100."_s));
