@@ -138,7 +138,7 @@ void renderSettingsShots(const QString& outDir)
 
     auto* window = new SettingsWindow(*settings);
     window->show();
-    settle(SettingsWindow::kSetupDelay.count() + 200);
+    settle(300);
     SettingsView& view = *window->view();
     const auto select = [&view](Kind kind, const QUuid& id) {
         view.select(kind, id);

@@ -1,8 +1,8 @@
 #include "AboutSettingsPage.h"
 
-#include "SettingsDivider.h"
-#include "SettingsText.h"
+#include "Divider.h"
 #include "SettingsView.h"
+#include "ThemedLabel.h"
 #include "views/main/AboutView.h"
 #include "views/main/SymbolIcons.h"
 #include "views/main/Theme.h"
@@ -38,10 +38,10 @@ AboutSettingsPage::AboutSettingsPage(QWidget* parent) : SettingsEditorPage(paren
                         .pixmap(QSize(kIconSize, kIconSize), devicePixelRatioF()));
     icon->setFixedSize(kIconSize, kIconSize);
     QVBoxLayout* nameColumn = tightColumn(2);
-    nameColumn->addWidget(SettingsText::label(u"Stampix"_s, Theme::systemFont(15, QFont::DemiBold),
-                                              Theme::primaryText(palette())));
     nameColumn->addWidget(
-        SettingsText::secondary(u"Versie "_s + SettingsView::appVersion(), Theme::systemFont(11)));
+        new ThemedLabel(u"Stampix"_s, Theme::systemFont(15, QFont::DemiBold), &Theme::primaryText));
+    nameColumn->addWidget(new ThemedLabel(u"Versie "_s + SettingsView::appVersion(),
+                                          Theme::systemFont(11), &Theme::secondaryText));
     auto* nameRow = new QHBoxLayout;
     nameRow->addWidget(icon, 0, Qt::AlignVCenter);
     nameRow->addLayout(nameColumn);
@@ -49,26 +49,27 @@ AboutSettingsPage::AboutSettingsPage(QWidget* parent) : SettingsEditorPage(paren
     section.content->addLayout(nameRow);
 
     QVBoxLayout* about = tightColumn(4);
-    about->addWidget(SettingsText::label(u"Etiket print tool voor Kalmora Online"_s,
-                                         Theme::subheadline(), Theme::primaryText(palette())));
-    auto* description = SettingsText::secondary(
+    about->addWidget(new ThemedLabel(u"Etiket print tool voor Kalmora Online"_s,
+                                     Theme::subheadline(), &Theme::primaryText));
+    auto* description = new ThemedLabel(
         u"Print ZPL etiketten naar Zebra netwerkprinters direct vanuit je Kalmora Online product "
         u"database. Meerdere aanpasbare templates mogelijk, elk met hun eigen printer "
         u"configuratie."_s,
-        Theme::caption());
+        Theme::caption(), &Theme::secondaryText);
     description->setWordWrap(true);
     about->addWidget(description);
     section.content->addLayout(about);
 
-    section.content->addWidget(new SettingsDivider(Qt::Horizontal));
+    section.content->addWidget(SettingsView::makeDivider(Qt::Horizontal));
 
     QVBoxLayout* owner = tightColumn(4);
-    owner->addWidget(SettingsText::secondary(
+    owner->addWidget(new ThemedLabel(
         u"© %1 Stampix. Alle rechten voorbehouden."_s.arg(QDate::currentDate().year()),
-        Theme::caption()));
-    m_link = SettingsText::label(
-        u"<a href=\"%1\">%2</a>"_s.arg(AboutView::makerURL().toString(), AboutView::makerDomain()),
-        Theme::caption(), QColor());
+        Theme::caption(), &Theme::secondaryText));
+    m_link = new QLabel(
+        u"<a href=\"%1\">%2</a>"_s.arg(AboutView::makerURL().toString(), AboutView::makerDomain()));
+    m_link->setFont(Theme::caption());
+    m_link->setAccessibleName(AboutView::makerDomain());
     m_link->setTextFormat(Qt::RichText);
     m_link->setTextInteractionFlags(Qt::LinksAccessibleByMouse | Qt::LinksAccessibleByKeyboard);
     connect(m_link, &QLabel::linkActivated, this,

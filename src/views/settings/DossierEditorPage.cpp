@@ -37,7 +37,8 @@ DossierEditorPage::DossierEditorPage(SettingsView& view, qsizetype index, QWidge
         m_view.settings().updateDossier(m_index, [&text](Dossier& d) { d.apiKey = text; });
     });
     connect(m_bookyear, &QLineEdit::textEdited, &settings, &AppSettings::setBookyear);
-    connect(m_deleteButton, &QPushButton::clicked, this, [this] { m_view.deleteDossier(m_index); });
+    connect(m_deleteButton, &QPushButton::clicked, this,
+            [this] { m_view.deleteRecord(SettingsTabKey::Kind::dossier, m_index); });
     connect(&settings, &AppSettings::dossiersChanged, this, &DossierEditorPage::refresh);
     connect(&settings, &AppSettings::bookyearChanged, this, &DossierEditorPage::refresh);
     refresh();

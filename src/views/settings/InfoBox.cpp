@@ -1,6 +1,6 @@
 #include "InfoBox.h"
 
-#include "SettingsText.h"
+#include "ThemedLabel.h"
 #include "views/main/SymbolIcons.h"
 #include "views/main/Theme.h"
 
@@ -27,7 +27,7 @@ QColor blueAt(qreal alpha)
 } // namespace
 
 InfoBox::InfoBox(const QString& text, QWidget* parent)
-    : QWidget(parent), m_text(SettingsText::secondary(text, Theme::caption()))
+    : QWidget(parent), m_text(new ThemedLabel(text, Theme::caption(), &Theme::secondaryText))
 {
     auto* icon = new QLabel;
     icon->setPixmap(SymbolIcons::tinted(u"info.circle.fill", Theme::blue())

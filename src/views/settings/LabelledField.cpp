@@ -1,6 +1,6 @@
 #include "LabelledField.h"
 
-#include "SettingsText.h"
+#include "ThemedLabel.h"
 #include "views/main/SymbolIcons.h"
 #include "views/main/Theme.h"
 
@@ -19,6 +19,9 @@ LabelledField::LabelledField(const QString& symbolName, const QString& label, QW
                              QWidget* parent)
     : QWidget(parent), m_label(label), m_input(input)
 {
+    // What a screen reader calls the input: the label above it.
+    if (input->accessibleName().isEmpty())
+        input->setAccessibleName(label);
     auto* icon = new QLabel;
     icon->setPixmap(SymbolIcons::tinted(symbolName, Theme::secondaryText(palette()))
                         .pixmap(QSize(kIconSize, kIconSize), devicePixelRatioF()));
@@ -30,7 +33,7 @@ LabelledField::LabelledField(const QString& symbolName, const QString& label, QW
     auto* labelRow = new QHBoxLayout;
     labelRow->setSpacing(10);
     labelRow->addWidget(icon, 0, Qt::AlignVCenter);
-    labelRow->addWidget(SettingsText::label(label, labelFont, Theme::primaryText(palette())), 0,
+    labelRow->addWidget(new ThemedLabel(label, labelFont, &Theme::primaryText), 0,
                         Qt::AlignVCenter);
     labelRow->addStretch();
 

@@ -1,56 +1,26 @@
 #include "NoRecordSelectedView.h"
 
-#include "SettingsText.h"
+#include "SettingsRecordKind.h"
+#include "ThemedLabel.h"
 #include "views/main/SymbolIcons.h"
-#include "views/main/Theme.h"
 
-#include <QLabel>
 #include <QVBoxLayout>
-
-using namespace Qt::StringLiterals;
 
 namespace {
 
 constexpr int kIconSize = 48;
 
-struct Texts
-{
-    QString symbol;
-    QString prompt;
-    QString emptyText;
-    QString hint;
-};
-
-Texts textsFor(SettingsTabKey::Kind kind)
-{
-    switch (kind) {
-    case SettingsTabKey::Kind::printer:
-        return {u"printer"_s, u"Selecteer een printer"_s, u"Geen printers geconfigureerd"_s,
-                u"Klik op + naast Printers om er een toe te voegen"_s};
-    case SettingsTabKey::Kind::labelTemplate:
-        return {u"doc.text"_s, u"Selecteer een etiket"_s, u"Geen etiketten geconfigureerd"_s,
-                u"Klik op + naast Etiketten om er een toe te voegen"_s};
-    case SettingsTabKey::Kind::dossier:
-    case SettingsTabKey::Kind::none:
-    case SettingsTabKey::Kind::about:
-        break;
-    }
-    return {u"folder"_s, u"Selecteer een dossier"_s, u"Geen dossiers geconfigureerd"_s,
-            u"Klik op + naast Dossiers om er een toe te voegen"_s};
-}
-
 } // namespace
 
-NoRecordSelectedView::NoRecordSelectedView(SettingsTabKey::Kind kind, bool listEmpty,
+NoRecordSelectedView::NoRecordSelectedView(const SettingsRecordKind& kind, bool listEmpty,
                                            QWidget* parent)
-    : QWidget(parent)
+    : QWidget(parent), m_message(new ThemedLabel(listEmpty ? kind.emptyListText : kind.selectPrompt,
+                                                 Theme::body(), &Theme::secondaryText))
 {
-    const Texts texts = textsFor(kind);
     auto* icon = new QLabel;
-    icon->setPixmap(SymbolIcons::tinted(texts.symbol, Theme::secondaryText(palette()))
+    icon->setPixmap(SymbolIcons::tinted(kind.symbol, Theme::secondaryText(palette()))
                         .pixmap(QSize(kIconSize, kIconSize), devicePixelRatioF()));
     icon->setAlignment(Qt::AlignCenter);
-    m_message = SettingsText::secondary(listEmpty ? texts.emptyText : texts.prompt, Theme::body());
     m_message->setAlignment(Qt::AlignCenter);
 
     auto* column = new QVBoxLayout(this);
@@ -59,7 +29,7 @@ NoRecordSelectedView::NoRecordSelectedView(SettingsTabKey::Kind kind, bool listE
     column->addWidget(icon, 0, Qt::AlignHCenter);
     column->addWidget(m_message, 0, Qt::AlignHCenter);
     if (listEmpty) {
-        m_hint = SettingsText::secondary(texts.hint, Theme::caption());
+        m_hint = new ThemedLabel(kind.emptyListHint, Theme::caption(), &Theme::secondaryText);
         m_hint->setAlignment(Qt::AlignCenter);
         column->addWidget(m_hint, 0, Qt::AlignHCenter);
     }

@@ -1,10 +1,9 @@
 #pragma once
 
-#include "SettingsTabKey.h"
-
 #include <QWidget>
 
 class QLabel;
+struct SettingsRecordKind;
 
 // What the detail area shows when the selection names no record of a kind:
 // a prompt to pick one, or, with an empty list, how to add the first.
@@ -13,7 +12,7 @@ class NoRecordSelectedView : public QWidget
     Q_OBJECT
 
 public:
-    NoRecordSelectedView(SettingsTabKey::Kind kind, bool listEmpty, QWidget* parent = nullptr);
+    NoRecordSelectedView(const SettingsRecordKind& kind, bool listEmpty, QWidget* parent = nullptr);
 
     QString message() const;
     // Empty while the list has records.

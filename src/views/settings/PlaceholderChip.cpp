@@ -2,6 +2,7 @@
 
 #include "views/main/Theme.h"
 
+#include <QKeyEvent>
 #include <QPainter>
 #include <QPainterPath>
 
@@ -21,7 +22,7 @@ PlaceholderChip::PlaceholderChip(const QString& key, QWidget* parent) : QAbstrac
     setFont(Theme::monospaced(Theme::caption().pixelSize()));
     setToolTip(u"Klik om te kopiëren"_s);
     setCursor(Qt::PointingHandCursor);
-    setFocusPolicy(Qt::NoFocus);
+    setFocusPolicy(Qt::StrongFocus);
     setSizePolicy(QSizePolicy::Fixed, QSizePolicy::Fixed);
 }
 
@@ -43,4 +44,17 @@ void PlaceholderChip::paintEvent(QPaintEvent*)
     painter.setFont(font());
     painter.setPen(Theme::blue());
     painter.drawText(rect(), Qt::AlignCenter, text());
+    if (hasFocus()) {
+        painter.setPen(QPen(Theme::accent(palette()), 2));
+        painter.drawRoundedRect(QRectF(rect()).adjusted(1, 1, -1, -1), kRadius, kRadius);
+    }
+}
+
+void PlaceholderChip::keyPressEvent(QKeyEvent* event)
+{
+    // Return copies too: the space bar may be kept by the product table.
+    if (event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter)
+        click();
+    else
+        QAbstractButton::keyPressEvent(event);
 }

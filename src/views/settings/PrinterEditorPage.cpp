@@ -1,10 +1,10 @@
 #include "PrinterEditorPage.h"
 
+#include "BusyIndicator.h"
 #include "InfoBox.h"
 #include "LabelledField.h"
-#include "SettingsSpinner.h"
-#include "SettingsText.h"
 #include "SettingsView.h"
+#include "ThemedLabel.h"
 #include "model/AppSettings.h"
 #include "views/main/Theme.h"
 
@@ -26,9 +26,9 @@ constexpr int kSpinnerSize = 12;
 PrinterEditorPage::PrinterEditorPage(SettingsView& view, qsizetype index, QWidget* parent)
     : SettingsEditorPage(parent), m_view(view), m_index(index),
       m_name(makeLineEdit(u"Printer naam"_s)), m_ipAddress(makeLineEdit(u"192.168.1.100"_s, 150)),
-      m_port(makeLineEdit(u"9100"_s, 70)), m_testButton(new QPushButton(u"Test Verbinding"_s)),
-      m_spinner(new SettingsSpinner(kSpinnerSize)),
-      m_result(SettingsText::label({}, Theme::caption(), QColor()))
+      m_port(makeLineEdit(u"9100"_s, 70)), m_testButton(makeButton(u"Test Verbinding"_s)),
+      m_spinner(new BusyIndicator(kSpinnerSize, &Theme::secondaryText)),
+      m_result(new ThemedLabel({}, Theme::caption(), &Theme::primaryText))
 {
     const Section details = addSection(u"Printer Details"_s);
     details.content->addWidget(new LabelledField(u"tag"_s, u"Naam"_s, m_name));
@@ -43,9 +43,12 @@ PrinterEditorPage::PrinterEditorPage(SettingsView& view, qsizetype index, QWidge
 
     auto* testRow = new QHBoxLayout;
     testRow->setSpacing(12);
+    m_testButton->setSizePolicy(QSizePolicy::Fixed, QSizePolicy::Fixed);
     testRow->addWidget(m_testButton);
     testRow->addWidget(m_spinner);
     testRow->addWidget(m_result, 1);
+    // Keeps the button at the left while there is no result beside it.
+    testRow->addStretch();
     connection.content->addLayout(testRow);
     connection.content->addWidget(new InfoBox(
         u"Voer het IP adres en poort van je Zebra etiketprinter in. Standaard poort is 9100."_s));
@@ -65,10 +68,16 @@ PrinterEditorPage::PrinterEditorPage(SettingsView& view, qsizetype index, QWidge
     connect(m_port, &QLineEdit::editingFinished, this, &PrinterEditorPage::refresh);
     connect(m_testButton, &QPushButton::clicked, this,
             [this] { m_view.testPrinterConnection(m_index); });
-    connect(m_deleteButton, &QPushButton::clicked, this, [this] { m_view.deletePrinter(m_index); });
+    connect(m_deleteButton, &QPushButton::clicked, this,
+            [this] { m_view.deleteRecord(SettingsTabKey::Kind::printer, m_index); });
     connect(&m_view.settings(), &AppSettings::printersChanged, this, &PrinterEditorPage::refresh);
     connect(&m_view, &SettingsView::printerTestChanged, this, &PrinterEditorPage::refreshTestState);
     refresh();
+}
+
+QLabel* PrinterEditorPage::resultLabel() const
+{
+    return m_result;
 }
 
 std::optional<qint64> PrinterEditorPage::parsePort(const QString& text)
@@ -111,6 +120,5 @@ void PrinterEditorPage::refreshTestState()
     m_result->setVisible(result.has_value());
     m_result->setText(result.value_or(QString()));
     if (result)
-        SettingsText::setTextColor(m_result,
-                                   result->contains(u"gelukt"_s) ? Theme::green() : Theme::red());
+        m_result->setColor(result->contains(u"gelukt"_s) ? &green : &red);
 }

@@ -2,10 +2,11 @@
 
 #include "SettingsEditorPage.h"
 
+class BusyIndicator;
 class QLabel;
 class QLineEdit;
 class QPushButton;
-class SettingsSpinner;
+class ThemedLabel;
 class SettingsView;
 
 // Edits one printer's name, address and port, tests the connection and
@@ -22,8 +23,8 @@ public:
     QLineEdit* ipAddressField() const { return m_ipAddress; }
     QLineEdit* portField() const { return m_port; }
     QPushButton* testButton() const { return m_testButton; }
-    QLabel* resultLabel() const { return m_result; }
-    SettingsSpinner* spinner() const { return m_spinner; }
+    QLabel* resultLabel() const;
+    BusyIndicator* spinner() const { return m_spinner; }
     QPushButton* deleteButton() const { return m_deleteButton; }
 
     // Only whole numbers are taken over; anything else keeps the stored port.
@@ -40,7 +41,7 @@ private:
     QLineEdit* m_ipAddress;
     QLineEdit* m_port;
     QPushButton* m_testButton;
-    SettingsSpinner* m_spinner;
-    QLabel* m_result;
+    BusyIndicator* m_spinner;
+    ThemedLabel* m_result;
     QPushButton* m_deleteButton;
 };

@@ -1,36 +1,17 @@
 #include "SettingsDetailArea.h"
 
 #include "AboutSettingsPage.h"
-#include "DossierEditorPage.h"
 #include "NoRecordSelectedView.h"
-#include "PrinterEditorPage.h"
-#include "SettingsText.h"
+#include "SettingsRecordKind.h"
 #include "SettingsView.h"
-#include "TemplateEditorPage.h"
+#include "ThemedLabel.h"
 #include "model/AppSettings.h"
-#include "views/main/Theme.h"
 
-#include <QLabel>
 #include <QScrollArea>
 #include <QVBoxLayout>
 
 using namespace Qt::StringLiterals;
-
-namespace {
-
-template <typename Record>
-qsizetype indexOf(const QList<Record>& records, const std::optional<QUuid>& id)
-{
-    if (!id)
-        return -1;
-    for (qsizetype i = 0; i < records.size(); ++i) {
-        if (records.at(i).id == *id)
-            return i;
-    }
-    return -1;
-}
-
-} // namespace
+using Kind = SettingsTabKey::Kind;
 
 SettingsDetailArea::SettingsDetailArea(SettingsView& view, QWidget* parent)
     : QWidget(parent), m_view(view), m_layout(new QVBoxLayout(this))
@@ -49,28 +30,15 @@ SettingsDetailArea::SettingsDetailArea(SettingsView& view, QWidget* parent)
 
 SettingsDetailArea::Target SettingsDetailArea::currentTarget() const
 {
-    const AppSettings& settings = m_view.settings();
     const SettingsTabKey::Parsed key = SettingsTabKey::parse(m_view.selectedTab());
-    const auto recordTarget = [&key](qsizetype index, bool listEmpty, Page editor, Page empty) {
-        return index >= 0 ? Target{editor, index, false, *key.id}
-                          : Target{empty, -1, listEmpty, {}};
-    };
-    switch (key.kind) {
-    case SettingsTabKey::Kind::dossier:
-        return recordTarget(indexOf(settings.dossiers(), key.id), settings.dossiers().isEmpty(),
-                            Page::dossierEditor, Page::noDossier);
-    case SettingsTabKey::Kind::printer:
-        return recordTarget(indexOf(settings.printers(), key.id), settings.printers().isEmpty(),
-                            Page::printerEditor, Page::noPrinter);
-    case SettingsTabKey::Kind::labelTemplate:
-        return recordTarget(indexOf(settings.templates(), key.id), settings.templates().isEmpty(),
-                            Page::templateEditor, Page::noTemplate);
-    case SettingsTabKey::Kind::about:
-        return {Page::about, -1, false, {}};
-    case SettingsTabKey::Kind::none:
-        break;
-    }
-    return {};
+    const SettingsRecordKind* records = SettingsRecordKind::of(key.kind);
+    if (!records)
+        return {key.kind, -1, false, {}};
+    const AppSettings& settings = m_view.settings();
+    const qsizetype index = key.id ? records->indexOf(settings, *key.id) : -1;
+    if (index >= 0)
+        return {key.kind, index, false, *key.id};
+    return {key.kind, -1, records->entries(settings).isEmpty(), {}};
 }
 
 void SettingsDetailArea::refresh()
@@ -79,6 +47,9 @@ void SettingsDetailArea::refresh()
     if (m_hasPage && target == m_shown)
         return;
     if (m_container) {
+        // Keyboard users keep their place in the window when the focused page goes.
+        if (m_container->isAncestorOf(window()->focusWidget()))
+            m_view.focusSidebar();
         // The old page may be the sender of the change (its delete button):
         // detach it now, delete it once its handler has returned.
         m_container->hide();
@@ -90,49 +61,73 @@ void SettingsDetailArea::refresh()
     m_shown = target;
     m_hasPage = true;
     m_page = makePage(target);
-    const bool scrolls = target.page == Page::dossierEditor || target.page == Page::printerEditor ||
-                         target.page == Page::templateEditor || target.page == Page::about;
-    m_container = scrolls ? inScrollArea(m_page) : m_page.data();
+    const bool scrolls = target.kind == Kind::about || target.index >= 0;
+    m_container = m_page;
+    if (scrolls) {
+        auto* scroll = new QScrollArea;
+        scroll->setFrameShape(QFrame::NoFrame);
+        scroll->setWidgetResizable(true);
+        scroll->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
+        // The page's controls take the focus, not the area around them.
+        scroll->setFocusPolicy(Qt::NoFocus);
+        scroll->viewport()->setAutoFillBackground(false);
+        m_page->setAutoFillBackground(false);
+        scroll->setWidget(m_page);
+        m_container = scroll;
+    }
     m_layout->addWidget(m_container);
     // A layout shows a new child only on the next event loop turn; show it now
     // so the page is complete as soon as the selection changed.
     m_container->show();
 }
 
-QWidget* SettingsDetailArea::makePage(const Target& target)
+QWidget* SettingsDetailArea::makePage(const Target& target) const
 {
-    switch (target.page) {
-    case Page::dossierEditor:
-        return new DossierEditorPage(m_view, target.index);
-    case Page::printerEditor:
-        return new PrinterEditorPage(m_view, target.index);
-    case Page::templateEditor:
-        return new TemplateEditorPage(m_view, target.index);
-    case Page::noDossier:
-        return new NoRecordSelectedView(SettingsTabKey::Kind::dossier, target.listEmpty);
-    case Page::noPrinter:
-        return new NoRecordSelectedView(SettingsTabKey::Kind::printer, target.listEmpty);
-    case Page::noTemplate:
-        return new NoRecordSelectedView(SettingsTabKey::Kind::labelTemplate, target.listEmpty);
-    case Page::about:
+    if (target.kind == Kind::about)
         return new AboutSettingsPage;
-    case Page::nothing:
-        break;
+    if (const SettingsRecordKind* records = SettingsRecordKind::of(target.kind)) {
+        if (target.index >= 0)
+            return records->makeEditor(m_view, target.index);
+        return new NoRecordSelectedView(*records, target.listEmpty);
     }
-    auto* nothing = SettingsText::secondary(u"Selecteer een item"_s, Theme::body());
+    auto* nothing = new ThemedLabel(u"Selecteer een item"_s, Theme::body(), &Theme::secondaryText);
     nothing->setAlignment(Qt::AlignCenter);
     return nothing;
 }
 
-QWidget* SettingsDetailArea::inScrollArea(QWidget* page)
+QList<QWidget*> SettingsDetailArea::tabStops() const
 {
-    auto* scroll = new QScrollArea;
-    scroll->setFrameShape(QFrame::NoFrame);
-    scroll->setWidgetResizable(true);
-    scroll->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
-    scroll->setVerticalScrollBarPolicy(Qt::ScrollBarAsNeeded);
-    scroll->viewport()->setAutoFillBackground(false);
-    page->setAutoFillBackground(false);
-    scroll->setWidget(page);
-    return scroll;
+    QList<QWidget*> stops;
+    if (!m_page)
+        return stops;
+    for (QWidget* w = m_page->nextInFocusChain(); w != m_page; w = w->nextInFocusChain()) {
+        if (m_page->isAncestorOf(w) && w->isVisibleTo(m_page) && w->isEnabled() &&
+            (w->focusPolicy() & Qt::TabFocus))
+            stops.append(w);
+    }
+    return stops;
+}
+
+bool SettingsDetailArea::focusEdge(bool first)
+{
+    const QList<QWidget*> stops = tabStops();
+    if (stops.isEmpty())
+        return false;
+    QWidget* target = first ? stops.constFirst() : stops.constLast();
+    target->setFocus(first ? Qt::TabFocusReason : Qt::BacktabFocusReason);
+    if (auto* scroll = qobject_cast<QScrollArea*>(m_container.data()))
+        scroll->ensureWidgetVisible(target);
+    return true;
+}
+
+bool SettingsDetailArea::focusNextPrevChild(bool next)
+{
+    // Past the page's last control (or before its first) the sidebar follows.
+    const QList<QWidget*> stops = tabStops();
+    QWidget* edge = stops.isEmpty() ? nullptr : (next ? stops.constLast() : stops.constFirst());
+    if (!edge || edge == window()->focusWidget()) {
+        m_view.focusSidebar();
+        return true;
+    }
+    return QWidget::focusNextPrevChild(next);
 }

@@ -3,6 +3,7 @@
 #include "SettingsTabKey.h"
 
 #include <QPointer>
+#include <QUuid>
 #include <QWidget>
 
 class QVBoxLayout;
@@ -23,22 +24,18 @@ public:
     // "Selecteer een item" label); inside a scroll area for editors and "Over".
     QWidget* page() const { return m_page; }
 
+    // Gives the focus to the page's first or last control reached by Tab;
+    // false when the page has none.
+    bool focusEdge(bool first);
+
+protected:
+    bool focusNextPrevChild(bool next) override;
+
 private:
-    enum class Page
-    {
-        nothing,
-        dossierEditor,
-        printerEditor,
-        templateEditor,
-        noDossier,
-        noPrinter,
-        noTemplate,
-        about
-    };
     struct Target
     {
-        Page page = Page::nothing;
-        // Record pages: the record's position; empty states: whether the list is empty.
+        SettingsTabKey::Kind kind = SettingsTabKey::Kind::none;
+        // The record's position; -1 for the kind's empty state.
         qsizetype index = -1;
         bool listEmpty = false;
         QUuid id;
@@ -48,8 +45,8 @@ private:
 
     Target currentTarget() const;
     void refresh();
-    QWidget* makePage(const Target& target);
-    static QWidget* inScrollArea(QWidget* page);
+    QWidget* makePage(const Target& target) const;
+    QList<QWidget*> tabStops() const;
 
     SettingsView& m_view;
     QVBoxLayout* m_layout;

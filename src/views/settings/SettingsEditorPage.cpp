@@ -1,7 +1,7 @@
 #include "SettingsEditorPage.h"
 
 #include "SettingsSectionCard.h"
-#include "SettingsText.h"
+#include "ThemedLabel.h"
 #include "views/main/SymbolIcons.h"
 #include "views/main/Theme.h"
 
@@ -34,7 +34,7 @@ SettingsEditorPage::Section SettingsEditorPage::addSection(const QString& header
     layout->setContentsMargins(0, 0, 0, 0);
     layout->setSpacing(6);
     if (!header.isEmpty()) {
-        auto* title = SettingsText::label(header, Theme::headline(), Theme::primaryText(palette()));
+        auto* title = new ThemedLabel(header, Theme::headline(), &Theme::primaryText);
         title->setContentsMargins(4, 0, 0, 0);
         layout->addWidget(title);
     }
@@ -49,8 +49,11 @@ QPushButton* SettingsEditorPage::addDeleteSection(const QString& text, QWidget**
 {
     const Section created = addSection({});
     created.content->setContentsMargins(12, 8, 12, 8);
-    auto* button = new QPushButton(SymbolIcons::tinted(u"trash", Theme::red()), text);
-    SettingsText::setTextColor(button, Theme::red());
+    QPushButton* button = makeButton(text);
+    button->setIcon(SymbolIcons::tinted(u"trash", Theme::red()));
+    QPalette pal = button->palette();
+    pal.setColor(QPalette::ButtonText, Theme::red());
+    button->setPalette(pal);
     button->setFlat(true);
     button->setCursor(Qt::PointingHandCursor);
     auto* row = new QHBoxLayout;
@@ -75,5 +78,43 @@ QLineEdit* SettingsEditorPage::makeLineEdit(const QString& placeholder, int widt
     field->setPlaceholderText(placeholder);
     if (width > 0)
         field->setFixedWidth(width);
+    showFieldEdge(field);
     return field;
+}
+
+void SettingsEditorPage::showFieldEdge(QWidget* field)
+{
+    // The section card is painted in the base colour that fields also use. In
+    // a dark palette the style's frame hardly shows against it, so the field
+    // is lifted a little above the card.
+    QPalette pal = field->palette();
+    const QColor base = pal.color(QPalette::Base);
+    if (base.lightnessF() < 0.5) {
+        const QColor text = pal.color(QPalette::Text);
+        const qreal weight = 0.1;
+        pal.setColor(QPalette::Base,
+                     QColor::fromRgbF(base.redF() * (1 - weight) + text.redF() * weight,
+                                      base.greenF() * (1 - weight) + text.greenF() * weight,
+                                      base.blueF() * (1 - weight) + text.blueF() * weight));
+        field->setPalette(pal);
+    }
+}
+
+QColor SettingsEditorPage::green(const QPalette&)
+{
+    return Theme::green();
+}
+
+QColor SettingsEditorPage::red(const QPalette&)
+{
+    return Theme::red();
+}
+
+QPushButton* SettingsEditorPage::makeButton(const QString& text)
+{
+    auto* button = new QPushButton(text);
+    // Outside a dialog Qt presses a focused button only with the space bar,
+    // which the product table may be keeping for itself.
+    button->setAutoDefault(true);
+    return button;
 }

@@ -16,6 +16,14 @@ class SettingsEditorPage : public QWidget
 public:
     explicit SettingsEditorPage(QWidget* parent = nullptr);
 
+    // A text input whose edge shows on the card in light and dark palettes.
+    static void showFieldEdge(QWidget* field);
+    // Result colours for ThemedLabel.
+    static QColor green(const QPalette&);
+    static QColor red(const QPalette&);
+    // A push button that Return presses too, as the space bar does.
+    static QPushButton* makeButton(const QString& text);
+
 protected:
     struct Section
     {

@@ -1,6 +1,6 @@
 #include "SettingsFooterView.h"
 
-#include "SettingsText.h"
+#include "ThemedLabel.h"
 #include "views/main/Theme.h"
 
 #include <QHBoxLayout>
@@ -13,10 +13,10 @@ SettingsFooterView::SettingsFooterView(const QString& version, QWidget* parent) 
 {
     auto* row = new QHBoxLayout(this);
     row->setContentsMargins(24, 12, 24, 12);
-    row->addWidget(SettingsText::secondary(u"Wijzigingen worden automatisch opgeslagen"_s,
-                                           Theme::systemFont(11)));
+    row->addWidget(new ThemedLabel(u"Wijzigingen worden automatisch opgeslagen"_s,
+                                   Theme::systemFont(11), &Theme::secondaryText));
     row->addStretch();
-    row->addWidget(SettingsText::secondary(version, Theme::systemFont(11)));
+    row->addWidget(new ThemedLabel(version, Theme::systemFont(11), &Theme::secondaryText));
     setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Fixed);
 }
 

@@ -1,6 +1,6 @@
 #include "SettingsHeaderView.h"
 
-#include "SettingsText.h"
+#include "ThemedLabel.h"
 #include "views/main/SymbolIcons.h"
 #include "views/main/Theme.h"
 
@@ -29,11 +29,10 @@ SettingsHeaderView::SettingsHeaderView(QWidget* parent) : QWidget(parent)
     texts->setContentsMargins(kPaddingH + kTileSize + kSpacing, kPaddingV, kPaddingH, kPaddingV);
     texts->setSpacing(2);
     texts->addStretch();
-    texts->addWidget(SettingsText::label(u"Stampix Instellingen"_s,
-                                         Theme::systemFont(20, QFont::DemiBold),
-                                         Theme::primaryText(palette())));
-    texts->addWidget(SettingsText::secondary(
-        u"Configureer je dossiers, printers en etiket templates"_s, Theme::systemFont(12)));
+    texts->addWidget(new ThemedLabel(u"Stampix Instellingen"_s,
+                                     Theme::systemFont(20, QFont::DemiBold), &Theme::primaryText));
+    texts->addWidget(new ThemedLabel(u"Configureer je dossiers, printers en etiket templates"_s,
+                                     Theme::systemFont(12), &Theme::secondaryText));
     texts->addStretch();
     setMinimumHeight(kTileSize + 2 * kPaddingV);
     setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Fixed);

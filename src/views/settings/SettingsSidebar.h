@@ -1,5 +1,8 @@
 #pragma once
 
+#include "SettingsTabKey.h"
+
+#include <QList>
 #include <QWidget>
 
 class SettingsView;
@@ -7,6 +10,8 @@ class SidebarGroup;
 class SidebarRow;
 
 // The left column of the settings window: the three record groups and "Over".
+// One stop of the Tab chain: the arrow keys move between its visible entries
+// (headers, "+" buttons, rows), Tab goes on into the editor.
 class SettingsSidebar : public QWidget
 {
     Q_OBJECT
@@ -16,21 +21,26 @@ public:
 
     explicit SettingsSidebar(SettingsView& view, QWidget* parent = nullptr);
 
-    SidebarGroup* dossiersGroup() const { return m_dossiersGroup; }
-    SidebarGroup* printersGroup() const { return m_printersGroup; }
-    SidebarGroup* templatesGroup() const { return m_templatesGroup; }
+    SidebarGroup* group(SettingsTabKey::Kind kind) const;
     SidebarRow* aboutRow() const { return m_aboutRow; }
+
+    // Where the keyboard enters: the selected row when it is shown, else the first header.
+    QWidget* entryWidget() const;
 
 protected:
     void paintEvent(QPaintEvent* event) override;
+    void keyPressEvent(QKeyEvent* event) override;
+    bool eventFilter(QObject* watched, QEvent* event) override;
+    bool focusNextPrevChild(bool next) override;
 
 private:
     SidebarRow* settingsCategory(const QString& key, const QString& symbolName,
                                  const QString& title);
+    // Every entry the arrow keys reach now, top to bottom.
+    QList<QWidget*> keyboardEntries() const;
+    bool moveFocus(int key);
 
     SettingsView& m_view;
-    SidebarGroup* m_dossiersGroup;
-    SidebarGroup* m_printersGroup;
-    SidebarGroup* m_templatesGroup;
+    QList<SidebarGroup*> m_groups;
     SidebarRow* m_aboutRow;
 };

@@ -1,9 +1,10 @@
 #include "SettingsView.h"
 
+#include "Divider.h"
 #include "SettingsDetailArea.h"
-#include "SettingsDivider.h"
 #include "SettingsFooterView.h"
 #include "SettingsHeaderView.h"
+#include "SettingsRecordKind.h"
 #include "SettingsSidebar.h"
 #include "model/AppSettings.h"
 #include "services/PrinterService.h"
@@ -14,6 +15,7 @@
 #include <QGuiApplication>
 #include <QHBoxLayout>
 #include <QPointer>
+#include <QShowEvent>
 #include <QTimer>
 #include <QVBoxLayout>
 
@@ -40,26 +42,39 @@ SettingsView::~SettingsView()
 
 void SettingsView::buildLayout()
 {
+    m_sidebar = new SettingsSidebar(*this);
+    m_detailArea = new SettingsDetailArea(*this);
     auto* body = new QHBoxLayout;
     body->setContentsMargins(0, 0, 0, 0);
     body->setSpacing(0);
-    body->addWidget(new SettingsSidebar(*this));
-    body->addWidget(new SettingsDivider(Qt::Vertical));
-    body->addWidget(new SettingsDetailArea(*this), 1);
+    body->addWidget(m_sidebar);
+    body->addWidget(makeDivider(Qt::Vertical));
+    body->addWidget(m_detailArea, 1);
 
     auto* column = new QVBoxLayout(this);
     column->setContentsMargins(0, 0, 0, 0);
     column->setSpacing(0);
     column->addWidget(new SettingsHeaderView);
-    column->addWidget(new SettingsDivider(Qt::Horizontal));
+    column->addWidget(makeDivider(Qt::Horizontal));
     column->addLayout(body, 1);
-    column->addWidget(new SettingsDivider(Qt::Horizontal));
+    column->addWidget(makeDivider(Qt::Horizontal));
     column->addWidget(new SettingsFooterView(appVersion()));
 }
 
 QString SettingsView::appVersion()
 {
     return u"v"_s + AppInfo::version() + u"."_s + AppInfo::buildNumber();
+}
+
+Divider* SettingsView::makeDivider(Qt::Orientation orientation)
+{
+    auto* divider = new Divider(orientation);
+    divider->setColor([](const QPalette&) {
+        QColor gray(Qt::gray);
+        gray.setAlphaF(0.3f);
+        return gray;
+    });
+    return divider;
 }
 
 void SettingsView::setSelectedTab(const QString& key)
@@ -77,40 +92,17 @@ void SettingsView::select(Kind kind, const QUuid& id)
 
 bool SettingsView::isExpanded(Kind group) const
 {
-    switch (group) {
-    case Kind::dossier:
-        return m_dossiersExpanded;
-    case Kind::printer:
-        return m_printersExpanded;
-    case Kind::labelTemplate:
-        return m_templatesExpanded;
-    case Kind::none:
-    case Kind::about:
-        break;
-    }
-    return false;
+    return SettingsRecordKind::of(group) && !m_collapsedGroups.contains(group);
 }
 
 void SettingsView::setExpanded(Kind group, bool expanded, bool animated)
 {
-    bool* flag = nullptr;
-    switch (group) {
-    case Kind::dossier:
-        flag = &m_dossiersExpanded;
-        break;
-    case Kind::printer:
-        flag = &m_printersExpanded;
-        break;
-    case Kind::labelTemplate:
-        flag = &m_templatesExpanded;
-        break;
-    case Kind::none:
-    case Kind::about:
+    if (!SettingsRecordKind::of(group) || isExpanded(group) == expanded)
         return;
-    }
-    if (*flag == expanded)
-        return;
-    *flag = expanded;
+    if (expanded)
+        m_collapsedGroups.removeAll(group);
+    else
+        m_collapsedGroups.append(group);
     emit expandedChanged(group, animated);
 }
 
@@ -122,7 +114,12 @@ void SettingsView::toggleGroup(Kind group)
 void SettingsView::showEvent(QShowEvent* event)
 {
     QWidget::showEvent(event);
+    if (event->spontaneous())
+        return;
     initializeSelectedTab();
+    // The keyboard starts in the sidebar.
+    if (!isAncestorOf(focusWidget()))
+        focusSidebar();
 }
 
 void SettingsView::initializeSelectedTab()
@@ -137,69 +134,41 @@ void SettingsView::selectFirstDossier()
         select(Kind::dossier, m_settings.dossiers().constFirst().id);
 }
 
-void SettingsView::addRecord(Kind group)
+void SettingsView::addRecord(Kind kind, bool openGroup)
 {
-    std::optional<QUuid> newID;
-    switch (group) {
-    case Kind::dossier:
-        m_settings.addDossier();
-        if (!m_settings.dossiers().isEmpty())
-            newID = m_settings.dossiers().constLast().id;
-        break;
-    case Kind::printer:
-        m_settings.addPrinter();
-        if (!m_settings.printers().isEmpty())
-            newID = m_settings.printers().constLast().id;
-        break;
-    case Kind::labelTemplate:
-        m_settings.addTemplate();
-        if (!m_settings.templates().isEmpty())
-            newID = m_settings.templates().constLast().id;
-        break;
-    case Kind::none:
-    case Kind::about:
+    const SettingsRecordKind* records = SettingsRecordKind::of(kind);
+    if (!records)
         return;
-    }
-    setExpanded(group, true);
-    if (newID)
-        select(group, *newID);
+    (m_settings.*records->add)();
+    if (openGroup)
+        setExpanded(kind, true);
+    const QList<SettingsRecordKind::Entry> entries = records->entries(m_settings);
+    if (!entries.isEmpty())
+        select(kind, entries.constLast().id);
 }
 
-void SettingsView::addPrinterAndSelect()
+void SettingsView::deleteRecord(Kind kind, qsizetype index)
 {
-    m_settings.addPrinter();
-    if (!m_settings.printers().isEmpty())
-        select(Kind::printer, m_settings.printers().constLast().id);
-}
-
-void SettingsView::deleteDossier(qsizetype index)
-{
-    if (index < 0 || index >= m_settings.dossiers().size())
+    const SettingsRecordKind* records = SettingsRecordKind::of(kind);
+    if (!records || index < 0 || index >= records->entries(m_settings).size())
         return;
-    m_settings.deleteDossier(m_settings.dossiers().at(index));
-    selectFirstDossier();
-}
-
-void SettingsView::deletePrinter(qsizetype index)
-{
-    if (index < 0 || index >= m_settings.printers().size())
-        return;
-    m_settings.deletePrinter(m_settings.printers().at(index));
-    if (!m_settings.printers().isEmpty())
-        select(Kind::printer, m_settings.printers().constFirst().id);
+    records->remove(m_settings, index);
+    const QList<SettingsRecordKind::Entry> remaining = records->entries(m_settings);
+    if (!remaining.isEmpty())
+        select(kind, remaining.constFirst().id);
     else
         selectFirstDossier();
 }
 
-void SettingsView::deleteTemplate(qsizetype index)
+bool SettingsView::focusDetail(bool first)
 {
-    if (index < 0 || index >= m_settings.templates().size())
-        return;
-    m_settings.deleteTemplate(m_settings.templates().at(index));
-    if (!m_settings.templates().isEmpty())
-        select(Kind::labelTemplate, m_settings.templates().constFirst().id);
-    else
-        selectFirstDossier();
+    m_detailArea->focusEdge(first);
+    return true;
+}
+
+void SettingsView::focusSidebar()
+{
+    m_sidebar->entryWidget()->setFocus(Qt::TabFocusReason);
 }
 
 void SettingsView::testPrinterConnection(qsizetype index)

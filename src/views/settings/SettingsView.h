@@ -5,6 +5,7 @@
 #include "services/ZPLService.h"
 
 #include <QCoroTask>
+#include <QList>
 #include <QString>
 #include <QWidget>
 #include <chrono>
@@ -12,7 +13,10 @@
 #include <optional>
 
 class AppSettings;
+class Divider;
 class PrinterService;
+class SettingsDetailArea;
+class SettingsSidebar;
 
 // Root of the settings window: header, sidebar, detail area and footer over
 // the one settings store. It also holds the window-wide state the editor
@@ -32,9 +36,13 @@ public:
 
     AppSettings& settings() const { return m_settings; }
     const ZPLService& zplService() const { return m_zplService; }
+    SettingsSidebar* sidebar() const { return m_sidebar; }
+    SettingsDetailArea* detailArea() const { return m_detailArea; }
 
     // "v" + short version + "." + build number, e.g. v2.3.45.
     static QString appVersion();
+    // The window's dividers: gray at opacity 0.3.
+    static Divider* makeDivider(Qt::Orientation orientation);
 
     const QString& selectedTab() const { return m_selectedTab; }
     void setSelectedTab(const QString& key);
@@ -52,16 +60,20 @@ public:
     const std::optional<QString>& copiedPlaceholder() const { return m_copiedPlaceholder; }
 
     void initializeSelectedTab();
-    // "+" beside a group: add a record, open the group, select the new record.
-    void addRecord(Kind group);
-    // "Printer Toevoegen" on the template page: add and show the new printer.
-    void addPrinterAndSelect();
-    void deleteDossier(qsizetype index);
-    void deletePrinter(qsizetype index);
-    void deleteTemplate(qsizetype index);
+    // Adds a record of a kind and selects it; "+" beside a group also opens
+    // the group, "Printer Toevoegen" on the template page does not.
+    void addRecord(Kind kind, bool openGroup = true);
+    // Removes the record at `index` and selects the first of its kind, or
+    // else the first dossier. An index that is no longer valid does nothing.
+    void deleteRecord(Kind kind, qsizetype index);
     void testPrinterConnection(qsizetype index);
     void testPrintTemplate(qsizetype index);
     void copyPlaceholder(const QString& key);
+
+    // Keyboard focus between the sidebar and the editor: into the detail
+    // area's first (or last) control, or back to the sidebar.
+    bool focusDetail(bool first);
+    void focusSidebar();
 
     // Tests shorten the feedback time.
     void setCopyFeedbackDuration(std::chrono::milliseconds duration);
@@ -84,10 +96,10 @@ private:
     QCoro::Task<> runTemplateTest(QString zpl, Printer printer);
 
     AppSettings& m_settings;
+    SettingsSidebar* m_sidebar = nullptr;
+    SettingsDetailArea* m_detailArea = nullptr;
     QString m_selectedTab;
-    bool m_dossiersExpanded = true;
-    bool m_printersExpanded = true;
-    bool m_templatesExpanded = true;
+    QList<Kind> m_collapsedGroups;
     std::optional<QString> m_printerTestResult;
     bool m_isPrinterTesting = false;
     // Shared so that a running test keeps its service alive if the window closes.

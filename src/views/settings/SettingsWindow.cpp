@@ -5,7 +5,7 @@
 
 #include <QResizeEvent>
 #include <QScreen>
-#include <QTimer>
+#include <QStyle>
 #include <QVBoxLayout>
 
 using namespace Qt::StringLiterals;
@@ -21,51 +21,28 @@ SettingsWindow::SettingsWindow(AppSettings& settings, QWidget* parent)
     layout->setContentsMargins(0, 0, 0, 0);
     layout->addWidget(m_view);
 
-    const double width = settings.settingsWindowWidth();
-    const double height = settings.settingsWindowHeight();
-    if (width > 0 && height > 0) {
-        m_storedFrame = QSize(qRound(width), qRound(height));
-        // A first guess; the frame is known only once the window is shown.
-        resize(*m_storedFrame);
-    }
-    centerOnScreen();
-}
-
-void SettingsWindow::showEvent(QShowEvent* event)
-{
-    QWidget::showEvent(event);
-    if (m_setupScheduled)
-        return;
-    m_setupScheduled = true;
-    QTimer::singleShot(kSetupDelay, this, &SettingsWindow::restoreFrame);
-}
-
-void SettingsWindow::restoreFrame()
-{
-    // The stored size is the outer frame; restoring it as the frame (rather
-    // than as the content) keeps a visible title bar from growing the window
-    // a little at every opening.
-    if (m_storedFrame) {
-        const QSize decoration = frameGeometry().size() - size();
-        resize(*m_storedFrame - decoration);
-    }
-    centerOnScreen();
-}
-
-void SettingsWindow::centerOnScreen()
-{
-    const QScreen* target = screen();
-    if (!target)
-        return;
-    QRect frame = frameGeometry();
-    frame.moveCenter(target->availableGeometry().center());
-    move(frame.topLeft());
+    // The stored size is the content's, so the window system's frame around
+    // it does not make the window grow from one opening to the next.
+    QSize size = sizeHint().expandedTo(kMinimumSize).boundedTo(kMaximumSize);
+    if (settings.settingsWindowWidth() > 0 && settings.settingsWindowHeight() > 0)
+        size =
+            QSize(qRound(settings.settingsWindowWidth()), qRound(settings.settingsWindowHeight()))
+                .expandedTo(kMinimumSize)
+                .boundedTo(kMaximumSize);
+    if (const QScreen* target = screen())
+        setGeometry(QStyle::alignedRect(Qt::LeftToRight, Qt::AlignCenter, size,
+                                        target->availableGeometry()));
+    else
+        resize(size);
 }
 
 void SettingsWindow::resizeEvent(QResizeEvent* event)
 {
     QWidget::resizeEvent(event);
-    const QSize frame = frameGeometry().size();
-    m_settings.setSettingsWindowWidth(frame.width());
-    m_settings.setSettingsWindowHeight(frame.height());
+    // Only the user's resizing comes from the window system; the window's
+    // own set-up does not count.
+    if (!event->spontaneous() || !isVisible() || event->size() == event->oldSize())
+        return;
+    m_settings.setSettingsWindowWidth(event->size().width());
+    m_settings.setSettingsWindowHeight(event->size().height());
 }

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "SettingsTabKey.h"
+#include "SettingsRecordKind.h"
 
 #include <QList>
 #include <QUuid>
@@ -22,8 +22,9 @@ class SidebarGroup : public QWidget
     Q_OBJECT
 
 public:
-    SidebarGroup(SettingsView& view, SettingsTabKey::Kind kind, QWidget* parent = nullptr);
+    SidebarGroup(SettingsView& view, const SettingsRecordKind& kind, QWidget* parent = nullptr);
 
+    const SettingsRecordKind& kind() const { return m_kind; }
     SidebarGroupHeader* header() const { return m_header; }
     const QList<SidebarRow*>& rows() const { return m_rows; }
     QLabel* emptyLabel() const { return m_emptyLabel; }
@@ -33,34 +34,14 @@ public:
     static constexpr int kAnimationMs = 200;
 
 private:
-    struct Config
-    {
-        QString symbol;
-        QString title;
-        QString addToolTip;
-        QString emptyText;
-        QString rowSymbol;
-        QString rowSymbolFilled;
-    };
-    struct Item
-    {
-        QUuid id;
-        QString name;
-        bool filled = false;
-    };
-
-    static Config configFor(SettingsTabKey::Kind kind);
-    QList<Item> items() const;
     void refreshRows();
-    void rebuildRows(const QList<Item>& items);
-    void updateRow(SidebarRow* row, const Item& item) const;
+    void rebuildRows(const QList<SettingsRecordKind::Entry>& entries);
     void refreshSelection();
     void applyExpanded(bool animated);
     void finishAnimation();
 
     SettingsView& m_view;
-    SettingsTabKey::Kind m_kind;
-    Config m_config;
+    const SettingsRecordKind& m_kind;
     SidebarGroupHeader* m_header;
     QWidget* m_body;
     QVBoxLayout* m_rowsLayout;

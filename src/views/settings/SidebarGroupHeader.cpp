@@ -4,7 +4,6 @@
 #include "views/main/Theme.h"
 
 #include <QHBoxLayout>
-#include <QMouseEvent>
 #include <QPainter>
 #include <QToolButton>
 
@@ -20,12 +19,13 @@ constexpr int kChevronBox = 10;
 constexpr int kIconSize = 14;
 constexpr int kIconBox = 20;
 constexpr int kPlusSize = 11;
+constexpr qreal kFocusRadius = 8;
 
 } // namespace
 
 SidebarGroupHeader::SidebarGroupHeader(const QString& symbolName, const QString& title,
-                                       const QString& addToolTip, QWidget* parent)
-    : QWidget(parent), m_title(title), m_addButton(new QToolButton(this))
+                                       const QString& addName, QWidget* parent)
+    : SidebarItem(parent), m_title(title), m_addButton(new QToolButton(this))
 {
     const QColor secondary = Theme::secondaryText(palette());
     m_groupIcon = SymbolIcons::tinted(symbolName, secondary);
@@ -35,8 +35,8 @@ SidebarGroupHeader::SidebarGroupHeader(const QString& symbolName, const QString&
     m_addButton->setIcon(SymbolIcons::tinted(u"plus", secondary));
     m_addButton->setIconSize(QSize(kPlusSize, kPlusSize));
     m_addButton->setAutoRaise(true);
-    m_addButton->setFocusPolicy(Qt::NoFocus);
-    m_addButton->setToolTip(addToolTip);
+    m_addButton->setToolTip(addName);
+    m_addButton->setAccessibleName(addName);
     m_addButton->setCursor(Qt::PointingHandCursor);
     connect(m_addButton, &QToolButton::clicked, this, &SidebarGroupHeader::addRequested);
 
@@ -46,7 +46,15 @@ SidebarGroupHeader::SidebarGroupHeader(const QString& symbolName, const QString&
     row->addWidget(m_addButton);
 
     setFixedHeight(kHeight);
-    setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Fixed);
+}
+
+QAccessible::State SidebarGroupHeader::accessibleState() const
+{
+    QAccessible::State state;
+    state.expandable = true;
+    state.expanded = m_expanded;
+    state.collapsed = !m_expanded;
+    return state;
 }
 
 void SidebarGroupHeader::setExpanded(bool expanded)
@@ -54,6 +62,10 @@ void SidebarGroupHeader::setExpanded(bool expanded)
     if (expanded == m_expanded)
         return;
     m_expanded = expanded;
+    QAccessible::State changed;
+    changed.expanded = true;
+    changed.collapsed = true;
+    notifyStateChanged(changed);
     update();
 }
 
@@ -75,20 +87,5 @@ void SidebarGroupHeader::paintEvent(QPaintEvent*)
     painter.setPen(Theme::primaryText(palette()));
     painter.drawText(textRect, Qt::AlignLeft | Qt::AlignVCenter | Qt::TextSingleLine,
                      painter.fontMetrics().elidedText(m_title, Qt::ElideRight, textRect.width()));
-}
-
-void SidebarGroupHeader::mousePressEvent(QMouseEvent* event)
-{
-    m_pressed = event->button() == Qt::LeftButton;
-    event->accept();
-}
-
-void SidebarGroupHeader::mouseReleaseEvent(QMouseEvent* event)
-{
-    const bool click = m_pressed && event->button() == Qt::LeftButton &&
-                       rect().contains(event->position().toPoint());
-    m_pressed = false;
-    event->accept();
-    if (click)
-        emit toggleRequested();
+    paintFocusMark(painter, QRectF(rect()), kFocusRadius, false);
 }

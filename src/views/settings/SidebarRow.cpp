@@ -3,7 +3,6 @@
 #include "views/main/SymbolIcons.h"
 #include "views/main/Theme.h"
 
-#include <QMouseEvent>
 #include <QPainter>
 #include <QPainterPath>
 
@@ -13,10 +12,17 @@ constexpr int kCategorySpacing = 8;
 
 } // namespace
 
-SidebarRow::SidebarRow(Style style, QWidget* parent) : QWidget(parent), m_style(style)
+SidebarRow::SidebarRow(Style style, QWidget* parent) : SidebarItem(parent), m_style(style)
 {
     setFixedHeight(metrics().height);
-    setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Fixed);
+}
+
+QAccessible::State SidebarRow::accessibleState() const
+{
+    QAccessible::State state;
+    state.selectable = true;
+    state.selected = m_selected;
+    return state;
 }
 
 const SidebarRow::Metrics& SidebarRow::metrics() const
@@ -45,6 +51,7 @@ void SidebarRow::setText(const QString& text)
     if (text == m_text)
         return;
     m_text = text;
+    notifyNameChanged();
     update();
 }
 
@@ -61,6 +68,9 @@ void SidebarRow::setSelected(bool selected)
     if (selected == m_selected)
         return;
     m_selected = selected;
+    QAccessible::State changed;
+    changed.selected = true;
+    notifyStateChanged(changed);
     refreshIcon();
 }
 
@@ -117,20 +127,5 @@ void SidebarRow::paintEvent(QPaintEvent*)
     const QString shown =
         painter.fontMetrics().elidedText(m_text, Qt::ElideRight, textRect.width());
     painter.drawText(textRect, Qt::AlignLeft | Qt::AlignVCenter | Qt::TextSingleLine, shown);
-}
-
-void SidebarRow::mousePressEvent(QMouseEvent* event)
-{
-    m_pressed = event->button() == Qt::LeftButton;
-    event->accept();
-}
-
-void SidebarRow::mouseReleaseEvent(QMouseEvent* event)
-{
-    const bool click = m_pressed && event->button() == Qt::LeftButton &&
-                       rect().contains(event->position().toPoint());
-    m_pressed = false;
-    event->accept();
-    if (click)
-        emit clicked();
+    paintFocusMark(painter, QRectF(rect()), m.radius, m_selected);
 }

@@ -1,13 +1,15 @@
 #pragma once
 
+#include "SidebarItem.h"
+
 #include <QColor>
 #include <QIcon>
-#include <QWidget>
 
-// One clickable sidebar entry, drawn by hand so that a selected row shows its
-// icon and title in white on the accent colour. Record rows are indented under
-// their group; category rows ("Over") line up with the group headers.
-class SidebarRow : public QWidget
+// One sidebar entry, drawn by hand so that a selected row shows its icon and
+// title in white on the accent colour. Record rows are indented under their
+// group; category rows ("Over") line up with the group headers. For assistive
+// technology it is a list item named after its title.
+class SidebarRow : public SidebarItem
 {
     Q_OBJECT
 
@@ -35,13 +37,12 @@ public:
 
     QSize sizeHint() const override;
 
-signals:
-    void clicked();
+    QString accessibleText() const override { return m_text; }
+    QAccessible::Role accessibleRole() const override { return QAccessible::ListItem; }
+    QAccessible::State accessibleState() const override;
 
 protected:
     void paintEvent(QPaintEvent* event) override;
-    void mousePressEvent(QMouseEvent* event) override;
-    void mouseReleaseEvent(QMouseEvent* event) override;
 
 private:
     struct Metrics
@@ -65,6 +66,5 @@ private:
     QString m_text;
     bool m_highlighted = false;
     bool m_selected = false;
-    bool m_pressed = false;
     QIcon m_icon;
 };

@@ -1,12 +1,12 @@
 #include "TemplateEditorPage.h"
 
+#include "BusyIndicator.h"
 #include "InfoBox.h"
 #include "LabelledField.h"
 #include "PlaceholderChip.h"
-#include "SettingsSpinner.h"
-#include "SettingsText.h"
 #include "SettingsView.h"
 #include "TemplatePrinterField.h"
+#include "ThemedLabel.h"
 #include "model/AppSettings.h"
 #include "views/main/SymbolIcons.h"
 #include "views/main/Theme.h"
@@ -17,6 +17,7 @@
 #include <QLineEdit>
 #include <QPlainTextEdit>
 #include <QPushButton>
+#include <QTextDocument>
 #include <QVBoxLayout>
 #include <algorithm>
 
@@ -55,7 +56,7 @@ TemplateEditorPage::TemplateEditorPage(SettingsView& view, qsizetype index, QWid
     buildZPLSection();
     m_deleteButton = addDeleteSection(u"Verwijder Etiket"_s, &m_deleteSection);
     connect(m_deleteButton, &QPushButton::clicked, this,
-            [this] { m_view.deleteTemplate(m_index); });
+            [this] { m_view.deleteRecord(SettingsTabKey::Kind::labelTemplate, m_index); });
 
     AppSettings& settings = m_view.settings();
     connect(&settings, &AppSettings::templatesChanged, this, &TemplateEditorPage::refresh);
@@ -108,7 +109,7 @@ void TemplateEditorPage::buildPlaceholderSection()
     m_copyHint->setSizePolicy(keepSpace);
 
     m_copyFeedback = new QWidget;
-    m_copyFeedbackText = SettingsText::label({}, Theme::caption(), Theme::green());
+    m_copyFeedbackText = new ThemedLabel({}, Theme::caption(), &green);
     QHBoxLayout* feedbackRow = tightRow(m_copyFeedback, 4);
     feedbackRow->addWidget(symbolLabel(u"checkmark.circle.fill"_s, Theme::green()));
     feedbackRow->addWidget(m_copyFeedbackText);
@@ -129,13 +130,17 @@ void TemplateEditorPage::buildZPLSection()
     m_zpl->setMinimumHeight(kEditorMinHeight);
     m_zpl->setLineWrapMode(QPlainTextEdit::NoWrap);
     m_zpl->setFrameShape(QFrame::NoFrame);
+    m_zpl->setAccessibleName(u"ZPL Template"_s);
+    // Tab leaves the editor, so the keyboard never gets stuck in it.
+    m_zpl->setTabChangesFocus(true);
+    showFieldEdge(m_zpl);
     QColor border = Qt::gray;
     border.setAlphaF(0.3f);
     m_zpl->setStyleSheet(
         u"QPlainTextEdit { border: 1px solid %1; }"_s.arg(border.name(QColor::HexArgb)));
     zpl.content->addWidget(m_zpl);
 
-    m_testButton = new QPushButton(u"Test Print"_s);
+    m_testButton = makeButton(u"Test Print"_s);
     auto* buttonRow = new QHBoxLayout;
     buttonRow->addStretch();
     buttonRow->addWidget(m_testButton);
@@ -147,7 +152,8 @@ void TemplateEditorPage::buildZPLSection()
     m_validation->setSpacing(4);
     zpl.content->addLayout(m_validation);
 
-    connect(m_zpl, &QPlainTextEdit::textChanged, this, &TemplateEditorPage::writeZPL);
+    connect(m_zpl->document(), &QTextDocument::contentsChange, this,
+            [this](int position, int, int) { takeZPLEdit(position); });
     connect(m_testButton, &QPushButton::clicked, this,
             [this] { m_view.testPrintTemplate(m_index); });
 }
@@ -156,8 +162,9 @@ QWidget* TemplateEditorPage::buildTestingRow()
 {
     m_testingRow = new QWidget;
     QHBoxLayout* row = tightRow(m_testingRow, 8);
-    row->addWidget(new SettingsSpinner(kSpinnerSize));
-    row->addWidget(SettingsText::secondary(u"Test etiket versturen..."_s, Theme::caption()));
+    row->addWidget(new BusyIndicator(kSpinnerSize, &Theme::secondaryText));
+    row->addWidget(
+        new ThemedLabel(u"Test etiket versturen..."_s, Theme::caption(), &Theme::secondaryText));
     row->addStretch();
     return m_testingRow;
 }
@@ -167,7 +174,7 @@ QWidget* TemplateEditorPage::buildResultRow()
     m_resultRow = new QWidget;
     m_resultIcon = new QLabel;
     m_resultIcon->setFixedSize(kSmallIcon, kSmallIcon);
-    m_resultText = SettingsText::label({}, Theme::caption(), QColor());
+    m_resultText = new ThemedLabel({}, Theme::caption(), &Theme::primaryText);
     m_resultText->setWordWrap(true);
     m_resultText->setTextInteractionFlags(Qt::TextSelectableByMouse);
     QHBoxLayout* row = tightRow(m_resultRow, 4);
@@ -181,12 +188,52 @@ bool TemplateEditorPage::isDeleteShown() const
     return !m_deleteSection->isHidden();
 }
 
-void TemplateEditorPage::writeZPL()
+void TemplateEditorPage::showZPL(const QString& zpl)
+{
+    m_syncingZPL = true;
+    m_zpl->setPlainText(zpl);
+    m_syncingZPL = false;
+    m_zplText = zpl;
+    m_zplShown = m_zpl->document()->toRawText();
+}
+
+void TemplateEditorPage::takeZPLEdit(int position)
 {
     if (m_syncingZPL)
         return;
-    const QString text = m_zpl->toPlainText();
-    m_view.settings().updateTemplate(m_index, [&text](LabelTemplate& t) { t.zplContent = text; });
+    const QString shown = m_zpl->document()->toRawText();
+    m_zplText = applyEdit(m_zplText, m_zplShown, shown, position);
+    m_zplShown = shown;
+    m_view.settings().updateTemplate(m_index,
+                                     [this](LabelTemplate& t) { t.zplContent = m_zplText; });
+}
+
+QString TemplateEditorPage::applyEdit(const QString& exact, const QString& oldShown,
+                                      const QString& newShown, qsizetype position)
+{
+    // One character of the document stands for one of the exact text, or
+    // for both characters of a CRLF.
+    const auto exactOffset = [&exact](qsizetype shownOffset) {
+        qsizetype i = 0;
+        for (qsizetype unit = 0; unit < shownOffset && i < exact.size(); ++unit) {
+            const bool crlf =
+                exact.at(i) == u'\r' && i + 1 < exact.size() && exact.at(i + 1) == u'\n';
+            i += crlf ? 2 : 1;
+        }
+        return i;
+    };
+    const qsizetype common = std::min(oldShown.size(), newShown.size());
+    qsizetype prefix = 0;
+    while (prefix < common && prefix < position && oldShown.at(prefix) == newShown.at(prefix))
+        ++prefix;
+    qsizetype suffix = 0;
+    while (suffix < common - prefix &&
+           oldShown.at(oldShown.size() - 1 - suffix) == newShown.at(newShown.size() - 1 - suffix))
+        ++suffix;
+    QString inserted = newShown.mid(prefix, newShown.size() - suffix - prefix);
+    inserted.replace(QChar::ParagraphSeparator, u'\n');
+    return exact.left(exactOffset(prefix)) + inserted +
+           exact.mid(exactOffset(oldShown.size() - suffix));
 }
 
 void TemplateEditorPage::refresh()
@@ -200,12 +247,11 @@ void TemplateEditorPage::refresh()
     m_printerField->refresh();
     m_printerHint->setVisible(valid && !labelTemplate.printerID && !settings.printers().isEmpty());
 
+    // Only a different text replaces the editor's: a change elsewhere in the
+    // store keeps the cursor and the undo history.
     const QString zpl = valid ? labelTemplate.zplContent : QString();
-    if (m_zpl->toPlainText() != zpl) {
-        m_syncingZPL = true;
-        m_zpl->setPlainText(zpl);
-        m_syncingZPL = false;
-    }
+    if (zpl != m_zplText)
+        showZPL(zpl);
     refreshValidation(zpl);
     m_deleteSection->setVisible(templates.size() > 1);
     refreshTestState();
@@ -226,7 +272,7 @@ void TemplateEditorPage::refreshTestState()
     const bool success = result->contains(u"✓"_s);
     const QColor color = success ? Theme::green() : Theme::red();
     m_resultText->setText(*result);
-    SettingsText::setTextColor(m_resultText, color);
+    m_resultText->setColor(success ? &green : &red);
     m_resultIcon->setPixmap(
         SymbolIcons::tinted(success ? u"checkmark.circle.fill" : u"xmark.circle.fill", color)
             .pixmap(QSize(kSmallIcon, kSmallIcon), devicePixelRatioF()));
@@ -255,7 +301,7 @@ void TemplateEditorPage::refreshValidation(const QString& zpl)
         auto* row = new QWidget;
         QHBoxLayout* layout = tightRow(row, 4);
         layout->addWidget(symbolLabel(u"exclamationmark.triangle.fill"_s, Theme::orange()));
-        layout->addWidget(SettingsText::label(message, Theme::caption(), QColor()));
+        layout->addWidget(new ThemedLabel(message, Theme::caption(), &Theme::primaryText));
         layout->addStretch();
         m_validation->addWidget(row);
     }

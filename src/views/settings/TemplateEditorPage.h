@@ -1,6 +1,7 @@
 #pragma once
 
 #include "SettingsEditorPage.h"
+#include "ThemedLabel.h"
 
 #include <QList>
 #include <QStringList>
@@ -51,7 +52,14 @@ private:
     void refreshTestState();
     void refreshCopyFeedback();
     void refreshValidation(const QString& zpl);
-    void writeZPL();
+    void showZPL(const QString& zpl);
+    void takeZPLEdit(int position);
+    // The exact text after an edit of the editor's document. `oldShown` and
+    // `newShown` are the document's raw text before and after; the edit
+    // starts at `position` or later. Line breaks the user did not touch keep
+    // their form (CRLF, CR, U+2029); a new one is a line feed.
+    static QString applyEdit(const QString& exact, const QString& oldShown, const QString& newShown,
+                             qsizetype position);
 
     SettingsView& m_view;
     qsizetype m_index;
@@ -61,16 +69,21 @@ private:
     QList<PlaceholderChip*> m_chips;
     InfoBox* m_copyHint = nullptr;
     QWidget* m_copyFeedback = nullptr;
-    QLabel* m_copyFeedbackText = nullptr;
+    ThemedLabel* m_copyFeedbackText = nullptr;
     QPlainTextEdit* m_zpl = nullptr;
     QPushButton* m_testButton = nullptr;
     QWidget* m_testingRow = nullptr;
     QWidget* m_resultRow = nullptr;
     QLabel* m_resultIcon = nullptr;
-    QLabel* m_resultText = nullptr;
+    ThemedLabel* m_resultText = nullptr;
     QVBoxLayout* m_validation = nullptr;
     QStringList m_shownMessages;
     QPushButton* m_deleteButton = nullptr;
     QWidget* m_deleteSection = nullptr;
+    // The template's text exactly as stored, and the document's raw text
+    // showing it: QPlainTextEdit turns CR, CRLF, U+2028 and no-break spaces
+    // into other characters in toPlainText().
+    QString m_zplText;
+    QString m_zplShown;
     bool m_syncingZPL = false;
 };

@@ -1,8 +1,9 @@
 #include "TemplatePrinterField.h"
 
 #include "PrinterChoiceDelegate.h"
-#include "SettingsText.h"
+#include "SettingsEditorPage.h"
 #include "SettingsView.h"
+#include "ThemedLabel.h"
 #include "model/AppSettings.h"
 #include "views/main/Theme.h"
 
@@ -28,16 +29,18 @@ QString choiceText(const Printer& printer)
 
 TemplatePrinterField::TemplatePrinterField(SettingsView& view, qsizetype index, QWidget* parent)
     : QWidget(parent), m_view(view), m_index(index), m_choice(new QComboBox),
-      m_noPrinters(new QWidget), m_addPrinter(new QPushButton(u"Printer Toevoegen"_s))
+      m_noPrinters(new QWidget),
+      m_addPrinter(SettingsEditorPage::makeButton(u"Printer Toevoegen"_s))
 {
     m_choice->setFixedWidth(kChoiceWidth);
+    m_choice->setAccessibleName(u"Printer"_s);
     m_choice->setItemDelegate(new PrinterChoiceDelegate(m_choice));
     m_addPrinter->setFont(Theme::caption());
 
     auto* noPrintersRow = new QHBoxLayout(m_noPrinters);
     noPrintersRow->setContentsMargins(0, 0, 0, 0);
-    noPrintersRow->addWidget(
-        SettingsText::secondary(u"Geen printers geconfigureerd"_s, Theme::caption()));
+    noPrintersRow->addWidget(new ThemedLabel(u"Geen printers geconfigureerd"_s, Theme::caption(),
+                                             &Theme::secondaryText));
     noPrintersRow->addWidget(m_addPrinter);
     noPrintersRow->addStretch();
 
@@ -48,7 +51,8 @@ TemplatePrinterField::TemplatePrinterField(SettingsView& view, qsizetype index, 
     layout->addStretch();
 
     connect(m_choice, &QComboBox::activated, this, &TemplatePrinterField::choose);
-    connect(m_addPrinter, &QPushButton::clicked, &m_view, &SettingsView::addPrinterAndSelect);
+    connect(m_addPrinter, &QPushButton::clicked, &m_view,
+            [this] { m_view.addRecord(SettingsTabKey::Kind::printer, false); });
     refresh();
 }
 

@@ -12,6 +12,7 @@
 #include <QLineEdit>
 #include <QPlainTextEdit>
 #include <QPushButton>
+#include <QTextDocument>
 
 using namespace Qt::StringLiterals;
 using Kind = SettingsTabKey::Kind;
@@ -23,79 +24,16 @@ class SettingsEditorsTest : public QObject
     Q_OBJECT
 
 private slots:
-    void typingWritesEveryKeystrokeAndKeepsThePage();
-    void bookyearIsSharedByEveryDossierPage();
-    void dossierDeleteNeedsASecondDossier();
     void testButtonFollowsTheAddress();
     void portTakesOnlyWholeNumbers();
     void writesThroughAStaleIndexAreIgnored();
-    void pageFollowsItsRecordWhenEarlierOnesGo();
     void templatePrinterChoice();
     void addingAPrinterFromTheTemplatePage();
     void testPrintNeedsAPrinterAndADeleteNeedsASecondTemplate();
     void chipsAndValidationFollowTheText();
+    void templateTextIsKeptExactly_data();
+    void templateTextIsKeptExactly();
 };
-
-void SettingsEditorsTest::typingWritesEveryKeystrokeAndKeepsThePage()
-{
-    SettingsViewHarness harness;
-    harness.setDossiers({u"Winkel"_s});
-    QVERIFY(harness.show());
-    auto* page = harness.pageAs<DossierEditorPage>();
-    QVERIFY(page);
-    SidebarRow* row = harness.group(Kind::dossier)->rows().at(0);
-
-    QLineEdit* name = page->nameField();
-    name->setFocus();
-    name->selectAll();
-    QTest::keyClicks(name, u"Ab"_s);
-    QCOMPARE(harness.settings().dossiers().at(0).name, u"Ab"_s);
-    QCOMPARE(row->text(), u"Ab"_s);
-    QTest::keyClick(name, Qt::Key_C);
-    QCOMPARE(harness.settings().dossiers().at(0).name, u"Abc"_s);
-    QCOMPARE(row->text(), u"Abc"_s);
-    // The page, its field and the cursor survive the store's notifications.
-    QCOMPARE(harness.pageAs<DossierEditorPage>(), page);
-    QCOMPARE(name->cursorPosition(), 3);
-
-    QTest::keyClicks(page->apiKeyField(), u"key"_s);
-    QCOMPARE(harness.settings().dossiers().at(0).apiKey, u"key"_s);
-    QCOMPARE(row->symbol(), u"folder.fill"_s);
-    QCOMPARE(harness.pageAs<DossierEditorPage>(), page);
-}
-
-void SettingsEditorsTest::bookyearIsSharedByEveryDossierPage()
-{
-    SettingsViewHarness harness;
-    harness.setDossiers({u"Een"_s, u"Twee"_s});
-    QVERIFY(harness.show());
-    QLineEdit* year = harness.pageAs<DossierEditorPage>()->bookyearField();
-    year->clear();
-    QTest::keyClicks(year, u"2026"_s);
-    QCOMPARE(harness.settings().bookyear(), u"2026"_s);
-    QVERIFY(harness.settings().isSavePending());
-
-    QLineEdit* other = harness.open<DossierEditorPage>(Kind::dossier, 1)->bookyearField();
-    QCOMPARE(other->text(), u"2026"_s);
-    // Any text is taken as typed.
-    QTest::keyClicks(other, u"x"_s);
-    QCOMPARE(harness.settings().bookyear(), u"2026x"_s);
-}
-
-void SettingsEditorsTest::dossierDeleteNeedsASecondDossier()
-{
-    SettingsViewHarness harness;
-    harness.setDossiers({u"Enig"_s});
-    QVERIFY(harness.show());
-    auto* page = harness.pageAs<DossierEditorPage>();
-    QVERIFY(!page->isDeleteShown());
-
-    harness.settings().addDossier();
-    QCOMPARE(harness.pageAs<DossierEditorPage>(), page);
-    QVERIFY(page->isDeleteShown());
-    QCOMPARE(page->deleteButton()->text(), u"Verwijder Dossier"_s);
-    QVERIFY(harness.open<DossierEditorPage>(Kind::dossier, 1)->isDeleteShown());
-}
 
 void SettingsEditorsTest::testButtonFollowsTheAddress()
 {
@@ -188,30 +126,9 @@ void SettingsEditorsTest::writesThroughAStaleIndexAreIgnored()
     QTest::keyClicks(pastTheEnd.nameField(), u"x"_s);
     QTest::keyClicks(pastTheEnd.zplEditor(), u"^XA"_s);
     harness.view().testPrintTemplate(1);
-    harness.view().deleteTemplate(1);
+    harness.view().deleteRecord(Kind::labelTemplate, 1);
     QCOMPARE(settings.templates(), templatesBefore);
     QVERIFY(!harness.view().templateTestResult());
-}
-
-void SettingsEditorsTest::pageFollowsItsRecordWhenEarlierOnesGo()
-{
-    SettingsViewHarness harness;
-    harness.setDossiers({u"Een"_s, u"Twee"_s, u"Drie"_s});
-    QVERIFY(harness.show());
-    const QUuid third = harness.settings().dossiers().at(2).id;
-    harness.view().select(Kind::dossier, third);
-    QCOMPARE(harness.pageAs<DossierEditorPage>()->index(), 2);
-
-    // Removed elsewhere (an import, another window): the page moves along, so
-    // its writes keep reaching the record it shows.
-    harness.settings().deleteDossier(harness.settings().dossiers().at(0));
-    auto* page = harness.pageAs<DossierEditorPage>();
-    QCOMPARE(page->index(), 1);
-    QCOMPARE(page->nameField()->text(), u"Drie"_s);
-    QTest::keyClicks(page->nameField(), u"!"_s);
-    QCOMPARE(harness.settings().dossiers().at(1).name, u"Drie!"_s);
-    QCOMPARE(harness.settings().dossiers().at(1).id, third);
-    QCOMPARE(harness.settings().dossiers().at(0).name, u"Twee"_s);
 }
 
 void SettingsEditorsTest::templatePrinterChoice()
@@ -330,6 +247,50 @@ void SettingsEditorsTest::chipsAndValidationFollowTheText()
     QCOMPARE(harness.pageAs<TemplateEditorPage>(), page);
     // The store's notifications did not reset the text under the cursor.
     QCOMPARE(page->zplEditor()->textCursor().position(), 17);
+}
+
+void SettingsEditorsTest::templateTextIsKeptExactly_data()
+{
+    QTest::addColumn<QString>("stored");
+    // After typing "x" at the start, "z" at the start of the second line and "y" at the end.
+    QTest::addColumn<QString>("edited");
+    QTest::newRow("CRLF") << u"^XA\r\n^FD{{NAAM}}^FS\r\n^XZ"_s
+                          << u"x^XA\r\nz^FD{{NAAM}}^FS\r\n^XZy"_s;
+    QTest::newRow("lone CR") << u"^XA\r^FD{{NAAM}}^FS\r^XZ"_s << u"x^XA\rz^FD{{NAAM}}^FS\r^XZy"_s;
+    QTest::newRow("no-break space")
+        << u"^XA\n^FD{{NAAM}}\u00a0€^FS\n^XZ"_s << u"x^XA\nz^FD{{NAAM}}\u00a0€^FS\n^XZy"_s;
+    QTest::newRow("line separator")
+        << u"^XA\u2028^FD{{NAAM}}^FS\u2028^XZ"_s << u"x^XA\u2028z^FD{{NAAM}}^FS\u2028^XZy"_s;
+    QTest::newRow("mixed") << u"^XA\r\n^FD\u00a0{{PRIJS}}\u2029^FS\r^XZ\n"_s
+                           << u"x^XA\r\nz^FD\u00a0{{PRIJS}}\u2029^FS\r^XZ\ny"_s;
+}
+
+void SettingsEditorsTest::templateTextIsKeptExactly()
+{
+    QFETCH(QString, stored);
+    QFETCH(QString, edited);
+    SettingsViewHarness harness;
+    harness.settings().updateTemplate(0, [&stored](LabelTemplate& t) { t.zplContent = stored; });
+    QVERIFY(harness.show());
+    QPlainTextEdit* editor = harness.open<TemplateEditorPage>(Kind::labelTemplate)->zplEditor();
+
+    // Opening the page and changes elsewhere leave the text, the cursor and
+    // the undo history alone.
+    editor->setFocus();
+    QTest::keyClick(editor, Qt::Key_Home, Qt::ControlModifier);
+    QTest::keyClick(editor, Qt::Key_X);
+    const int cursor = editor->textCursor().position();
+    harness.settings().addPrinter();
+    harness.settings().updateTemplate(0, [](LabelTemplate& t) { t.name = u"Ander"_s; });
+    QCOMPARE(editor->textCursor().position(), cursor);
+    QVERIFY(editor->document()->isUndoAvailable());
+
+    QTest::keyClick(editor, Qt::Key_Down);
+    QTest::keyClick(editor, Qt::Key_Home);
+    QTest::keyClick(editor, Qt::Key_Z);
+    QTest::keyClick(editor, Qt::Key_End, Qt::ControlModifier);
+    QTest::keyClick(editor, Qt::Key_Y);
+    QCOMPARE(harness.settings().templates().at(0).zplContent, edited);
 }
 
 QTEST_MAIN(SettingsEditorsTest)

@@ -21,12 +21,8 @@ class SettingsSelectionTest : public QObject
 
 private slots:
     void keysUseUpperCaseUuidsAndParseStrictly();
-    void openingSelectsTheFirstDossier();
-    void openingWithoutDossiersShowsNothingSelected();
     void plusOpensItsGroupAddsAndSelects();
-    void headerClickTogglesOnlyItsGroup();
     void rowsShowStateAndFollowTheStore();
-    void clickingRowsAndOverSelects();
     void staleKeysShowTheEmptyStates();
     void deletingMovesTheSelection();
 };
@@ -54,41 +50,6 @@ void SettingsSelectionTest::keysUseUpperCaseUuidsAndParseStrictly()
     }
     QCOMPARE(SettingsTabKey::parse(u"About"_s).kind, Kind::none);
     QCOMPARE(SettingsTabKey::parse(QString()).kind, Kind::none);
-}
-
-void SettingsSelectionTest::openingSelectsTheFirstDossier()
-{
-    SettingsViewHarness harness;
-    harness.setDossiers({u"Winkel"_s, u"Magazijn"_s, u"Webshop"_s});
-    QVERIFY(harness.view().selectedTab().isEmpty());
-    QVERIFY(harness.show());
-
-    const Dossier first = harness.settings().dossiers().constFirst();
-    QCOMPARE(harness.view().selectedTab(), SettingsTabKey::make(Kind::dossier, first.id));
-    auto* page = harness.pageAs<DossierEditorPage>();
-    QVERIFY(page);
-    QCOMPARE(page->index(), 0);
-    QCOMPARE(page->nameField()->text(), u"Winkel"_s);
-    QVERIFY(harness.group(Kind::dossier)->rows().at(0)->isSelected());
-    QVERIFY(!harness.group(Kind::dossier)->rows().at(1)->isSelected());
-}
-
-void SettingsSelectionTest::openingWithoutDossiersShowsNothingSelected()
-{
-    SettingsViewHarness harness;
-    harness.settings().setDossiers({});
-    QVERIFY(harness.show());
-
-    QVERIFY(harness.view().selectedTab().isEmpty());
-    auto* label = qobject_cast<QLabel*>(harness.page());
-    QVERIFY(label);
-    QCOMPARE(label->text(), u"Selecteer een item"_s);
-    SidebarGroup* dossiers = harness.group(Kind::dossier);
-    QVERIFY(dossiers->rows().isEmpty());
-    QVERIFY(dossiers->emptyLabel()->isVisible());
-    QCOMPARE(dossiers->emptyLabel()->text(), u"Geen dossiers"_s);
-    QVERIFY(harness.group(Kind::printer)->emptyLabel()->isVisible());
-    QCOMPARE(harness.group(Kind::printer)->emptyLabel()->text(), u"Geen printers"_s);
 }
 
 void SettingsSelectionTest::plusOpensItsGroupAddsAndSelects()
@@ -126,32 +87,6 @@ void SettingsSelectionTest::plusOpensItsGroupAddsAndSelects()
     QCOMPARE(harness.settings().dossiers().constLast().name, u"Nieuw Dossier"_s);
     QCOMPARE(harness.pageAs<DossierEditorPage>()->index(),
              harness.settings().dossiers().size() - 1);
-}
-
-void SettingsSelectionTest::headerClickTogglesOnlyItsGroup()
-{
-    SettingsViewHarness harness;
-    QVERIFY(harness.show());
-    const QString selected = harness.view().selectedTab();
-
-    clickHeader(harness.group(Kind::labelTemplate)->header());
-    QVERIFY(!harness.view().isExpanded(Kind::labelTemplate));
-    QVERIFY(harness.view().isExpanded(Kind::dossier));
-    QVERIFY(harness.view().isExpanded(Kind::printer));
-    QTRY_VERIFY(!harness.group(Kind::labelTemplate)->isBodyShown());
-    QVERIFY(harness.group(Kind::dossier)->isBodyShown());
-    // Opening or closing never changes the selection.
-    QCOMPARE(harness.view().selectedTab(), selected);
-
-    clickHeader(harness.group(Kind::labelTemplate)->header());
-    QVERIFY(harness.view().isExpanded(Kind::labelTemplate));
-    QTRY_VERIFY(harness.group(Kind::labelTemplate)->rows().at(0)->isVisible());
-
-    // "+" adds without toggling: an open group stays open.
-    const int dossierCount = int(harness.settings().dossiers().size());
-    clickOn(harness.group(Kind::dossier)->header()->addButton());
-    QCOMPARE(harness.settings().dossiers().size(), dossierCount + 1);
-    QVERIFY(harness.view().isExpanded(Kind::dossier));
 }
 
 void SettingsSelectionTest::rowsShowStateAndFollowTheStore()
@@ -194,29 +129,6 @@ void SettingsSelectionTest::rowsShowStateAndFollowTheStore()
     // A template whose printer is gone loses its filled icon.
     harness.settings().setPrinters({});
     QCOMPARE(harness.group(Kind::labelTemplate)->rows().at(0)->symbol(), u"doc.text"_s);
-}
-
-void SettingsSelectionTest::clickingRowsAndOverSelects()
-{
-    SettingsViewHarness harness;
-    harness.setPrinters({SettingsViewHarness::printer(u"Balie"_s, u"10.0.0.5"_s)});
-    QVERIFY(harness.show());
-
-    clickOn(harness.group(Kind::printer)->rows().at(0));
-    QCOMPARE(harness.view().selectedTab(),
-             SettingsTabKey::make(Kind::printer, harness.settings().printers().at(0).id));
-    QVERIFY(harness.pageAs<PrinterEditorPage>());
-
-    clickOn(harness.group(Kind::labelTemplate)->rows().at(0));
-    QVERIFY(harness.pageAs<TemplateEditorPage>());
-
-    SidebarRow* over = harness.sidebar()->aboutRow();
-    QCOMPARE(over->text(), u"Over"_s);
-    clickOn(over);
-    QCOMPARE(harness.view().selectedTab(), u"about"_s);
-    QVERIFY(over->isSelected());
-    QVERIFY(harness.pageAs<AboutSettingsPage>());
-    QVERIFY(!harness.group(Kind::labelTemplate)->rows().at(0)->isSelected());
 }
 
 void SettingsSelectionTest::staleKeysShowTheEmptyStates()

@@ -1,30 +1,20 @@
 #include "LabelSink.h"
 #include "SettingsViewHarness.h"
 #include "services/PrinterService.h"
+#include "views/common/BusyIndicator.h"
 #include "views/main/Theme.h"
 #include "views/settings/PrinterEditorPage.h"
-#include "views/settings/SettingsSpinner.h"
 #include "views/settings/TemplateEditorPage.h"
 
 #include <QLabel>
 #include <QPointer>
 #include <QPushButton>
 #include <QSignalSpy>
-#include <QTcpServer>
 
 using namespace Qt::StringLiterals;
 using Kind = SettingsTabKey::Kind;
 
 namespace {
-
-// A loopback port with nothing listening on it.
-quint16 closedPort()
-{
-    QTcpServer placeholder;
-    if (!placeholder.listen(QHostAddress::LocalHost))
-        return 0;
-    return placeholder.serverPort();
-}
 
 QColor textColor(const QLabel* label)
 {
@@ -42,7 +32,6 @@ class SettingsTestPrintTest : public QObject
 private slots:
     void printerTestSucceedsInGreen();
     void templateTestPrintSendsThePreview();
-    void refusedPortIsRedOnBothPages();
     void aTestOutlivesItsWindow();
 };
 
@@ -57,7 +46,6 @@ void SettingsTestPrintTest::printerTestSucceedsInGreen()
     QVERIFY(page->testButton()->isEnabled());
     QVERIFY(!page->resultLabel()->isVisible());
 
-    QSignalSpy changes(&harness.view(), &SettingsView::printerTestChanged);
     clickOn(page->testButton());
     // Running: the button is off, the indicator shows, a second press does nothing.
     QVERIFY(harness.view().isPrinterTesting());
@@ -66,7 +54,6 @@ void SettingsTestPrintTest::printerTestSucceedsInGreen()
     harness.view().testPrinterConnection(0);
 
     QTRY_VERIFY(!harness.view().isPrinterTesting());
-    QCOMPARE(changes.size(), 2);
     QCOMPARE(harness.view().printerTestResult(), u"Verbinding gelukt! Test etiket verstuurd."_s);
     QVERIFY(page->resultLabel()->isVisible());
     QCOMPARE(page->resultLabel()->text(), u"Verbinding gelukt! Test etiket verstuurd."_s);
@@ -112,35 +99,6 @@ void SettingsTestPrintTest::templateTestPrintSendsThePreview()
     QCOMPARE(textColor(page->resultLabel()), Theme::green());
     QTRY_COMPARE(sink.jobs().size(), 1);
     QCOMPARE(sink.jobs().at(0), u"^XA^FDVoorbeeld Product 19,99 é^FS^XZ"_s.toUtf8());
-}
-
-void SettingsTestPrintTest::refusedPortIsRedOnBothPages()
-{
-    const quint16 port = closedPort();
-    QVERIFY(port != 0);
-    SettingsViewHarness harness;
-    const Printer printer = SettingsViewHarness::printer(u"Balie"_s, u"127.0.0.1"_s, port);
-    harness.setPrinters({printer});
-    harness.settings().updateTemplate(0,
-                                      [&printer](LabelTemplate& t) { t.printerID = printer.id; });
-    QVERIFY(harness.show());
-
-    auto* printerPage = harness.open<PrinterEditorPage>(Kind::printer);
-    clickOn(printerPage->testButton());
-    QTRY_VERIFY(!harness.view().isPrinterTesting());
-    const QString printerResult = harness.view().printerTestResult().value_or(QString());
-    QVERIFY2(printerResult.startsWith(u"Verbinding mislukt: "_s), qPrintable(printerResult));
-    QCOMPARE(printerPage->resultLabel()->text(), printerResult);
-    QCOMPARE(textColor(printerPage->resultLabel()), Theme::red());
-
-    auto* templatePage = harness.open<TemplateEditorPage>(Kind::labelTemplate);
-    clickOn(templatePage->testButton());
-    QTRY_VERIFY(!harness.view().isTemplateTesting());
-    const QString result = harness.view().templateTestResult().value_or(QString());
-    QVERIFY2(result.startsWith(u"Fout: Verbinding mislukt: "_s), qPrintable(result));
-    QCOMPARE(templatePage->resultLabel()->text(), result);
-    QCOMPARE(textColor(templatePage->resultLabel()), Theme::red());
-    QVERIFY(templatePage->testButton()->isEnabled());
 }
 
 void SettingsTestPrintTest::aTestOutlivesItsWindow()

@@ -3,6 +3,7 @@
 #include "TestHome.h"
 #include "model/AppSettings.h"
 #include "views/settings/SettingsDetailArea.h"
+#include "views/settings/SettingsRecordKind.h"
 #include "views/settings/SettingsSidebar.h"
 #include "views/settings/SettingsView.h"
 #include "views/settings/SidebarGroup.h"
@@ -39,26 +40,12 @@ public:
     // Selects the record at `index` of a kind and returns the page showing it.
     template <typename Page> Page* open(SettingsTabKey::Kind kind, qsizetype index = 0)
     {
-        m_view->select(kind, kind == SettingsTabKey::Kind::printer
-                                 ? m_settings->printers().at(index).id
-                             : kind == SettingsTabKey::Kind::labelTemplate
-                                 ? m_settings->templates().at(index).id
-                                 : m_settings->dossiers().at(index).id);
+        m_view->select(kind, SettingsRecordKind::of(kind)->entries(*m_settings).at(index).id);
         return pageAs<Page>();
     }
 
-    SettingsSidebar* sidebar() const { return m_view->findChild<SettingsSidebar*>(); }
-    SidebarGroup* group(SettingsTabKey::Kind kind) const
-    {
-        switch (kind) {
-        case SettingsTabKey::Kind::printer:
-            return sidebar()->printersGroup();
-        case SettingsTabKey::Kind::labelTemplate:
-            return sidebar()->templatesGroup();
-        default:
-            return sidebar()->dossiersGroup();
-        }
-    }
+    SettingsSidebar* sidebar() const { return m_view->sidebar(); }
+    SidebarGroup* group(SettingsTabKey::Kind kind) const { return sidebar()->group(kind); }
 
     // Replaces the store's lists; records get the given names.
     void setDossiers(const QStringList& names, const QStringList& apiKeys = {})

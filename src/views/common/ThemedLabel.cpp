@@ -10,6 +10,12 @@ ThemedLabel::ThemedLabel(const QString& text, const QFont& font, Theme::PaletteC
     applyColor();
 }
 
+void ThemedLabel::setColor(Theme::PaletteColor color)
+{
+    m_color = color;
+    applyColor();
+}
+
 void ThemedLabel::changeEvent(QEvent* event)
 {
     QLabel::changeEvent(event);

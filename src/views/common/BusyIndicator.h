@@ -1,6 +1,6 @@
 #pragma once
 
-#include "Theme.h"
+#include "views/main/Theme.h"
 
 #include <QTimer>
 #include <QWidget>

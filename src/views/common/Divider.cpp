@@ -1,7 +1,5 @@
 #include "Divider.h"
 
-#include "Theme.h"
-
 #include <QPainter>
 
 Divider::Divider(Qt::Orientation orientation, int length, QWidget* parent) : QWidget(parent)
@@ -19,8 +17,14 @@ Divider::Divider(Qt::Orientation orientation, int length, QWidget* parent) : QWi
     }
 }
 
+void Divider::setColor(Theme::PaletteColor color)
+{
+    m_color = color;
+    update();
+}
+
 void Divider::paintEvent(QPaintEvent*)
 {
     QPainter painter(this);
-    painter.fillRect(rect(), Theme::separator(palette()));
+    painter.fillRect(rect(), m_color(palette()));
 }

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "Theme.h"
+#include "views/main/Theme.h"
 
 #include <QLabel>
 
@@ -12,6 +12,8 @@ class ThemedLabel : public QLabel
 public:
     ThemedLabel(const QString& text, const QFont& font, Theme::PaletteColor color,
                 QWidget* parent = nullptr);
+
+    void setColor(Theme::PaletteColor color);
 
 protected:
     void changeEvent(QEvent* event) override;
