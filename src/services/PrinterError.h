@@ -6,7 +6,13 @@
 class PrinterError
 {
 public:
-    enum class Kind { connectionFailed, sendFailed, noPrinterConfigured, timeout };
+    enum class Kind
+    {
+        connectionFailed,
+        sendFailed,
+        noPrinterConfigured,
+        timeout
+    };
 
     static PrinterError connectionFailed(const QString& message);
     static PrinterError sendFailed(const QString& message);

@@ -1,6 +1,6 @@
 #include "PrinterSendJob.h"
 
-#include <QHostInfo>
+#include <QNetworkProxy>
 
 PrinterSendJob::PrinterSendJob(QByteArray payload, std::chrono::milliseconds timeout,
                                QObject* parent)
@@ -9,90 +9,46 @@ PrinterSendJob::PrinterSendJob(QByteArray payload, std::chrono::milliseconds tim
     m_timer.setSingleShot(true);
     m_timer.setTimerType(Qt::PreciseTimer);
     m_timer.setInterval(timeout);
-    connect(&m_timer, &QTimer::timeout, this, &PrinterSendJob::onTimeout);
-    connect(&m_socket, &PrinterSocket::writable, this, &PrinterSendJob::onWritable);
+    connect(&m_timer, &QTimer::timeout, this, [this] { finish(PrinterError::timeout()); });
+    // A printer is spoken to directly, never through a proxy.
+    m_socket.setProxy(QNetworkProxy::NoProxy);
+    // Signals rather than waitForConnected(): a refusal must end the job at once.
+    connect(&m_socket, &QTcpSocket::connected, this, &PrinterSendJob::onConnected);
+    connect(&m_socket, &QTcpSocket::bytesWritten, this, &PrinterSendJob::onBytesWritten);
+    connect(&m_socket, &QTcpSocket::errorOccurred, this, &PrinterSendJob::onError);
 }
 
 void PrinterSendJob::start(const QString& host, quint16 port)
 {
     // The time-out counts from the connection attempt, not from "connected".
     m_timer.start();
-    m_port = port;
-    QHostAddress literal;
-    if (literal.setAddress(host)) {
-        m_addresses = {literal};
-        connectToNextAddress();
+    m_socket.connectToHost(host, port);
+}
+
+void PrinterSendJob::onConnected()
+{
+    m_connected = true;
+    if (m_payload.isEmpty()) {
+        onBytesWritten();
         return;
     }
-    QHostInfo::lookupHost(host, this, &PrinterSendJob::onHostLookedUp);
+    m_socket.write(m_payload);
 }
 
-void PrinterSendJob::onHostLookedUp(const QHostInfo& info)
+void PrinterSendJob::onBytesWritten()
 {
-    if (m_finished)
+    if (m_finished || m_socket.bytesToWrite() > 0)
         return;
-    if (info.error() != QHostInfo::NoError || info.addresses().isEmpty()) {
-        finish(PrinterError::connectionFailed(info.errorString()));
-        return;
-    }
-    m_addresses = info.addresses();
-    connectToNextAddress();
+    // Everything has reached the network stack: end of stream after the text.
+    m_socket.disconnectFromHost();
+    finish(std::nullopt);
 }
 
-void PrinterSendJob::connectToNextAddress()
+void PrinterSendJob::onError(QAbstractSocket::SocketError)
 {
-    // Like any client of a name with several addresses: the next one when one
-    // refuses, the last refusal as the answer.
-    while (m_nextAddress < m_addresses.size()) {
-        const PrinterSocket::Progress progress =
-            m_socket.connectTo(m_addresses.at(m_nextAddress++), m_port);
-        if (progress != PrinterSocket::Progress::failed) {
-            onConnectProgress(progress);
-            return;
-        }
-    }
-    finish(PrinterError::connectionFailed(m_socket.errorString()));
-}
-
-void PrinterSendJob::onWritable()
-{
-    if (m_stage == Stage::sending)
-        sendRest();
-    else
-        onConnectProgress(m_socket.finishConnecting());
-}
-
-void PrinterSendJob::onConnectProgress(PrinterSocket::Progress progress)
-{
-    switch (progress) {
-    case PrinterSocket::Progress::done:
-        m_stage = Stage::sending;
-        sendRest();
-        break;
-    case PrinterSocket::Progress::waiting:
-        break;
-    case PrinterSocket::Progress::failed:
-        connectToNextAddress();
-        break;
-    }
-}
-
-void PrinterSendJob::sendRest()
-{
-    const PrinterSocket::Progress progress =
-        m_socket.send(QByteArrayView(m_payload).sliced(m_written), &m_written);
-    if (progress == PrinterSocket::Progress::failed) {
-        finish(PrinterError::sendFailed(m_socket.errorString()));
-    } else if (progress == PrinterSocket::Progress::done) {
-        // Everything has reached the network stack: FIN after the text, then close.
-        m_socket.close();
-        finish(std::nullopt);
-    }
-}
-
-void PrinterSendJob::onTimeout()
-{
-    finish(PrinterError::timeout());
+    const QString message = m_socket.errorString();
+    finish(m_connected ? PrinterError::sendFailed(message)
+                       : PrinterError::connectionFailed(message));
 }
 
 void PrinterSendJob::finish(std::optional<PrinterError> result)
@@ -102,6 +58,8 @@ void PrinterSendJob::finish(std::optional<PrinterError> result)
     m_finished = true;
     m_result = std::move(result);
     m_timer.stop();
-    m_socket.close();
+    m_socket.disconnect(this);
+    if (m_result)
+        m_socket.abort();
     emit finished();
 }

@@ -1,21 +1,18 @@
 #pragma once
 
 #include "PrinterError.h"
-#include "PrinterSocket.h"
 
+#include <QAbstractSocket>
 #include <QByteArray>
-#include <QHostAddress>
-#include <QList>
 #include <QObject>
+#include <QTcpSocket>
 #include <QTimer>
 #include <chrono>
 #include <optional>
 
-class QHostInfo;
-
 // One label job: connect, write the bytes, end the stream. Owns its socket and
-// time-out and emits finished() exactly once, whatever happens first; on a
-// nearby printer that may be before start() returns.
+// time-out and emits finished() exactly once, whatever happens first; that may
+// be before start() returns.
 class PrinterSendJob : public QObject
 {
     Q_OBJECT
@@ -24,7 +21,8 @@ public:
     PrinterSendJob(QByteArray payload, std::chrono::milliseconds timeout,
                    QObject* parent = nullptr);
 
-    // host: an IPv4 or IPv6 literal or a host name.
+    // host: an IPv4 or IPv6 literal or a host name; every address of a name is
+    // tried in turn, and the last refusal is the answer.
     void start(const QString& host, quint16 port);
 
     bool isFinished() const { return m_finished; }
@@ -35,28 +33,15 @@ signals:
     void finished();
 
 private:
-    enum class Stage
-    {
-        connecting,
-        sending,
-    };
-
-    void onHostLookedUp(const QHostInfo& info);
-    void connectToNextAddress();
-    void onWritable();
-    void onConnectProgress(PrinterSocket::Progress progress);
-    void sendRest();
-    void onTimeout();
+    void onConnected();
+    void onBytesWritten();
+    void onError(QAbstractSocket::SocketError error);
     void finish(std::optional<PrinterError> result);
 
     QByteArray m_payload;
-    PrinterSocket m_socket;
+    QTcpSocket m_socket;
     QTimer m_timer;
-    QList<QHostAddress> m_addresses;
-    qsizetype m_nextAddress = 0;
-    quint16 m_port = 0;
-    Stage m_stage = Stage::connecting;
-    qint64 m_written = 0;
+    bool m_connected = false;
     bool m_finished = false;
     std::optional<PrinterError> m_result;
 };

@@ -22,11 +22,8 @@ PrinterService::PrinterService(std::chrono::milliseconds timeout) : m_timeout(ti
 QCoro::Task<std::optional<PrinterError>> PrinterService::sendZPL(QString zpl, QString ip,
                                                                  qint64 port) const
 {
-    if (ip.isEmpty())
-        co_return PrinterError::noPrinterConfigured();
-    if (port < 0 || port > kMaxPort)
-        co_return PrinterError::connectionFailed(
-            u"Ongeldige poort %1 (toegestaan: 0 tot en met 65535)"_s.arg(port));
+    if (std::optional<PrinterError> unusable = checkTarget(ip, port))
+        co_return unusable;
 
     // The job lives in this frame, not in the service: the service may be gone
     // before the job ends, so nothing after the await touches this.
@@ -43,6 +40,16 @@ QCoro::Task<std::optional<PrinterError>> PrinterService::sendZPL(QString zpl, QS
     const std::optional<PrinterError> result = job->result();
     job.release()->deleteLater();
     co_return result;
+}
+
+std::optional<PrinterError> PrinterService::checkTarget(const QString& ip, qint64 port)
+{
+    if (ip.isEmpty())
+        return PrinterError::noPrinterConfigured();
+    if (port < 0 || port > kMaxPort)
+        return PrinterError::connectionFailed(
+            u"Ongeldige poort %1 (toegestaan: 0 tot en met 65535)"_s.arg(port));
+    return std::nullopt;
 }
 
 QCoro::Task<PrinterService::ConnectionTestResult> PrinterService::testConnection(QString ip,

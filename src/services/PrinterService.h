@@ -4,7 +4,6 @@
 
 #include <QCoroTask>
 #include <QString>
-
 #include <chrono>
 #include <optional>
 
@@ -28,6 +27,10 @@ public:
     // Completes exactly once: nothing on success, the error otherwise.
     QCoro::Task<std::optional<PrinterError>> sendZPL(QString zpl, QString ip, qint64 port) const;
     QCoro::Task<ConnectionTestResult> testConnection(QString ip, qint64 port) const;
+
+    // The address and port rules of every printer connection: an empty address
+    // is no printer, and a port must fit 16 bits. Empty when both are usable.
+    static std::optional<PrinterError> checkTarget(const QString& ip, qint64 port);
 
 private:
     std::chrono::milliseconds m_timeout;

@@ -11,10 +11,6 @@ namespace {
 constexpr int kStatusOK = 200;
 constexpr int kStatusUnauthorized = 401;
 
-// Errors below this value come from the connection or the proxy, not from an
-// HTTP status that Qt mapped onto an error code.
-constexpr int kFirstStatusMappedError = 200;
-
 QString timeoutDescription(std::chrono::milliseconds timeout)
 {
     return u"Time-out: de server antwoordde niet binnen %1 seconden"_s.arg(
@@ -121,15 +117,16 @@ ProductReplyReader::Result ProductReplyReader::classify() const
     if (redirectRefused && statusAttribute.isValid())
         return APIError::serverError(u"HTTP "_s + QString::number(statusAttribute.toInt()));
 
-    if (error != QNetworkReply::NoError &&
-        (error < kFirstStatusMappedError || !statusAttribute.isValid()))
+    // The error decides first: Qt maps a status other than 200 onto an error
+    // of its own, but any error beside a 200 (a reset or a protocol failure
+    // part-way through the body) is the transport's, and the body is not whole.
+    const bool statusDecides = statusAttribute.isValid() && statusAttribute.toInt() != kStatusOK;
+    if (error != QNetworkReply::NoError && !statusDecides)
         return APIError::networkError(m_reply->errorString());
     if (!statusAttribute.isValid())
         return APIError::invalidResponse();
-
-    const int status = statusAttribute.toInt();
-    if (status != kStatusOK)
-        return classifyStatus(status);
+    if (statusDecides)
+        return classifyStatus(statusAttribute.toInt());
 
     if (isTruncated())
         return APIError::networkError(

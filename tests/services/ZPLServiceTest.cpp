@@ -9,22 +9,16 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-Product fullProduct()
+Product product(std::optional<QString> sku, std::optional<QString> name,
+                std::optional<double> price = 3.5)
 {
     Product product;
     product.ID = 42;
-    product.Sku = u"SKU-9"_s;
-    product.Name = u"Zeep"_s;
+    product.Sku = std::move(sku);
+    product.Name = std::move(name);
     product.Description = u"Lavendel, 250 ml"_s;
-    product.SellPrice1WithVat = 3.5;
-    product.BarCode = u"8711111111111"_s;
-    return product;
-}
-
-Product withPrice(std::optional<double> price)
-{
-    Product product;
     product.SellPrice1WithVat = price;
+    product.BarCode = u"8711111111111"_s;
     return product;
 }
 
@@ -38,7 +32,6 @@ private slots:
     void fillsTemplates_data();
     void fillsTemplates();
     void pricesUseAPointWhateverTheLocale();
-    void everyListedPlaceholderIsFilled();
     void previewUsesTheSampleValues();
     void validationMessagesInOrder_data();
     void validationMessagesInOrder();
@@ -52,49 +45,29 @@ void ZPLServiceTest::fillsTemplates_data()
     QTest::addColumn<Product>("product");
     QTest::addColumn<QString>("zplTemplate");
     QTest::addColumn<QString>("expected");
-
-    const Product full = fullProduct();
+    const Product zeep = product(u"SKU-9"_s, u"Zeep"_s);
     Product bare;
     bare.ID = 7;
-    Product emptyTexts = bare;
-    emptyTexts.Name = u""_s;
-    emptyTexts.Sku = u""_s;
 
     QTest::newRow("all five")
-        << full << u"^XA{{ARTIKELNR}}|{{NAAM}}|{{PRIJS}}|{{OMSCHRIJVING}}|{{BARCODE}}^XZ"_s
+        << zeep << u"^XA{{ARTIKELNR}}|{{NAAM}}|{{PRIJS}}|{{OMSCHRIJVING}}|{{BARCODE}}^XZ"_s
         << u"^XASKU-9|Zeep|3.50|Lavendel, 250 ml|8711111111111^XZ"_s;
-    QTest::newRow("no placeholders") << full << u"^XA^FDvast^FS^XZ"_s << u"^XA^FDvast^FS^XZ"_s;
-    QTest::newRow("repeated") << full << u"{{NAAM}}-{{NAAM}}"_s << u"Zeep-Zeep"_s;
     QTest::newRow("absent fields")
         << bare << u"[{{ARTIKELNR}}|{{NAAM}}|{{PRIJS}}|{{BARCODE}}]"_s << u"[|Unknown|-|]"_s;
-    QTest::newRow("present but empty") << emptyTexts << u"[{{ARTIKELNR}}|{{NAAM}}]"_s << u"[|]"_s;
-    QTest::newRow("lower case untouched")
-        << full << u"{{naam}} {{Naam}} {{NAAM}}"_s << u"{{naam}} {{Naam}} Zeep"_s;
-    QTest::newRow("unknown token untouched")
-        << full << u"{{PRIJS_EXCL}} {{ PRIJS }}"_s << u"{{PRIJS_EXCL}} {{ PRIJS }}"_s;
-    QTest::newRow("values verbatim") << [] {
-        Product product = fullProduct();
-        product.Name = u"  Crème ^FS brûlée\n"_s;
-        return product;
-    }() << u"^FD{{NAAM}}^FS"_s << u"^FD  Crème ^FS brûlée\n^FS"_s;
-
+    QTest::newRow("present but empty")
+        << product(u""_s, u""_s) << u"[{{ARTIKELNR}}|{{NAAM}}]"_s << u"[|]"_s;
+    QTest::newRow("other spellings untouched") << zeep << u"{{naam}} {{ PRIJS }} {{PRIJS_EXCL}}"_s
+                                               << u"{{naam}} {{ PRIJS }} {{PRIJS_EXCL}}"_s;
+    QTest::newRow("values verbatim") << product({}, u"  Crème ^FS brûlée\n"_s)
+                                     << u"^FD{{NAAM}}^FS"_s << u"^FD  Crème ^FS brûlée\n^FS"_s;
     // Each step works on the result of the one before.
-    Product skuNamesName = full;
-    skuNamesName.Sku = u"{{NAAM}}"_s;
     QTest::newRow("sku holding a later placeholder")
-        << skuNamesName << u"{{ARTIKELNR}}"_s << u"Zeep"_s;
-    Product nameNamesSku = full;
-    nameNamesSku.Name = u"{{ARTIKELNR}}"_s;
+        << product(u"{{NAAM}}"_s, u"Zeep"_s) << u"{{ARTIKELNR}}"_s << u"Zeep"_s;
     QTest::newRow("name holding an earlier placeholder")
-        << nameNamesSku << u"{{NAAM}}"_s << u"{{ARTIKELNR}}"_s;
-
-    QTest::newRow("price rounds up") << withPrice(19.999) << u"{{PRIJS}}"_s << u"20.00"_s;
-    QTest::newRow("price zero") << withPrice(0.0) << u"{{PRIJS}}"_s << u"0.00"_s;
-    QTest::newRow("price negative") << withPrice(-3.0) << u"{{PRIJS}}"_s << u"-3.00"_s;
-    QTest::newRow("price one decimal") << withPrice(12.5) << u"{{PRIJS}}"_s << u"12.50"_s;
+        << product(u"S"_s, u"{{ARTIKELNR}}"_s) << u"{{NAAM}}"_s << u"{{ARTIKELNR}}"_s;
+    QTest::newRow("price rounds up") << product({}, {}, 19.999) << u"{{PRIJS}}"_s << u"20.00"_s;
     QTest::newRow("price large, no grouping")
-        << withPrice(1234567.891) << u"{{PRIJS}}"_s << u"1234567.89"_s;
-    QTest::newRow("price absent") << withPrice(std::nullopt) << u"{{PRIJS}}"_s << u"-"_s;
+        << product({}, {}, 1234567.891) << u"{{PRIJS}}"_s << u"1234567.89"_s;
 }
 
 void ZPLServiceTest::fillsTemplates()
@@ -110,30 +83,15 @@ void ZPLServiceTest::pricesUseAPointWhateverTheLocale()
     const QLocale previousLocale;
     const std::string previousC = std::setlocale(LC_NUMERIC, nullptr);
     QLocale::setDefault(QLocale(QLocale::Dutch, QLocale::Netherlands));
-    // Use a comma-decimal C locale as well when the system has one.
+    // A comma-decimal C locale as well, when the system has one.
     for (const char* name : {"nl_NL.UTF-8", "de_DE.UTF-8", "fr_FR.UTF-8"}) {
         if (std::setlocale(LC_NUMERIC, name))
             break;
     }
-
-    const QString filled = m_service.generateZPL(withPrice(1234.5), u"{{PRIJS}}"_s);
-    const QString rounded = m_service.generateZPL(withPrice(19.999), u"{{PRIJS}}"_s);
-
+    const QString filled = m_service.generateZPL(product({}, {}, 1234.5), u"{{PRIJS}}"_s);
     std::setlocale(LC_NUMERIC, previousC.c_str());
     QLocale::setDefault(previousLocale);
     QCOMPARE(filled, u"1234.50"_s);
-    QCOMPARE(rounded, u"20.00"_s);
-}
-
-void ZPLServiceTest::everyListedPlaceholderIsFilled()
-{
-    const auto& table = ZPLService::placeholders();
-    QCOMPARE(table.size(), 5);
-    for (auto it = table.cbegin(); it != table.cend(); ++it) {
-        QVERIFY(!it.value().isEmpty());
-        QVERIFY2(m_service.generateZPL(fullProduct(), it.key()) != it.key(), qPrintable(it.key()));
-        QVERIFY2(m_service.previewZPL(it.key()) != it.key(), qPrintable(it.key()));
-    }
 }
 
 void ZPLServiceTest::previewUsesTheSampleValues()
@@ -150,17 +108,14 @@ void ZPLServiceTest::validationMessagesInOrder_data()
     const QString noEnd = u"Ontbreekt ^XZ (etiket einde)"_s;
     const QString noPlaceholder =
         u"Geen placeholders gevonden. Gebruik {{ARTIKELNR}}, {{NAAM}}, of {{PRIJS}}"_s;
-
     QTest::addColumn<QString>("zplTemplate");
     QTest::addColumn<QStringList>("errors");
     QTest::newRow("empty") << QString() << QStringList{noStart, noEnd, noPlaceholder};
     QTest::newRow("frame only") << u"^XA^XZ"_s << QStringList{noPlaceholder};
     QTest::newRow("barcode alone suffices") << u"^XA{{BARCODE}}^XZ"_s << QStringList{};
-    QTest::newRow("description alone suffices") << u"^XA{{OMSCHRIJVING}}^XZ"_s << QStringList{};
-    QTest::newRow("order of commands irrelevant") << u"^XZ{{NAAM}}^XA"_s << QStringList{};
+    QTest::newRow("order of commands irrelevant") << u"^XZ{{OMSCHRIJVING}}^XA"_s << QStringList{};
     QTest::newRow("lower case commands") << u"^xa{{NAAM}}^xz"_s << QStringList{noStart, noEnd};
     QTest::newRow("lower case placeholder") << u"^XA{{naam}}^XZ"_s << QStringList{noPlaceholder};
-    QTest::newRow("end missing") << u"^XA{{PRIJS}}"_s << QStringList{noEnd};
 }
 
 void ZPLServiceTest::validationMessagesInOrder()

@@ -1,7 +1,9 @@
 #pragma once
 
 #include <QByteArray>
-#include <QString>
+#include <QDir>
+#include <QDirIterator>
+#include <QFile>
 #include <QTemporaryDir>
 
 // A temporary directory that is $HOME while this object lives; the previous
@@ -10,20 +12,47 @@
 class TestHome
 {
 public:
-    TestHome();
-    ~TestHome();
+    TestHome() : m_previousHome(qgetenv("HOME")), m_hadHome(qEnvironmentVariableIsSet("HOME"))
+    {
+        if (m_dir.isValid())
+            qputenv("HOME", QFile::encodeName(m_dir.path()));
+    }
+    ~TestHome()
+    {
+        m_hadHome ? qputenv("HOME", m_previousHome) : qunsetenv("HOME");
+        // Tests take permissions away to provoke failures; give them back so
+        // the directory can be removed.
+        QDirIterator it(m_dir.path(), QDir::AllEntries | QDir::Hidden | QDir::NoDotAndDotDot,
+                        QDirIterator::Subdirectories);
+        for (QString path = m_dir.path(); !path.isEmpty();
+             path = it.hasNext() ? it.next() : QString())
+            QFile::setPermissions(path, QFile::permissions(path) | QFile::ReadOwner |
+                                            QFile::WriteOwner | QFile::ExeOwner);
+    }
     TestHome(const TestHome&) = delete;
     TestHome& operator=(const TestHome&) = delete;
 
     bool isValid() const { return m_dir.isValid(); }
     QString path() const { return m_dir.path(); }
-    QString settingsDirectory() const;
-    QString settingsFilePath() const;
+    QString settingsDirectory() const { return m_dir.filePath(QStringLiteral(".stampix")); }
+    QString settingsFilePath() const
+    {
+        return settingsDirectory() + QStringLiteral("/settings.json");
+    }
 
     // Writes the settings file as a previous run would have left it.
-    bool writeSettingsFile(const QByteArray& bytes) const;
+    bool writeSettingsFile(const QByteArray& bytes) const
+    {
+        QFile file(settingsFilePath());
+        return QDir().mkpath(settingsDirectory()) && file.open(QIODevice::WriteOnly) &&
+               file.write(bytes) == bytes.size();
+    }
     // The settings file's bytes; empty when it cannot be read.
-    QByteArray readSettingsFile() const;
+    QByteArray readSettingsFile() const
+    {
+        QFile file(settingsFilePath());
+        return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
+    }
 
 private:
     QTemporaryDir m_dir;

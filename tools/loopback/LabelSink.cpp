@@ -4,6 +4,12 @@
 
 #include <QTcpSocket>
 
+namespace {
+
+constexpr int kListenBacklog = 4096;
+
+} // namespace
+
 LabelSink::LabelSink(QObject* parent) : QObject(parent)
 {
     connect(&m_server, &QTcpServer::pendingConnectionAvailable, this, &LabelSink::acceptPending);
@@ -11,6 +17,10 @@ LabelSink::LabelSink(QObject* parent) : QObject(parent)
 
 bool LabelSink::listen(quint16 port, const QHostAddress& address)
 {
+    // Qt's default of 50 pending connections is too few for a sender that
+    // outruns the sink: the kernel drops further connection attempts, and the
+    // sender waits a whole second for its retry.
+    m_server.setListenBacklogSize(kListenBacklog);
     return m_server.listen(address, port);
 }
 
@@ -26,8 +36,9 @@ void LabelSink::acceptPending()
         ++m_connectionCount;
         // Owned by the sink rather than by the listening socket, so close() does not cut jobs.
         socket->setParent(this);
-        auto* connection = new LabelSinkConnection(socket, m_behaviour);
+        auto* connection = new LabelSinkConnection(socket, m_behaviour, m_statusAnswer);
         connect(connection, &LabelSinkConnection::jobComplete, this, &LabelSink::recordJob);
+        connect(connection, &LabelSinkConnection::statusQueried, this, &LabelSink::statusQueried);
         connection->begin();
     }
 }

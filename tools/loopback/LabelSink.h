@@ -5,6 +5,7 @@
 #include <QList>
 #include <QObject>
 #include <QTcpServer>
+#include <optional>
 
 class QTcpSocket;
 
@@ -34,6 +35,10 @@ public:
     // Applies to connections accepted from now on.
     void setBehaviour(Behaviour behaviour) { m_behaviour = behaviour; }
     Behaviour behaviour() const { return m_behaviour; }
+    // How a host status query ("~HS") is answered on connections accepted from
+    // now on: with these bytes, or not at all when they are empty. The query
+    // never becomes part of a job. Unset, "~HS" is job data like any other.
+    void setStatusAnswer(std::optional<QByteArray> answer) { m_statusAnswer = std::move(answer); }
 
     // Jobs from connections the peer closed; the sink's own resets leave none.
     const QList<QByteArray>& jobs() const { return m_jobs; }
@@ -41,6 +46,7 @@ public:
 
 signals:
     void jobReceived(const QByteArray& job);
+    void statusQueried();
 
 private:
     void acceptPending();
@@ -48,6 +54,7 @@ private:
 
     QTcpServer m_server;
     Behaviour m_behaviour = Behaviour::normal;
+    std::optional<QByteArray> m_statusAnswer;
     QList<QByteArray> m_jobs;
     int m_connectionCount = 0;
 };

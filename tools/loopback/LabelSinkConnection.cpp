@@ -10,11 +10,14 @@ namespace {
 
 constexpr qint64 kSlowChunkBytes = 512;
 constexpr std::chrono::milliseconds kSlowInterval{20};
+constexpr QByteArrayView kStatusQuery = "~HS";
 
 } // namespace
 
-LabelSinkConnection::LabelSinkConnection(QTcpSocket* socket, LabelSink::Behaviour behaviour)
-    : QObject(socket), m_socket(socket), m_behaviour(behaviour)
+LabelSinkConnection::LabelSinkConnection(QTcpSocket* socket, LabelSink::Behaviour behaviour,
+                                         std::optional<QByteArray> statusAnswer)
+    : QObject(socket), m_socket(socket), m_behaviour(behaviour),
+      m_statusAnswer(std::move(statusAnswer))
 {}
 
 void LabelSinkConnection::begin()
@@ -46,6 +49,22 @@ void LabelSinkConnection::onReadyRead()
     m_received.append(m_socket->readAll());
     if (m_behaviour == LabelSink::Behaviour::resetMidTransfer && !m_received.isEmpty())
         reset();
+    else
+        answerStatusQueries();
+}
+
+void LabelSinkConnection::answerStatusQueries()
+{
+    if (!m_statusAnswer)
+        return;
+    // Like a printer, the query is taken out of the stream and answered at once.
+    for (qsizetype at = m_received.indexOf(kStatusQuery); at >= 0;
+         at = m_received.indexOf(kStatusQuery)) {
+        m_received.remove(at, kStatusQuery.size());
+        m_socket->write(*m_statusAnswer);
+        m_queried = true;
+        emit statusQueried();
+    }
 }
 
 void LabelSinkConnection::readSlowly()
@@ -73,10 +92,10 @@ void LabelSinkConnection::reset()
 void LabelSinkConnection::onDisconnected()
 {
     m_slowTimer.stop();
-    if (!m_dropped) {
-        if (m_socket->isReadable())
-            m_received.append(m_socket->readAll());
+    if (!m_dropped && m_socket->isReadable())
+        m_received.append(m_socket->readAll());
+    // A connection that only asked for the status carries no job.
+    if (!m_dropped && !(m_queried && m_received.isEmpty()))
         emit jobComplete(m_received);
-    }
     m_socket->deleteLater();
 }

@@ -5,6 +5,7 @@
 #include <QByteArray>
 #include <QObject>
 #include <QTimer>
+#include <optional>
 
 class QTcpSocket;
 
@@ -14,22 +15,27 @@ class LabelSinkConnection : public QObject
     Q_OBJECT
 
 public:
-    LabelSinkConnection(QTcpSocket* socket, LabelSink::Behaviour behaviour);
+    LabelSinkConnection(QTcpSocket* socket, LabelSink::Behaviour behaviour,
+                        std::optional<QByteArray> statusAnswer);
 
     void begin();
 
 signals:
     void jobComplete(const QByteArray& job);
+    void statusQueried();
 
 private:
     void onReadyRead();
     void onDisconnected();
     void readSlowly();
     void reset();
+    void answerStatusQueries();
 
     QTcpSocket* m_socket;
     const LabelSink::Behaviour m_behaviour;
+    const std::optional<QByteArray> m_statusAnswer;
     QByteArray m_received;
     QTimer m_slowTimer;
     bool m_dropped = false;
+    bool m_queried = false;
 };

@@ -3,11 +3,16 @@
 #include <QList>
 #include <QTcpSocket>
 
+#ifdef Q_OS_UNIX
+#include <sys/socket.h>
+#endif
+
 namespace {
 
 constexpr qsizetype kMaxHeaderBytes = 64 * 1024;
 constexpr qint64 kStreamChunk = 1024 * 1024;
 constexpr QByteArrayView kHeaderEnd = "\r\n\r\n";
+constexpr std::chrono::milliseconds kResetDelay{50};
 
 QByteArray reasonPhrase(int status)
 {
@@ -136,6 +141,15 @@ void LoopbackHttpConnection::answer(const Response& response)
         m_pending = response.body;
         m_trickleTimer.start(response.trickleInterval);
         return;
+    case Mode::raw:
+        m_socket->write(response.body);
+        finishAnswer();
+        return;
+    case Mode::rawReset:
+        m_socket->write(response.body);
+        // Late enough for the client to have read what was written.
+        QTimer::singleShot(kResetDelay, this, &LoopbackHttpConnection::reset);
+        return;
     case Mode::stream:
         m_socket->write(headerBlock(response, -1));
         m_streamLeft = response.streamLength;
@@ -171,4 +185,15 @@ void LoopbackHttpConnection::finishAnswer()
 {
     // Closes once everything queued has been written.
     m_socket->disconnectFromHost();
+}
+
+void LoopbackHttpConnection::reset()
+{
+#ifdef Q_OS_UNIX
+    // Linger with a zero time-out turns the close into a reset (RST), not a FIN.
+    const linger abortive{1, 0};
+    ::setsockopt(static_cast<int>(m_socket->socketDescriptor()), SOL_SOCKET, SO_LINGER, &abortive,
+                 sizeof(abortive));
+#endif
+    m_socket->abort();
 }

@@ -30,6 +30,7 @@ private:
     void trickleNext();
     void streamMore();
     void finishAnswer();
+    void reset();
 
     QTcpSocket* m_socket;
     Responder m_responder;

@@ -43,7 +43,7 @@ bool Simulator::startPrinters(QString* error)
     for (int i = 1; i <= m_options.printerCount; ++i) {
         auto* printer = new VirtualPrinter(u"Virtual printer %1"_s.arg(i),
                                            QDir(jobs).filePath(u"printer-%1"_s.arg(i)),
-                                           m_options.printerFailure, this);
+                                           m_options.printerFailure, m_options.printerState, this);
         const quint16 port = m_options.printerPort == 0 ? 0 : m_options.printerPort + i - 1;
         if (!printer->start(port, error)) {
             *error = u"%1: %2"_s.arg(printer->name(), *error);
@@ -59,6 +59,12 @@ bool Simulator::startPrinters(QString* error)
                 });
         connect(printer, &VirtualPrinter::emptyConnection, this, [this, name = printer->name()] {
             log(u"%1  connection closed without data"_s.arg(name));
+        });
+        connect(printer, &VirtualPrinter::statusQueried, this, [this, printer] {
+            const bool silent = VirtualPrinter::statusAnswer(printer->state()).isEmpty();
+            log(u"%1  status query: %2%3"_s.arg(printer->name(),
+                                                VirtualPrinter::stateName(printer->state()),
+                                                silent ? u" (no answer)"_s : QString()));
         });
         m_printers.append(printer);
     }
@@ -95,6 +101,8 @@ void Simulator::announce()
                            .arg(printer->jobDirectory());
         if (printer->failure() != VirtualPrinter::Failure::none)
             line += u", failure: "_s + VirtualPrinter::failureName(printer->failure());
+        if (printer->state() != VirtualPrinter::State::ready)
+            line += u", state: "_s + VirtualPrinter::stateName(printer->state());
         emit message(line);
     }
     if (!m_options.demoHome.isEmpty())

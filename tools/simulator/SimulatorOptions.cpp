@@ -37,6 +37,11 @@ struct Parser
         u"printer-failure"_s,
         u"Make the printers fail: %1."_s.arg(VirtualPrinter::failureNames().join(u", "_s)),
         u"mode"_s, u"none"_s};
+    QCommandLineOption printerState{
+        u"printer-state"_s,
+        u"What the printers answer to a status query (head-open and ribbon-out stay "
+        u"silent; every state takes jobs): %1."_s.arg(VirtualPrinter::stateNames().join(u", "_s)),
+        u"state"_s, u"ready"_s};
     QCommandLineOption demoHome{u"demo-home"_s,
                                 u"Before serving, write demo settings for these services to "
                                 u"<dir>/.stampix/settings.json (never your own home)."_s,
@@ -49,7 +54,7 @@ struct Parser
             u"label printers, for trying Stampix without an account or a printer."_s);
         parser.addHelpOption();
         parser.addOptions({servicePort, printerPort, printers, apiKey, products, jobsDirectory,
-                           delay, serviceFailure, printerFailure, demoHome});
+                           delay, serviceFailure, printerFailure, printerState, demoHome});
     }
 };
 
@@ -88,6 +93,7 @@ SimulatorOptions::Outcome SimulatorOptions::parse(const QStringList& arguments,
     const auto delay = number(p.parser.value(p.delay), 0, 3'600'000);
     const auto serviceFailure = ProductService::failureFromName(p.parser.value(p.serviceFailure));
     const auto printerFailure = VirtualPrinter::failureFromName(p.parser.value(p.printerFailure));
+    const auto printerState = VirtualPrinter::stateFromName(p.parser.value(p.printerState));
     const QString apiKey = p.parser.value(p.apiKey);
 
     if (!servicePort)
@@ -108,6 +114,9 @@ SimulatorOptions::Outcome SimulatorOptions::parse(const QStringList& arguments,
     else if (!printerFailure)
         *message = u"--printer-failure takes one of: %1"_s.arg(
             VirtualPrinter::failureNames().join(u", "_s));
+    else if (!printerState)
+        *message =
+            u"--printer-state takes one of: %1"_s.arg(VirtualPrinter::stateNames().join(u", "_s));
     else if (apiKey.isEmpty())
         *message = u"--api-key must not be empty"_s;
     else if (p.parser.isSet(p.demoHome) && p.parser.value(p.demoHome).isEmpty())
@@ -126,6 +135,7 @@ SimulatorOptions::Outcome SimulatorOptions::parse(const QStringList& arguments,
     options->delay = std::chrono::milliseconds(*delay);
     options->serviceFailure = *serviceFailure;
     options->printerFailure = *printerFailure;
+    options->printerState = *printerState;
     options->demoHome = p.parser.value(p.demoHome);
     return Outcome::run;
 }

@@ -25,6 +25,7 @@ struct SimulatorOptions
     std::chrono::milliseconds delay{0};
     ProductService::Failure serviceFailure = ProductService::Failure::none;
     VirtualPrinter::Failure printerFailure = VirtualPrinter::Failure::none;
+    VirtualPrinter::State printerState = VirtualPrinter::State::ready;
     QString demoHome; // empty: write no demo settings
 
     enum class Outcome

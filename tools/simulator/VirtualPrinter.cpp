@@ -13,6 +13,7 @@ namespace {
 constexpr qsizetype kMaxFieldDataShown = 60;
 
 using Failure = VirtualPrinter::Failure;
+using State = VirtualPrinter::State;
 
 constexpr std::array<std::pair<Failure, QStringView>, 6> kFailureNames{{
     {Failure::none, u"none"},
@@ -22,6 +23,42 @@ constexpr std::array<std::pair<Failure, QStringView>, 6> kFailureNames{{
     {Failure::drop, u"drop"},
     {Failure::reset, u"reset"},
 }};
+
+constexpr std::array<std::pair<State, QStringView>, 6> kStateNames{{
+    {State::ready, u"ready"},
+    {State::paperOut, u"paper-out"},
+    {State::paused, u"paused"},
+    {State::headOpen, u"head-open"},
+    {State::ribbonOut, u"ribbon-out"},
+    {State::bufferFull, u"buffer-full"},
+}};
+
+template <typename Names> auto fromName(const Names& names, QStringView name)
+{
+    std::optional<typename Names::value_type::first_type> found;
+    for (const auto& [value, valueName] : names) {
+        if (valueName == name)
+            found = value;
+    }
+    return found;
+}
+
+template <typename Names> QStringList allNames(const Names& names)
+{
+    QStringList list;
+    for (const auto& entry : names)
+        list.append(entry.second.toString());
+    return list;
+}
+
+template <typename Names, typename Value> QString nameOf(const Names& names, Value value)
+{
+    for (const auto& [candidate, name] : names) {
+        if (candidate == value)
+            return name.toString();
+    }
+    return {};
+}
 
 LabelSink::Behaviour sinkBehaviour(Failure failure)
 {
@@ -44,35 +81,60 @@ LabelSink::Behaviour sinkBehaviour(Failure failure)
 
 std::optional<VirtualPrinter::Failure> VirtualPrinter::failureFromName(QStringView name)
 {
-    for (const auto& [failure, failureName] : kFailureNames) {
-        if (failureName == name)
-            return failure;
-    }
-    return std::nullopt;
+    return fromName(kFailureNames, name);
 }
 
 QStringList VirtualPrinter::failureNames()
 {
-    QStringList names;
-    for (const auto& entry : kFailureNames)
-        names.append(entry.second.toString());
-    return names;
+    return allNames(kFailureNames);
 }
 
 QString VirtualPrinter::failureName(Failure failure)
 {
-    for (const auto& [candidate, name] : kFailureNames) {
-        if (candidate == failure)
-            return name.toString();
-    }
-    return {};
+    return nameOf(kFailureNames, failure);
 }
 
-VirtualPrinter::VirtualPrinter(QString name, QString jobDirectory, Failure failure, QObject* parent)
-    : QObject(parent), m_name(std::move(name)), m_failure(failure),
+std::optional<VirtualPrinter::State> VirtualPrinter::stateFromName(QStringView name)
+{
+    return fromName(kStateNames, name);
+}
+
+QStringList VirtualPrinter::stateNames()
+{
+    return allNames(kStateNames);
+}
+
+QString VirtualPrinter::stateName(State state)
+{
+    return nameOf(kStateNames, state);
+}
+
+QByteArray VirtualPrinter::statusAnswer(State state)
+{
+    if (state == State::headOpen || state == State::ribbonOut)
+        return {};
+    const auto bit = [state](State set) {
+        return state == set ? '1' : '0';
+    };
+    // A 4-inch printer with 6-inch labels (1218 dots), tear-off, no format waiting.
+    return QByteArray("\x02"
+                      "030,") +
+           bit(State::paperOut) + ',' + bit(State::paused) + ",1218,000," + bit(State::bufferFull) +
+           ",0,0,000,0,0,0\x03\r\n" +
+           "\x02"
+           "000,0,0,0,1,2,6,0,00000000,1,000\x03\r\n" +
+           "\x02"
+           "1234,0\x03\r\n";
+}
+
+VirtualPrinter::VirtualPrinter(QString name, QString jobDirectory, Failure failure, State state,
+                               QObject* parent)
+    : QObject(parent), m_name(std::move(name)), m_failure(failure), m_state(state),
       m_writer(std::move(jobDirectory))
 {
     connect(&m_sink, &LabelSink::jobReceived, this, &VirtualPrinter::onJob);
+    connect(&m_sink, &LabelSink::statusQueried, this, &VirtualPrinter::statusQueried);
+    m_sink.setStatusAnswer(statusAnswer(state));
 }
 
 VirtualPrinter::~VirtualPrinter() = default;

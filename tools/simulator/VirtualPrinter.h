@@ -29,12 +29,29 @@ public:
         reset,  // reads the first bytes, then resets the connection
     };
 
+    // What the printer says when asked "~HS"; jobs are taken in every state.
+    enum class State
+    {
+        ready,
+        paperOut,   // answers with the paper-out flag
+        paused,     // answers with the paused flag
+        headOpen,   // silent, as real printers are
+        ribbonOut,  // silent
+        bufferFull, // answers with the buffer-full flag
+    };
+
+    static std::optional<State> stateFromName(QStringView name);
+    static QStringList stateNames();
+    static QString stateName(State state);
+    // The three strings of the answer, or nothing for a silent state.
+    static QByteArray statusAnswer(State state);
+
     static std::optional<Failure> failureFromName(QStringView name);
     static QStringList failureNames();
     static QString failureName(Failure failure);
 
     VirtualPrinter(QString name, QString jobDirectory, Failure failure = Failure::none,
-                   QObject* parent = nullptr);
+                   State state = State::ready, QObject* parent = nullptr);
     ~VirtualPrinter() override;
 
     // Port 0 picks a free one. False with the reason in `error`.
@@ -43,6 +60,7 @@ public:
     const QString& name() const { return m_name; }
     const QString& jobDirectory() const { return m_writer.directory(); }
     Failure failure() const { return m_failure; }
+    State state() const { return m_state; }
 
     // The data of the first ^FD field, up to the next command, for the log.
     static QString firstFieldData(const QByteArray& job);
@@ -52,6 +70,7 @@ signals:
     void jobNotWritten(const QString& error);
     // A connection that closed without sending anything is no job.
     void emptyConnection();
+    void statusQueried();
 
 private:
     void onJob(const QByteArray& job);
@@ -60,6 +79,7 @@ private:
 
     QString m_name;
     Failure m_failure;
+    State m_state;
     LabelJobWriter m_writer;
     LabelSink m_sink;
     std::unique_ptr<UnansweredPort> m_unanswered;

@@ -13,6 +13,7 @@
 #include "model/AppSettings.h"
 #include "viewmodels/ProductListViewModel.h"
 
+#include <QShowEvent>
 #include <QVBoxLayout>
 
 namespace {
@@ -85,6 +86,9 @@ QMessageBox* ContentView::errorAlert() const
 void ContentView::showEvent(QShowEvent* event)
 {
     QWidget::showEvent(event);
+    // Restoring a minimised window is not appearing: a failed first load is not retried.
+    if (event->spontaneous())
+        return;
     m_viewModel.setSettings(&m_settings);
     m_errorAlert->showMessage();
     if (m_settings.isConfigured() && m_viewModel.products().isEmpty())
@@ -128,6 +132,7 @@ void ContentView::replaceContent(QWidget* content)
     m_layout->insertWidget(m_layout->indexOf(m_statusBar), m_content, kContentStretch);
     // A layout would only show it on the next pass of the event loop.
     m_content->show();
+    chainFocus();
     if (!old)
         return;
     m_layout->removeWidget(old);
@@ -139,6 +144,20 @@ void ContentView::replaceContent(QWidget* content)
         old->hide();
         old->deleteLater();
     }
+}
+
+void ContentView::chainFocus()
+{
+    // Tab goes left to right through the toolbar, then the content, then the status bar.
+    QList<QWidget*> chain = m_toolbar->focusChain();
+    const QList<QWidget*> content = m_content->findChildren<QWidget*>();
+    for (QWidget* widget : content) {
+        if (widget->focusPolicy() & Qt::TabFocus)
+            chain.append(widget);
+    }
+    chain.append(m_statusBar->focusChain());
+    for (qsizetype i = 1; i < chain.size(); ++i)
+        setTabOrder(chain.at(i - 1), chain.at(i));
 }
 
 void ContentView::refresh()

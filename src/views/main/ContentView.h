@@ -52,6 +52,7 @@ private:
     void updateContent();
     QWidget* createContent(ContentState state);
     void replaceContent(QWidget* content);
+    void chainFocus();
     void refresh();
 
     AppSettings& m_settings;

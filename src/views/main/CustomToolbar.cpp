@@ -39,7 +39,10 @@ QWidget* pickerGroup(const QString& title, QComboBox* picker, QWidget* parent)
     auto* layout = new QHBoxLayout(group);
     layout->setContentsMargins(0, 0, 0, 0);
     layout->setSpacing(4);
-    layout->addWidget(new ThemedLabel(title, Theme::systemFont(12), &Theme::secondaryText, group));
+    auto* label = new ThemedLabel(title, Theme::systemFont(12), &Theme::secondaryText, group);
+    // Screen readers name the picker after this label.
+    label->setBuddy(picker);
+    layout->addWidget(label);
     picker->setParent(group);
     picker->setFixedWidth(kPickerWidth);
     picker->setFont(Theme::body());
@@ -76,6 +79,9 @@ CustomToolbar::CustomToolbar(AppSettings& settings, ProductListViewModel& viewMo
     m_reload->setObjectName(u"reloadButton"_s);
     m_reload->setIcon(SymbolIcons::icon(u"arrow.clockwise"));
     m_reload->setAccessibleName(u"Vernieuwen"_s);
+    // The pickers have no visible title of their own: the text beside them names them.
+    m_dossierPicker->setAccessibleName(u"Dossier"_s);
+    m_templatePicker->setAccessibleName(u"Etiket"_s);
 
     auto* layout = new QHBoxLayout(this);
     layout->setContentsMargins(12, 8, 12, 8);
@@ -124,9 +130,16 @@ QWidget* CustomToolbar::checkedBadge() const
     return m_badge;
 }
 
+QList<QWidget*> CustomToolbar::focusChain() const
+{
+    return {m_dossierPicker, m_templatePicker, m_searchField, m_clearChecked, m_reload};
+}
+
 QWidget* CustomToolbar::buildSearchField()
 {
     auto* box = new RoundedBox(6, &Theme::controlBackground, &Theme::separator, this);
+    // The field has no frame of its own; the box shows where the focus is.
+    box->showFocusOf(m_searchField);
     auto* layout = new QHBoxLayout(box);
     layout->setContentsMargins(8, 4, 8, 4);
     layout->addWidget(new SymbolLabel(u"magnifyingglass"_s, 14, &Theme::secondaryText, box));
@@ -136,6 +149,7 @@ QWidget* CustomToolbar::buildSearchField()
     m_searchField->setFixedWidth(kSearchWidth);
     m_searchField->setFont(Theme::body());
     m_searchField->setPlaceholderText(u"Zoeken..."_s);
+    m_searchField->setAccessibleName(u"Zoeken"_s);
     m_searchField->setAttribute(Qt::WA_MacShowFocusRect, false);
     layout->addWidget(m_searchField);
     return box;
@@ -153,12 +167,15 @@ QWidget* CustomToolbar::buildCheckedBadge()
     layout->addWidget(m_badgeLabel);
     m_clearChecked = new QToolButton(m_badge);
     m_clearChecked->setObjectName(u"clearCheckedButton"_s);
+    m_clearChecked->setAccessibleName(u"Selectie wissen"_s);
     m_clearChecked->setAutoRaise(true);
     m_clearChecked->setCursor(Qt::PointingHandCursor);
     m_clearChecked->setIcon(SymbolIcons::tinted(u"xmark", Qt::white));
     m_clearChecked->setIconSize(QSize(10, 10));
+    // A white ring on the green badge while it has the keyboard focus.
     m_clearChecked->setStyleSheet(
-        u"QToolButton { border: none; padding: 0px; background: transparent; }"_s);
+        u"QToolButton { border: 1px solid transparent; border-radius: 3px; padding: 0px;"
+        " background: transparent; } QToolButton:focus { border-color: white; }"_s);
     layout->addWidget(m_clearChecked);
     return m_badge;
 }

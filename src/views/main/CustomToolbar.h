@@ -31,6 +31,8 @@ public:
     QLabel* checkedBadgeLabel() const { return m_badgeLabel; }
     QToolButton* clearCheckedButton() const { return m_clearChecked; }
     QPushButton* reloadButton() const { return m_reload; }
+    // The controls that take the keyboard focus, left to right.
+    QList<QWidget*> focusChain() const;
 
 private:
     QWidget* buildSearchField();

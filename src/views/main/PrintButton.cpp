@@ -5,18 +5,17 @@
 #include "Theme.h"
 
 #include <QEvent>
-#include <QPainter>
-#include <QPainterPath>
+#include <QPixmap>
+#include <QStyle>
 
 using namespace Qt::StringLiterals;
 
 namespace {
 
 constexpr int kSymbolSize = 14;
-constexpr int kSpacing = 6;
-constexpr int kPaddingX = 8 + 6; // the label's padding plus the bezel
+constexpr int kPaddingX = 8 + 4; // the label's padding plus the bezel, less the 2 pixel ring
 constexpr int kHeight = 28;      // large control size
-constexpr qreal kRadius = 6;
+constexpr int kRadius = 6;
 // The small wheel is drawn at 0.7 of its usual 16 pixels inside the 14 pixel frame.
 constexpr int kBusyDiameter = 11;
 
@@ -25,19 +24,30 @@ QColor highlightedText(const QPalette& palette)
     return palette.color(QPalette::Active, QPalette::HighlightedText);
 }
 
+QIcon blankIcon()
+{
+    QPixmap blank(kSymbolSize, kSymbolSize);
+    blank.fill(Qt::transparent);
+    return QIcon(blank);
+}
+
 } // namespace
 
 PrintButton::PrintButton(QWidget* parent)
-    : QAbstractButton(parent),
-      m_busyIndicator(new BusyIndicator(kBusyDiameter, &highlightedText, this))
+    : QPushButton(u"Start afdrukken"_s, parent),
+      m_busyIndicator(new BusyIndicator(kBusyDiameter, &highlightedText, this)),
+      m_blank(blankIcon())
 {
-    setText(u"Start afdrukken"_s);
     setFont(Theme::systemFont(13, QFont::Medium));
-    setFocusPolicy(Qt::TabFocus);
-    setCursor(Qt::ArrowCursor);
+    setFocusPolicy(Qt::StrongFocus);
     setSizePolicy(QSizePolicy::Fixed, QSizePolicy::Fixed);
-    setAttribute(Qt::WA_Hover);
+    setFixedHeight(kHeight);
+    setIconSize(QSize(kSymbolSize, kSymbolSize));
+    setAccessibleDescription(u"Drukt de aangevinkte producten af"_s);
     m_busyIndicator->hide();
+    if (parent)
+        parent->installEventFilter(this);
+    applyPalette();
 }
 
 void PrintButton::setBusy(bool busy)
@@ -46,78 +56,74 @@ void PrintButton::setBusy(bool busy)
         return;
     m_busy = busy;
     m_busyIndicator->setVisible(busy);
-    update();
-}
-
-QSize PrintButton::sizeHint() const
-{
-    const int textWidth = fontMetrics().horizontalAdvance(text());
-    return {kPaddingX + kSymbolSize + kSpacing + textWidth + kPaddingX,
-            qMax(kHeight, fontMetrics().height() + 2 * 4)};
-}
-
-QSize PrintButton::minimumSizeHint() const
-{
-    return sizeHint();
-}
-
-void PrintButton::paintEvent(QPaintEvent*)
-{
-    QPainter painter(this);
-    painter.setRenderHint(QPainter::Antialiasing);
-    QPainterPath shape;
-    shape.addRoundedRect(QRectF(rect()).adjusted(0.5, 0.5, -0.5, -0.5), kRadius, kRadius);
-    painter.fillPath(shape, fillColor());
-    if (hasFocus()) {
-        painter.setPen(QPen(Theme::accent(palette()).lighter(140), 2));
-        painter.drawPath(shape);
-    }
-
-    const QColor label = labelColor();
-    if (!m_busy)
-        SymbolIcons::tinted(u"printer.fill", label).paint(&painter, symbolRect());
-    painter.setPen(label);
-    const QRect textRect = rect().adjusted(symbolRect().right() + 1 + kSpacing, 0, -kPaddingX, 0);
-    painter.drawText(textRect, Qt::AlignVCenter | Qt::AlignLeft, text());
+    showSymbol();
 }
 
 void PrintButton::resizeEvent(QResizeEvent* event)
 {
-    QAbstractButton::resizeEvent(event);
-    const QRect frame = symbolRect();
-    m_busyIndicator->move(frame.x() + (frame.width() - kBusyDiameter) / 2,
-                          frame.y() + (frame.height() - kBusyDiameter) / 2);
+    QPushButton::resizeEvent(event);
+    // Where the style puts the icon: after the ring and the padding, centred in height.
+    const int x = 2 + kPaddingX + (kSymbolSize - kBusyDiameter) / 2;
+    m_busyIndicator->move(x, (height() - kBusyDiameter) / 2);
 }
 
 void PrintButton::changeEvent(QEvent* event)
 {
-    QAbstractButton::changeEvent(event);
-    if (event->type() == QEvent::EnabledChange) {
-        m_busyIndicator->setColor(isEnabled() ? &highlightedText : &Theme::secondaryText);
-        update();
+    QPushButton::changeEvent(event);
+    if (event->type() == QEvent::ParentChange) {
+        // The style sheet fixes this button's own palette, so a new palette reaches
+        // it only through its parent's.
+        if (parentWidget())
+            parentWidget()->installEventFilter(this);
+        applyPalette();
+    } else if (event->type() == QEvent::EnabledChange) {
+        showSymbol();
     }
 }
 
-QRect PrintButton::symbolRect() const
+bool PrintButton::eventFilter(QObject* watched, QEvent* event)
 {
-    return {kPaddingX, (height() - kSymbolSize) / 2, kSymbolSize, kSymbolSize};
+    if (watched == parentWidget() && event->type() == QEvent::PaletteChange)
+        applyPalette();
+    return QPushButton::eventFilter(watched, event);
 }
 
-QColor PrintButton::fillColor() const
+// The colours follow the palette; they are worked out here, once per palette,
+// not on every paint.
+void PrintButton::applyPalette()
 {
-    if (!isEnabled())
-        return Theme::separator(palette());
-    const QColor accent = Theme::accent(palette());
-    if (isDown())
-        return accent.darker(125);
-    if (underMouse())
-        return accent.lighter(110);
-    return accent;
+    // The parent's palette: the button's own carries what the style sheet set.
+    const QPalette current = Theme::inheritedPalette(this);
+    const QColor accent = Theme::accent(current);
+    const QColor label = highlightedText(current);
+    const QColor disabledFill = Theme::separator(current);
+    const QColor disabledLabel = Theme::secondaryText(current);
+
+    // A two pixel ring, transparent until the button has focus, keeps the size the same.
+    const QString sheet =
+        uR"(QPushButton { background: %1; color: %2; border: 2px solid transparent;
+  border-radius: %3px; padding: 0px %4px; }
+QPushButton:hover { background: %5; }
+QPushButton:pressed { background: %6; }
+QPushButton:focus { border-color: %7; }
+QPushButton:disabled { background: %8; color: %9; })"_s.arg(accent.name(), label.name())
+            .arg(kRadius)
+            .arg(kPaddingX)
+            .arg(accent.lighter(110).name(), accent.darker(125).name(),
+                 Theme::primaryText(current).name(), disabledFill.name(), disabledLabel.name());
+    if (sheet == styleSheet())
+        return;
+    m_symbol = SymbolIcons::tinted(u"printer.fill", label);
+    m_disabledSymbol = SymbolIcons::tinted(u"printer.fill", disabledLabel);
+    setStyleSheet(sheet);
+    showSymbol();
 }
 
-QColor PrintButton::labelColor() const
+void PrintButton::showSymbol()
 {
-    if (!isEnabled())
-        return Theme::secondaryText(palette());
-    return highlightedText(palette());
+    if (m_busy)
+        setIcon(m_blank);
+    else
+        setIcon(isEnabled() ? m_symbol : m_disabledSymbol);
+    m_busyIndicator->setColor(isEnabled() ? &highlightedText : &Theme::secondaryText);
 }

@@ -1,12 +1,13 @@
 #pragma once
 
-#include <QAbstractButton>
+#include <QIcon>
+#include <QPushButton>
 
 class BusyIndicator;
 
 // The accent-filled "Start afdrukken" button: a printer symbol and the text,
 // or a small spinning wheel in place of the symbol while a print run is busy.
-class PrintButton : public QAbstractButton
+class PrintButton : public QPushButton
 {
     Q_OBJECT
 
@@ -16,19 +17,18 @@ public:
     bool isBusy() const { return m_busy; }
     void setBusy(bool busy);
 
-    QSize sizeHint() const override;
-    QSize minimumSizeHint() const override;
-
 protected:
-    void paintEvent(QPaintEvent* event) override;
     void resizeEvent(QResizeEvent* event) override;
     void changeEvent(QEvent* event) override;
+    bool eventFilter(QObject* watched, QEvent* event) override;
 
 private:
-    QRect symbolRect() const;
-    QColor fillColor() const;
-    QColor labelColor() const;
+    void applyPalette();
+    void showSymbol();
 
     BusyIndicator* m_busyIndicator;
+    QIcon m_symbol;
+    QIcon m_disabledSymbol;
+    QIcon m_blank;
     bool m_busy = false;
 };

@@ -13,6 +13,8 @@
 #include <QVBoxLayout>
 #include <array>
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 constexpr int kRowHeight = 24;
@@ -54,6 +56,7 @@ ProductListView::~ProductListView() = default;
 void ProductListView::configureTable()
 {
     m_table->setModel(m_proxy);
+    m_table->setAccessibleName(u"Producten"_s);
     m_table->setItemDelegateForColumn(ProductTableModel::kCheckColumn, m_checkDelegate);
     m_table->setFrameShape(QFrame::NoFrame);
     m_table->setFont(Theme::body());
@@ -66,6 +69,8 @@ void ProductListView::configureTable()
     m_table->setTextElideMode(Qt::ElideRight);
     m_table->setHorizontalScrollMode(QAbstractItemView::ScrollPerPixel);
     m_table->setCornerButtonEnabled(false);
+    // Tab leaves the table for the status bar instead of walking its cells.
+    m_table->setTabKeyNavigation(false);
     m_table->verticalHeader()->hide();
     m_table->verticalHeader()->setSectionResizeMode(QHeaderView::Fixed);
     m_table->verticalHeader()->setDefaultSectionSize(kRowHeight);
@@ -74,7 +79,9 @@ void ProductListView::configureTable()
     header->setHighlightSections(false);
     header->setSectionsClickable(true);
     header->setSortIndicatorShown(true);
-    header->setStretchLastSection(false);
+    // The last column takes what the others leave, as desktop tables do; its stored
+    // width is where it starts and how narrow it gets.
+    header->setStretchLastSection(true);
     header->setMinimumSectionSize(1); // the per-column minimums are kept by keepMinimumWidth
     header->setSectionResizeMode(QHeaderView::Interactive);
     header->setSectionResizeMode(ProductTableModel::kCheckColumn, QHeaderView::Fixed);

@@ -17,11 +17,6 @@ namespace {
 
 constexpr int kQuantityWidth = 60;
 
-QColor green(const QPalette&)
-{
-    return Theme::green();
-}
-
 } // namespace
 
 StatusBarView::StatusBarView(AppSettings& settings, ProductListViewModel& viewModel,
@@ -71,8 +66,10 @@ QWidget* StatusBarView::buildSuccessRow()
     auto* layout = new QHBoxLayout(m_successRow);
     layout->setContentsMargins(0, 0, 0, 0);
     layout->setSpacing(4);
-    layout->addWidget(new SymbolLabel(u"checkmark.circle.fill"_s, 11, &green, m_successRow));
-    m_successLabel = new ThemedLabel(QString(), Theme::caption(), &green, m_successRow);
+    layout->addWidget(
+        new SymbolLabel(u"checkmark.circle.fill"_s, 11, &Theme::successText, m_successRow));
+    m_successLabel =
+        new ThemedLabel(QString(), Theme::caption(), &Theme::successText, m_successRow);
     m_successLabel->setTextFormat(Qt::PlainText);
     layout->addWidget(m_successLabel);
     return m_successRow;
@@ -93,6 +90,7 @@ QWidget* StatusBarView::buildPrintControls()
     m_quantityField->setFixedWidth(kQuantityWidth);
     m_quantityField->setAlignment(Qt::AlignCenter);
     m_quantityField->setFont(Theme::body());
+    m_quantityField->setAccessibleName(u"Aantal"_s);
     connect(m_quantityField, &QLineEdit::editingFinished, this, &StatusBarView::commitQuantity);
     layout->addWidget(m_quantityField);
 
@@ -101,6 +99,11 @@ QWidget* StatusBarView::buildPrintControls()
     connect(m_printButton, &PrintButton::clicked, this, &StatusBarView::startPrinting);
     layout->addWidget(m_printButton);
     return m_printControls;
+}
+
+QList<QWidget*> StatusBarView::focusChain() const
+{
+    return {m_quantityField, m_printButton};
 }
 
 void StatusBarView::showCount()

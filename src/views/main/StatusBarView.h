@@ -27,6 +27,8 @@ public:
     QLineEdit* quantityField() const { return m_quantityField; }
     PrintButton* printButton() const { return m_printButton; }
     QLabel* versionLabel() const { return m_versionLabel; }
+    // The controls that take the keyboard focus, left to right.
+    QList<QWidget*> focusChain() const;
 
 private:
     QWidget* buildSuccessRow();

@@ -2,6 +2,7 @@
 
 #include "SymbolIcons.h"
 
+#include <QEvent>
 #include <QPainter>
 
 SymbolLabel::SymbolLabel(const QString& symbolName, int pixelSize, Theme::PaletteColor color,
@@ -9,6 +10,7 @@ SymbolLabel::SymbolLabel(const QString& symbolName, int pixelSize, Theme::Palett
     : QWidget(parent), m_symbolName(symbolName), m_color(color)
 {
     setFixedSize(pixelSize, pixelSize);
+    tint();
 }
 
 void SymbolLabel::setSymbolName(const QString& symbolName)
@@ -16,6 +18,20 @@ void SymbolLabel::setSymbolName(const QString& symbolName)
     if (symbolName == m_symbolName)
         return;
     m_symbolName = symbolName;
+    tint();
+}
+
+void SymbolLabel::changeEvent(QEvent* event)
+{
+    QWidget::changeEvent(event);
+    if (event->type() == QEvent::PaletteChange)
+        tint();
+}
+
+// Once per symbol and palette, not on every paint.
+void SymbolLabel::tint()
+{
+    m_icon = SymbolIcons::tinted(m_symbolName, m_color(palette()));
     update();
 }
 
@@ -23,6 +39,5 @@ void SymbolLabel::paintEvent(QPaintEvent*)
 {
     QPainter painter(this);
     const QIcon::Mode mode = isEnabled() ? QIcon::Normal : QIcon::Disabled;
-    SymbolIcons::tinted(m_symbolName, m_color(palette()))
-        .paint(&painter, rect(), Qt::AlignCenter, mode);
+    m_icon.paint(&painter, rect(), Qt::AlignCenter, mode);
 }

@@ -2,6 +2,7 @@
 
 #include "Theme.h"
 
+#include <QIcon>
 #include <QWidget>
 
 // One symbol of the bundled set at a fixed pixel size in a named colour.
@@ -18,8 +19,12 @@ public:
 
 protected:
     void paintEvent(QPaintEvent* event) override;
+    void changeEvent(QEvent* event) override;
 
 private:
+    void tint();
+
     QString m_symbolName;
     Theme::PaletteColor m_color;
+    QIcon m_icon;
 };

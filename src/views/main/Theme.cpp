@@ -3,6 +3,7 @@
 #include <QApplication>
 #include <QFontDatabase>
 #include <QWidget>
+#include <cmath>
 
 namespace {
 
@@ -15,7 +16,41 @@ QColor blend(const QColor& base, const QColor& over, qreal weight)
                             base.blueF() * keep + over.blueF() * weight);
 }
 
+double relativeLuminance(const QColor& color)
+{
+    const auto linear = [](qreal channel) {
+        return channel <= 0.04045 ? channel / 12.92 : std::pow((channel + 0.055) / 1.055, 2.4);
+    };
+    return 0.2126 * linear(color.redF()) + 0.7152 * linear(color.greenF()) +
+           0.0722 * linear(color.blueF());
+}
+
+// `color`, moved towards black or white (whichever stands out more from the
+// background) just far enough to reach the minimum contrast.
+QColor readableOn(const QColor& color, const QColor& background)
+{
+    const QColor black(Qt::black);
+    const QColor white(Qt::white);
+    const QColor extreme =
+        Theme::contrastRatio(black, background) >= Theme::contrastRatio(white, background) ? black
+                                                                                           : white;
+    constexpr int kSteps = 20;
+    for (int step = 0; step < kSteps; ++step) {
+        const QColor candidate = blend(color, extreme, qreal(step) / kSteps);
+        if (Theme::contrastRatio(candidate, background) >= Theme::kMinimumContrast)
+            return candidate;
+    }
+    return extreme;
+}
+
 } // namespace
+
+double Theme::contrastRatio(const QColor& first, const QColor& second)
+{
+    const double a = relativeLuminance(first);
+    const double b = relativeLuminance(second);
+    return (qMax(a, b) + 0.05) / (qMin(a, b) + 0.05);
+}
 
 QColor Theme::windowBackground(const QPalette& palette)
 {
@@ -34,7 +69,8 @@ QColor Theme::primaryText(const QPalette& palette)
 
 QColor Theme::secondaryText(const QPalette& palette)
 {
-    return blend(palette.color(QPalette::Window), palette.color(QPalette::WindowText), 0.55);
+    const QColor window = palette.color(QPalette::Window);
+    return readableOn(blend(window, palette.color(QPalette::WindowText), 0.55), window);
 }
 
 QColor Theme::separator(const QPalette& palette)
@@ -50,6 +86,11 @@ QColor Theme::accent(const QPalette& palette)
 QColor Theme::green()
 {
     return QColor(52, 199, 89);
+}
+
+QColor Theme::successText(const QPalette& palette)
+{
+    return readableOn(green(), palette.color(QPalette::Window));
 }
 
 QColor Theme::red()

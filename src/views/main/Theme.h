@@ -21,6 +21,8 @@ public:
     static QColor separator(const QPalette& palette);
     static QColor accent(const QPalette& palette);
     static QColor green();
+    // Green for text on the window background, darkened or lightened as far as it takes to read.
+    static QColor successText(const QPalette& palette);
     static QColor red();
     static QColor orange();
     static QColor blue();
@@ -33,6 +35,11 @@ public:
     static QFont headline();    // 13 px bold
     static QFont subheadline(); // 11 px
     static QFont title2();      // 17 px
+
+    // Text colours keep at least this contrast against their background.
+    static constexpr double kMinimumContrast = 4.5;
+    // The contrast ratio of two colours as accessibility guidelines define it (1 to 21).
+    static double contrastRatio(const QColor& first, const QColor& second);
 
     // The palette a themed child should read its colours from: its parent's,
     // since the child's own palette carries the colour it was given.

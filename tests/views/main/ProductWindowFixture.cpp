@@ -6,10 +6,9 @@
 #include <QJsonArray>
 #include <QJsonDocument>
 #include <QJsonObject>
+#include <algorithm>
 
 using namespace Qt::StringLiterals;
-
-const QString ProductWindowFixture::kTemplateZPL = u"^XA^FD{{ARTIKELNR}}|{{NAAM}}^FS^XZ"_s;
 
 ProductWindowFixture::ProductWindowFixture()
 {
@@ -28,12 +27,9 @@ bool ProductWindowFixture::isReady() const
 
 int ProductWindowFixture::productRequestCount() const
 {
-    int count = 0;
-    for (const LoopbackHttpServer::Request& request : m_server.requests()) {
-        if (request.path == "/product")
-            ++count;
-    }
-    return count;
+    const QList<LoopbackHttpServer::Request>& requests = m_server.requests();
+    return int(std::count_if(requests.cbegin(), requests.cend(),
+                             [](const auto& request) { return request.path == "/product"; }));
 }
 
 void ProductWindowFixture::serveProducts(const QList<Product>& products,
@@ -70,7 +66,8 @@ void ProductWindowFixture::configure(AppSettings& settings) const
     printer.port = m_sink.port();
     LabelTemplate label;
     label.name = u"Schap"_s;
-    label.zplContent = kTemplateZPL;
+    // Two placeholders, so every job at the sink names its product.
+    label.zplContent = u"^XA^FD{{ARTIKELNR}}|{{NAAM}}^FS^XZ"_s;
     label.printerID = printer.id;
     settings.setDossiers({dossier});
     settings.setSelectedDossierID(dossier.id);
@@ -94,11 +91,12 @@ Product ProductWindowFixture::product(qint64 id, const QString& sku, const QStri
 {
     Product product;
     product.ID = id;
+    product.SellPrice1WithVat = price;
+    // A null text stands for a field the service left out.
     if (!sku.isNull())
         product.Sku = sku;
     if (!name.isNull())
         product.Name = name;
-    product.SellPrice1WithVat = price;
     if (!barcode.isNull())
         product.BarCode = barcode;
     return product;

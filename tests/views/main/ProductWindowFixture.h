@@ -5,23 +5,17 @@
 #include "TestHome.h"
 #include "services/Product.h"
 
-#include <QByteArray>
-#include <QList>
 #include <chrono>
 #include <memory>
 
 class AppSettings;
 class ProductListViewModel;
 
-// What the product window needs around it in a test: a temporary home, a
-// product service and a label printer, both on 127.0.0.1, and a store that
-// points at them.
+// A temporary home, a product service and a label printer on 127.0.0.1, and
+// a store that points at them: what the product window needs in a test.
 class ProductWindowFixture
 {
 public:
-    // ZPL with two placeholders, so every job at the sink names its product.
-    static const QString kTemplateZPL;
-
     ProductWindowFixture();
     ~ProductWindowFixture();
 
@@ -38,10 +32,9 @@ public:
     // The service answers with this status and no products from now on.
     void serveStatus(int status);
 
-    // A store with one dossier with an API key, one printer on the sink and one
-    // template bound to it, all selected.
+    // One dossier with an API key, one printer on the sink and one template
+    // bound to it, all selected: in a new store or an existing one.
     std::unique_ptr<AppSettings> makeConfiguredSettings() const;
-    // The same records, put into an existing store.
     void configure(AppSettings& settings) const;
     // A view model that loads from the fixture's service.
     std::unique_ptr<ProductListViewModel> makeViewModel() const;

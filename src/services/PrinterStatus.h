@@ -1,0 +1,50 @@
+#pragma once
+
+#include <QByteArrayView>
+#include <QString>
+#include <QStringList>
+#include <optional>
+
+// What a ZPL printer says about itself in its answer to "~HS", or why there
+// was no usable answer. Settings views show summary() in one line: green when
+// isReady(), red otherwise.
+class PrinterStatus
+{
+public:
+    // The answer may not be longer than this; a printer sends about 100 bytes.
+    static constexpr qsizetype kMaxAnswerBytes = 1024;
+
+    // From the three STX...ETX CR LF strings of a whole answer; nothing when
+    // the answer is malformed, too long or cut short.
+    static std::optional<PrinterStatus> fromAnswer(QByteArrayView answer);
+    // A query that got no usable answer; `text` is shown as it is.
+    static PrinterStatus failed(QString text);
+    // Whether `received` holds all three strings (well-formed or not).
+    static bool isWholeAnswer(QByteArrayView received);
+
+    bool paperOut = false;
+    bool paused = false;
+    bool headUp = false;
+    bool ribbonOut = false;
+    bool bufferFull = false;
+    bool overTemperature = false;
+    bool underTemperature = false;
+    bool configurationLost = false;
+    bool thermalTransfer = false;
+    int printMode = 0;
+    int labelLengthDots = 0;
+    int formatsInBuffer = 0;
+    int labelsRemaining = 0;
+
+    // Empty for an answer; the reason otherwise.
+    const QString& failure() const { return m_failure; }
+    // The Dutch problem texts of the flags that are set, most urgent first.
+    QStringList problems() const;
+    bool isReady() const { return m_failure.isEmpty() && problems().isEmpty(); }
+    // "Gereed" (naming the formats waiting, if any), the problems joined by
+    // ", ", or the failure.
+    QString summary() const;
+
+private:
+    QString m_failure;
+};

@@ -1,0 +1,131 @@
+#include "AwaitTask.h"
+#include "DemoHome.h"
+#include "SimulatorOptions.h"
+#include "TestHome.h"
+#include "VirtualPrinter.h"
+#include "services/PrinterService.h"
+#include "services/PrinterStatusService.h"
+
+#include <QDir>
+#include <QFile>
+#include <QTemporaryDir>
+#include <QTest>
+
+using namespace Qt::StringLiterals;
+using namespace std::chrono_literals;
+
+// The simulator as the demo and a developer trying error paths use it.
+class SimulatorTest : public QObject
+{
+    Q_OBJECT
+
+private slots:
+    void options_data();
+    void options();
+    void printers_data();
+    void printers();
+    void demoSettingsStayOutOfTheOwnHome();
+};
+
+void SimulatorTest::options_data()
+{
+    QTest::addColumn<QString>("arguments");
+    QTest::addColumn<bool>("accepted");
+    QTest::newRow("none") << QString() << true;
+    QTest::newRow("all") << u"--service-port=0 --printer-port 20000 --printers=3 --api-key=k "
+                            "--products=100000 --delay=1500 --service-failure=http-500 "
+                            "--printer-failure=hang --printer-state=head-open --demo-home=/tmp/d"_s
+                         << true;
+    QTest::newRow("port too large") << u"--service-port=65536"_s << false;
+    QTest::newRow("ports past the end") << u"--printer-port=65535 --printers=2"_s << false;
+    QTest::newRow("unknown failure") << u"--printer-failure=boom"_s << false;
+    QTest::newRow("unknown state") << u"--printer-state=on-fire"_s << false;
+    QTest::newRow("stray argument") << u"extra"_s << false;
+}
+
+void SimulatorTest::options()
+{
+    QFETCH(QString, arguments);
+    QFETCH(bool, accepted);
+    SimulatorOptions options;
+    QString message;
+    const auto outcome = SimulatorOptions::parse(QStringList{u"stampix-simulator"_s} +
+                                                     arguments.split(u' ', Qt::SkipEmptyParts),
+                                                 &options, &message);
+    QCOMPARE(outcome == SimulatorOptions::Outcome::run, accepted);
+    QCOMPARE(message.isEmpty(), accepted);
+    if (arguments.contains(u"head-open"_s))
+        QCOMPARE(options.printerState, VirtualPrinter::State::headOpen);
+}
+
+void SimulatorTest::printers_data()
+{
+    const QString silence =
+        u"Geen antwoord op de statusvraag: papier of lint op, kop open of te warm?"_s;
+    const QString unknown = u"Onbekend antwoord van de printer"_s;
+    QTest::addColumn<QString>("state");
+    QTest::addColumn<QString>("failure");
+    QTest::addColumn<QString>("status");
+    QTest::addColumn<QString>("sent"); // the start of the send's error; empty: printed
+    QTest::newRow("ready") << u"ready"_s << u"none"_s << u"Gereed"_s << QString();
+    QTest::newRow("paper-out") << u"paper-out"_s << u"none"_s << u"Papier op"_s << QString();
+    QTest::newRow("paused") << u"paused"_s << u"none"_s << u"Gepauzeerd"_s << QString();
+    QTest::newRow("buffer-full") << u"buffer-full"_s << u"none"_s << u"Ontvangstbuffer vol"_s
+                                 << QString();
+    QTest::newRow("head-open") << u"head-open"_s << u"none"_s << silence << QString();
+    QTest::newRow("ribbon-out") << u"ribbon-out"_s << u"none"_s << silence << QString();
+    QTest::newRow("refuse") << u"ready"_s << u"refuse"_s << u"Verbinding mislukt: "_s
+                            << u"Verbinding mislukt: "_s;
+    QTest::newRow("hang") << u"ready"_s << u"hang"_s << u"Verbinding time-out"_s
+                          << u"Verbinding time-out"_s;
+    QTest::newRow("drop") << u"ready"_s << u"drop"_s << unknown << u"Verzenden mislukt: "_s;
+    QTest::newRow("reset") << u"ready"_s << u"reset"_s << unknown << u"Verzenden mislukt: "_s;
+}
+
+// Every state answers the status query as a printer does and still takes jobs
+// (a query is never kept as one); every failure fails both.
+void SimulatorTest::printers()
+{
+    QFETCH(QString, state);
+    QFETCH(QString, failure);
+    QFETCH(QString, status);
+    QFETCH(QString, sent);
+    QTemporaryDir jobs;
+    VirtualPrinter printer(u"P"_s, jobs.path(), *VirtualPrinter::failureFromName(failure),
+                           *VirtualPrinter::stateFromName(state));
+    QString error;
+    if (!printer.start(0, &error))
+        QSKIP(qPrintable(error));
+    const auto timeout = failure == u"hang"_s ? 300ms : 5000ms;
+    // Large enough that a dropped or reset connection cannot take it all.
+    const QString label = u"^XA^FD\u00e9"_s + QString(sent.isEmpty() ? 0 : 1 << 23, u'x');
+
+    const PrinterStatus answer =
+        awaitTask(PrinterStatusService(timeout, 300ms).queryStatus(u"127.0.0.1"_s, printer.port()));
+    QVERIFY2(answer.summary().startsWith(status), qPrintable(answer.summary()));
+    const auto result =
+        awaitTask(PrinterService(timeout).sendZPL(label, u"127.0.0.1"_s, printer.port()));
+    QVERIFY2(result ? !sent.isEmpty() && result->errorDescription().startsWith(sent)
+                    : sent.isEmpty(),
+             qPrintable(result ? result->errorDescription() : QString()));
+    if (!sent.isEmpty())
+        return;
+    QTRY_COMPARE(QDir(jobs.path()).entryList(QDir::Files), QStringList{u"job-000001.zpl"_s});
+    QFile job(jobs.filePath(u"job-000001.zpl"_s));
+    QVERIFY(job.open(QIODevice::ReadOnly));
+    QCOMPARE(job.readAll(), "^XA^FD\xC3\xA9");
+}
+
+void SimulatorTest::demoSettingsStayOutOfTheOwnHome()
+{
+    // A stand-in home, so a broken guard could not reach real settings.
+    TestHome home;
+    const QString own = QDir::homePath();
+    for (const QString& spelling :
+         {own, own + u'/', own + u"/."_s, own + u"/../"_s + QDir(own).dirName(), QString()})
+        QVERIFY2(DemoHome::write(spelling, u"k"_s, 9100), qPrintable(spelling));
+    QVERIFY(!QFile::exists(home.settingsFilePath()));
+}
+
+QTEST_GUILESS_MAIN(SimulatorTest)
+#include "tst_Simulator.moc"

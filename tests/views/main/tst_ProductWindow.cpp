@@ -1,0 +1,401 @@
+#include "ContentView.h"
+#include "CustomToolbar.h"
+#include "NoResultsView.h"
+#include "PrintButton.h"
+#include "ProductListView.h"
+#include "ProductTableModel.h"
+#include "ProductWindowFixture.h"
+#include "StatusBarView.h"
+#include "model/AppSettings.h"
+#include "viewmodels/ProductListViewModel.h"
+
+#include <QAccessible>
+#include <QApplication>
+#include <QComboBox>
+#include <QHeaderView>
+#include <QLabel>
+#include <QLineEdit>
+#include <QMessageBox>
+#include <QTableView>
+#include <QTest>
+#include <QToolButton>
+
+using namespace Qt::StringLiterals;
+using namespace std::chrono_literals;
+using Fixture = ProductWindowFixture;
+using State = ContentView::ContentState;
+
+// The product window: its states, its alert, the toolbar, the table and the status bar.
+class ProductWindowTest : public QObject
+{
+    Q_OBJECT
+
+private slots:
+    void init();
+    void cleanup();
+
+    void statesFollowTheLoadAndTheSearch();
+    void appearingAndAlerts_data();
+    void appearingAndAlerts();
+    void onlyAnotherDossierReloads();
+    void printBadgeAndReloadButtons();
+    void clickAnywhereInTheCheckCellToggles();
+    void spaceBar_data();
+    void spaceBar();
+    void spaceInTheSearchFieldTypesNoBlankWhileTheTableIsShown();
+    void columnWidthsComeFromTheStoreAndKeepTheirMinimum();
+    void everyControlHasANameAndARole_data();
+    void everyControlHasANameAndARole();
+    void tabWalksTheWindowInVisualOrder();
+
+private:
+    void showWindow(int status = 200, std::chrono::milliseconds delay = 0ms);
+    void showTable();
+    void showCheckedTable();
+    QTableView* table() const;
+    qint64 idAt(int row) const;
+
+    std::unique_ptr<Fixture> m_fixture;
+    std::unique_ptr<AppSettings> m_settings;
+    std::unique_ptr<ProductListViewModel> m_viewModel;
+    std::unique_ptr<ContentView> m_view;
+    // Service order differs from the displayed order (article number ascending).
+    const QList<Product> m_products{Fixture::product(10, u"C-3"_s, u"Zaag"_s),
+                                    Fixture::product(20, u"A-1"_s, u"Hamer"_s),
+                                    Fixture::product(30, u"B-2"_s, u"Beitel"_s)};
+};
+
+void ProductWindowTest::init()
+{
+    m_fixture = std::make_unique<Fixture>();
+    QVERIFY(m_fixture->isReady());
+    m_settings = m_fixture->makeConfiguredSettings();
+    m_viewModel = m_fixture->makeViewModel();
+}
+
+void ProductWindowTest::cleanup()
+{
+    m_view.reset();
+    m_viewModel.reset();
+    m_settings.reset();
+    m_fixture.reset();
+}
+
+void ProductWindowTest::showWindow(int status, std::chrono::milliseconds delay)
+{
+    m_fixture->serveProducts(m_products, delay);
+    if (status != 200)
+        m_fixture->serveStatus(status);
+    m_view = std::make_unique<ContentView>(*m_settings, *m_viewModel);
+    m_view->resize(1000, 640);
+    m_view->show();
+}
+
+void ProductWindowTest::showTable()
+{
+    showWindow();
+    QTRY_COMPARE_WITH_TIMEOUT(m_view->contentState(), State::ProductList, 5000);
+}
+
+// Every control of the window is there: the table, the badge and the print controls.
+void ProductWindowTest::showCheckedTable()
+{
+    showTable();
+    for (const Product& product : m_products)
+        m_viewModel->toggleChecked(product);
+}
+
+void ProductWindowTest::statesFollowTheLoadAndTheSearch()
+{
+    showWindow(200, 200ms);
+    QCOMPARE(m_view->contentState(), State::Loading);
+    QTRY_COMPARE_WITH_TIMEOUT(m_view->contentState(), State::ProductList, 5000);
+    m_viewModel->setSearchText(u"zzz"_s);
+    auto* noResults = qobject_cast<NoResultsView*>(m_view->contentWidget());
+    QVERIFY(noResults);
+    QCOMPARE(noResults->headlineText(), u"Geen resultaten voor \"zzz\""_s);
+
+    // A reload hides the table, even with products known; no API key hides the reload.
+    m_viewModel->fetchProducts();
+    QCOMPARE(m_view->contentState(), State::Loading);
+    m_settings->updateDossier(0, [](Dossier& dossier) { dossier.apiKey.clear(); });
+    QCOMPARE(m_view->contentState(), State::ConfigurationNeeded);
+    QTRY_VERIFY_WITH_TIMEOUT(!m_viewModel->isLoading(), 5000);
+    QCOMPARE(m_view->contentState(), State::ConfigurationNeeded);
+#ifndef Q_OS_MACOS
+    QCOMPARE(m_view->contentWidget()->findChild<QLabel*>(u"hint"_s)->text(),
+             u"Configureer een dossier met API key in Instellingen (Ctrl+,)"_s);
+#endif
+}
+
+void ProductWindowTest::appearingAndAlerts_data()
+{
+    QTest::addColumn<bool>("configured");
+    QTest::addColumn<bool>("failFirst");
+    QTest::addColumn<bool>("failReload");
+    QTest::addColumn<bool>("restore"); // from minimised, else hidden and shown again
+    QTest::addColumn<int>("requests");
+    QTest::newRow("unconfigured") << false << false << false << false << 0;
+    QTest::newRow("loaded, shown again") << true << false << false << false << 1;
+    QTest::newRow("first load failed, shown again") << true << true << false << false << 2;
+    QTest::newRow("first load failed, restored") << true << true << false << true << 1;
+    // A failed reload keeps the products; the alert comes up over the table.
+    QTest::newRow("reload failed, restored") << true << false << true << true << 2;
+}
+
+void ProductWindowTest::appearingAndAlerts()
+{
+    QFETCH(bool, configured);
+    QFETCH(bool, failFirst);
+    QFETCH(bool, failReload);
+    QFETCH(bool, restore);
+    QFETCH(int, requests);
+    if (!configured)
+        m_settings->updateDossier(0, [](Dossier& dossier) { dossier.apiKey.clear(); });
+    showWindow(failFirst ? 500 : 200);
+    QTRY_VERIFY_WITH_TIMEOUT(!m_viewModel->isLoading(), 5000);
+    if (failReload) {
+        m_fixture->serveStatus(500);
+        m_viewModel->fetchProducts();
+    }
+    if (failFirst || failReload) {
+        QTRY_VERIFY_WITH_TIMEOUT(m_view->errorAlert() && m_view->errorAlert()->isVisible(), 5000);
+        QMessageBox* alert = m_view->errorAlert();
+        QCOMPARE(alert->windowTitle(), u"Fout"_s);
+        QCOMPARE(alert->text(), u"Serverfout: HTTP 500"_s);
+        QCOMPARE(alert->buttons().size(), 1);
+        QCOMPARE(m_view->contentState(), failReload ? State::ProductList : State::Empty);
+        QTest::mouseClick(alert->buttons().first(), Qt::LeftButton);
+        QVERIFY(!m_viewModel->errorMessage());
+        QTRY_VERIFY(m_view->findChildren<QMessageBox*>().isEmpty());
+    }
+    QCOMPARE(m_viewModel->settings(), m_settings.get());
+
+    if (restore) {
+        m_view->setWindowState(Qt::WindowMinimized);
+        m_view->setWindowState(Qt::WindowNoState);
+    } else {
+        m_view->hide();
+        m_view->show();
+    }
+    QTest::qWait(100);
+    QTRY_VERIFY_WITH_TIMEOUT(!m_viewModel->isLoading(), 5000);
+    QCOMPARE(m_fixture->productRequestCount(), requests);
+    QCOMPARE(bool(m_view->errorAlert()), failFirst && !restore);
+}
+
+void ProductWindowTest::onlyAnotherDossierReloads()
+{
+    showWindow();
+    Dossier second;
+    second.apiKey = u"key-2"_s;
+    const QUuid first = m_settings->dossiers().at(0).id;
+    m_settings->setDossiers({m_settings->dossiers().at(0), second});
+    QComboBox* picker = m_view->toolbar()->dossierPicker();
+    QTest::keyClick(picker, Qt::Key_Down);
+    QCOMPARE(m_settings->selectedDossierID(), second.id);
+    QTRY_COMPARE_WITH_TIMEOUT(m_fixture->productRequestCount(), 2, 5000);
+    emit picker->activated(picker->currentIndex());
+    m_settings->setSelectedDossierID(second.id);
+    // A change made elsewhere, for example in the settings window, reloads.
+    m_settings->setSelectedDossierID(first);
+    QCOMPARE(picker->currentIndex(), 0);
+    QTRY_COMPARE_WITH_TIMEOUT(m_fixture->productRequestCount(), 3, 5000);
+    QTest::qWait(150);
+    QCOMPARE(m_fixture->productRequestCount(), 3);
+}
+
+void ProductWindowTest::printBadgeAndReloadButtons()
+{
+    m_settings->updatePrinter(0, [](Printer& printer) { printer.ipAddress.clear(); });
+    showCheckedTable();
+    PrintButton* print = m_view->statusBar()->printButton();
+    QVERIFY(print->isVisible() && !print->isEnabled());
+    m_settings->updatePrinter(0, [](Printer& printer) { printer.ipAddress = u"127.0.0.1"_s; });
+    QTest::mouseClick(print, Qt::LeftButton);
+    QVERIFY(!print->isEnabled() && print->isBusy());
+    QTRY_VERIFY_WITH_TIMEOUT(!m_view->statusBar()->isPrinting(), 10000);
+    QVERIFY(print->isEnabled() && !print->isBusy());
+    QCOMPARE(m_fixture->sink().jobs().size(), m_products.size());
+
+    CustomToolbar* toolbar = m_view->toolbar();
+    QTest::mouseClick(toolbar->clearCheckedButton(), Qt::LeftButton);
+    QVERIFY(!toolbar->checkedBadge()->isVisible() && !print->isVisible());
+    m_fixture->serveProducts(m_products, 200ms);
+    QTest::mouseClick(toolbar->reloadButton(), Qt::LeftButton);
+    QVERIFY(!toolbar->reloadButton()->isEnabled());
+    QTRY_VERIFY_WITH_TIMEOUT(toolbar->reloadButton()->isEnabled(), 5000);
+}
+
+void ProductWindowTest::everyControlHasANameAndARole_data()
+{
+    QTest::addColumn<QString>("name");
+    QTest::addColumn<QAccessible::Role>("role");
+    QTest::newRow("dossier picker") << u"Dossier:"_s << QAccessible::ComboBox;
+    QTest::newRow("template picker") << u"Etiket:"_s << QAccessible::ComboBox;
+    QTest::newRow("search field") << u"Zoeken"_s << QAccessible::EditableText;
+    QTest::newRow("checked badge") << u"3 geselecteerd"_s << QAccessible::StaticText;
+    QTest::newRow("clear checked") << u"Selectie wissen"_s << QAccessible::Button;
+    QTest::newRow("table") << u"Producten"_s << QAccessible::Table;
+    QTest::newRow("quantity") << u"Aantal"_s << QAccessible::EditableText;
+    QTest::newRow("print button") << u"Start afdrukken"_s << QAccessible::Button;
+    QTest::newRow("success message") << u"Etiket geprint voor B-2"_s << QAccessible::StaticText;
+}
+
+void ProductWindowTest::everyControlHasANameAndARole()
+{
+    QFETCH(QString, name);
+    QFETCH(QAccessible::Role, role);
+    showCheckedTable();
+    QTest::mouseClick(m_view->statusBar()->printButton(), Qt::LeftButton);
+    QTRY_VERIFY_WITH_TIMEOUT(!m_view->statusBar()->isPrinting(), 10000);
+
+    // What a screen reader finds: every shown item of the tree, by name.
+    QMultiHash<QString, QAccessible::Role> shown;
+    QList<QAccessibleInterface*> pending{QAccessible::queryAccessibleInterface(m_view.get())};
+    while (!pending.isEmpty()) {
+        QAccessibleInterface* item = pending.takeLast();
+        if (item->state().invisible)
+            continue;
+        shown.insert(item->text(QAccessible::Name), item->role());
+        // Where a control's name comes from the label beside it, as for the pickers.
+        for (const auto& [label, relation] : item->relations(QAccessible::Label))
+            shown.insert(label->text(QAccessible::Name), item->role());
+        for (int i = 0; i < item->childCount(); ++i)
+            pending.append(item->child(i));
+    }
+    QVERIFY2(shown.values(name).contains(role), qPrintable(name));
+
+    for (QWidget* widget : m_view->findChildren<QWidget*>()) {
+        if (!widget->isVisible() || !(widget->focusPolicy() & Qt::TabFocus))
+            continue;
+        QAccessibleInterface* item = QAccessible::queryAccessibleInterface(widget);
+        QVERIFY2(!item->text(QAccessible::Name).isEmpty(), widget->metaObject()->className());
+        QVERIFY(item->role() != QAccessible::Client && item->role() != QAccessible::NoRole);
+    }
+}
+
+void ProductWindowTest::tabWalksTheWindowInVisualOrder()
+{
+    showCheckedTable();
+    CustomToolbar* bar = m_view->toolbar();
+    StatusBarView* status = m_view->statusBar();
+    const QList<QWidget*> expected{bar->dossierPicker(),    bar->templatePicker(),
+                                   bar->searchField(),      bar->clearCheckedButton(),
+                                   bar->reloadButton(),     table(),
+                                   status->quantityField(), status->printButton()};
+    m_view->activateWindow();
+    QVERIFY(QTest::qWaitForWindowActive(m_view.get()));
+    expected.first()->setFocus(Qt::TabFocusReason);
+    for (qsizetype i = 1; i <= expected.size(); ++i) {
+        QTest::keyClick(QApplication::focusWidget(), Qt::Key_Tab);
+        QCOMPARE(QApplication::focusWidget(), expected.at(i % expected.size()));
+    }
+    for (qsizetype i = expected.size() - 1; i >= 0; --i) {
+        QTest::keyClick(QApplication::focusWidget(), Qt::Key_Backtab);
+        QCOMPARE(QApplication::focusWidget(), expected.at(i));
+    }
+}
+
+QTableView* ProductWindowTest::table() const
+{
+    auto* list = qobject_cast<ProductListView*>(m_view->contentWidget());
+    return list ? list->tableView() : nullptr;
+}
+
+qint64 ProductWindowTest::idAt(int row) const
+{
+    return table()->model()->index(row, 0).data(ProductTableModel::kProductIDRole).toLongLong();
+}
+
+void ProductWindowTest::clickAnywhereInTheCheckCellToggles()
+{
+    showTable();
+    const QRect cell =
+        table()->visualRect(table()->model()->index(1, ProductTableModel::kCheckColumn));
+    QTest::mouseClick(table()->viewport(), Qt::LeftButton, {}, cell.topLeft() + QPoint(1, 1));
+    QCOMPARE(m_viewModel->checkedProductIDs(), QSet<qint64>{idAt(1)});
+    // Other cells select, they do not tick.
+    const QPoint nextCell = cell.center() + QPoint(cell.width(), 0);
+    QTest::mouseClick(table()->viewport(), Qt::LeftButton, {}, nextCell);
+    QCOMPARE(m_viewModel->checkedProductIDs().size(), 1);
+    QCOMPARE(m_viewModel->selectedProductID(), idAt(1));
+}
+
+void ProductWindowTest::spaceBar_data()
+{
+    // Displayed by article number: 20, 30 (B-2), 10 (C-3).
+    QTest::addColumn<qint64>("selected"); // 0: none
+    QTest::addColumn<QString>("search");
+    QTest::addColumn<int>("modifiers");
+    QTest::addColumn<qint64>("checked"); // 0: none
+    QTest::addColumn<qint64>("selectedAfter");
+    QTest::newRow("moves down") << 20LL << QString() << 0 << 20LL << 30LL;
+    QTest::newRow("shift held") << 30LL << QString() << int(Qt::ShiftModifier) << 30LL << 10LL;
+    QTest::newRow("last row stays") << 10LL << QString() << int(Qt::AltModifier) << 10LL << 10LL;
+    QTest::newRow("no selection") << 0LL << QString() << 0 << 0LL << 0LL;
+    QTest::newRow("selection hidden") << 10LL << u"hamer"_s << 0 << 0LL << 10LL;
+}
+
+void ProductWindowTest::spaceBar()
+{
+    QFETCH(qint64, selected);
+    QFETCH(QString, search);
+    QFETCH(int, modifiers);
+    QFETCH(qint64, checked);
+    QFETCH(qint64, selectedAfter);
+    showTable();
+    if (selected)
+        m_viewModel->setSelectedProductID(selected);
+    m_viewModel->setSearchText(search);
+    QTest::keyClick(table(), Qt::Key_Space, Qt::KeyboardModifiers(modifiers));
+    QCOMPARE(m_viewModel->checkedProductIDs(), checked ? QSet<qint64>{checked} : QSet<qint64>());
+    QCOMPARE(m_viewModel->selectedProductID().value_or(0), selectedAfter);
+    if (selectedAfter && search.isEmpty())
+        QCOMPARE(idAt(table()->selectionModel()->selectedRows().value(0).row()), selectedAfter);
+}
+
+void ProductWindowTest::spaceInTheSearchFieldTypesNoBlankWhileTheTableIsShown()
+{
+    showTable();
+    QLineEdit* search = m_view->toolbar()->searchField();
+    m_viewModel->setSelectedProductID(20);
+    QTest::keyClicks(search, u"a a"_s);
+    QCOMPARE(m_viewModel->checkedProductIDs(), QSet<qint64>{20});
+    QCOMPARE(m_viewModel->selectedProductID(), 10);
+
+    // Without the table nothing takes the space bar: blanks can be typed.
+    QTest::keyClicks(search, u"x"_s);
+    QCOMPARE(m_view->contentState(), State::NoResults);
+    QTest::keyClicks(search, u" y"_s);
+    QCOMPARE(search->text(), u"aax y"_s);
+}
+
+void ProductWindowTest::columnWidthsComeFromTheStoreAndKeepTheirMinimum()
+{
+    showTable();
+    QHeaderView* header = table()->horizontalHeader();
+    const QList<int> stored{30, 120, 300, 100};
+    for (int column = 0; column < stored.size(); ++column)
+        QCOMPARE(header->sectionSize(column), stored.at(column));
+    // The last column fills the rest of the window; that width is never stored.
+    QCOMPARE(header->length(), table()->viewport()->width());
+    QVERIFY(header->sectionSize(ProductTableModel::kBarcodeColumn) > 130);
+    QCOMPARE(m_settings->columnWidthBarcode(), 130.0);
+
+    header->resizeSection(ProductTableModel::kNameColumn, 40);
+    QCOMPARE(header->sectionSize(ProductTableModel::kNameColumn), 150);
+    header->resizeSection(ProductTableModel::kPriceColumn, 10);
+    QCOMPARE(header->sectionSize(ProductTableModel::kPriceColumn), 80);
+    header->resizeSection(ProductTableModel::kNameColumn, 420);
+    QCOMPARE(header->length(), table()->viewport()->width());
+
+    // The next table reads the stored widths again.
+    m_settings->setColumnWidthName(260);
+    m_viewModel->fetchProducts();
+    QTRY_COMPARE_WITH_TIMEOUT(m_view->contentState(), State::ProductList, 5000);
+    QCOMPARE(table()->horizontalHeader()->sectionSize(ProductTableModel::kNameColumn), 260);
+}
+
+QTEST_MAIN(ProductWindowTest)
+#include "tst_ProductWindow.moc"
