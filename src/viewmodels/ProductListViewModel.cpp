@@ -3,20 +3,17 @@
 #include "BuildConfig.h"
 
 #include <QTimer>
-
 #include <numeric>
 
 using namespace Qt::StringLiterals;
 
 ProductListViewModel::ProductListViewModel(QObject* parent)
     : ProductListViewModel(QString::fromUtf16(BuildConfig::kDefaultBaseURL), parent)
-{
-}
+{}
 
 ProductListViewModel::ProductListViewModel(const QString& baseURL, QObject* parent)
     : QObject(parent), m_apiService(baseURL)
-{
-}
+{}
 
 ProductListViewModel::~ProductListViewModel() = default;
 
@@ -36,9 +33,11 @@ QList<Product> ProductListViewModel::filteredProducts() const
 
 void ProductListViewModel::setSearchText(const QString& text)
 {
+    emit filteredProductsAboutToChange();
     m_searchText = text;
-    emit searchTextChanged();
     applyFilter();
+    emit searchTextChanged();
+    emit filteredProductsChanged();
 }
 
 void ProductListViewModel::setSelectedProductID(std::optional<qint64> id)
@@ -207,7 +206,7 @@ void ProductListViewModel::clearSuccessLater(const QString& message)
 {
     // Only the message this label set is cleared; a newer one stays. Precise:
     // a coarse timer may fire up to 5% early.
-    QTimer::singleShot(kSuccessMessageMs, Qt::PreciseTimer, this, [this, message] {
+    QTimer::singleShot(m_successMessageMs, Qt::PreciseTimer, this, [this, message] {
         if (m_successMessage == message)
             clearSuccess();
     });
@@ -215,18 +214,25 @@ void ProductListViewModel::clearSuccessLater(const QString& message)
 
 void ProductListViewModel::setProducts(QList<Product> products)
 {
+    emit filteredProductsAboutToChange();
     m_products = std::move(products);
     m_searchTexts.clear();
     m_searchTexts.reserve(m_products.size());
     for (const Product& product : std::as_const(m_products)) {
-        m_searchTexts.append({product.sku().toLower(), product.displayName().toLower(),
-                              product.barcode().toLower(),
-                              product.Description ? std::optional(product.Description->toLower())
-                                                  : std::nullopt});
+        m_searchTexts.append(
+            {searchable(product.sku()), searchable(product.displayName()),
+             searchable(product.barcode()),
+             product.Description ? std::optional(searchable(*product.Description)) : std::nullopt});
     }
-    m_appliedQuery.reset();
-    emit productsChanged();
     applyFilter();
+    emit productsChanged();
+    emit filteredProductsChanged();
+}
+
+QString ProductListViewModel::searchable(const QString& text)
+{
+    // One form for composed and decomposed accents, so "é" finds "e" + U+0301 too.
+    return text.normalized(QString::NormalizationForm_C).toLower();
 }
 
 bool ProductListViewModel::SearchTexts::contains(QStringView query) const
@@ -238,27 +244,15 @@ bool ProductListViewModel::SearchTexts::contains(QStringView query) const
 
 void ProductListViewModel::applyFilter()
 {
+    m_filteredIndexes.clear();
     if (m_searchText.isEmpty()) {
         m_filteredIndexes.resize(m_products.size());
         std::iota(m_filteredIndexes.begin(), m_filteredIndexes.end(), qsizetype(0));
-        m_appliedQuery = QString();
-    } else {
-        const QString query = m_searchText.toLower();
-        const bool narrows = m_appliedQuery && query.contains(*m_appliedQuery);
-        QList<qsizetype> matches;
-        auto keepIfMatching = [&](qsizetype index) {
-            if (m_searchTexts[index].contains(query))
-                matches.append(index);
-        };
-        if (narrows) {
-            for (qsizetype index : std::as_const(m_filteredIndexes))
-                keepIfMatching(index);
-        } else {
-            for (qsizetype index = 0; index < m_products.size(); ++index)
-                keepIfMatching(index);
-        }
-        m_filteredIndexes = std::move(matches);
-        m_appliedQuery = query;
+        return;
     }
-    emit filteredProductsChanged();
+    const QString query = searchable(m_searchText);
+    for (qsizetype index = 0; index < m_products.size(); ++index) {
+        if (m_searchTexts[index].contains(query))
+            m_filteredIndexes.append(index);
+    }
 }

@@ -12,7 +12,6 @@
 #include <QPointer>
 #include <QSet>
 #include <QString>
-
 #include <optional>
 
 // State and actions of the product window: loading, searching, selection,
@@ -35,9 +34,7 @@ public:
     void setSettings(AppSettings* settings);
 
     const QList<Product>& products() const { return m_products; }
-    // Positions into products() of the products matching searchText, in order.
-    // Views read rows through this without copying products.
-    const QList<qsizetype>& filteredIndexes() const { return m_filteredIndexes; }
+    // Views read the filtered rows through these without copying products.
     qsizetype filteredCount() const { return m_filteredIndexes.size(); }
     const Product& filteredAt(qsizetype row) const { return m_products[m_filteredIndexes[row]]; }
     QList<Product> filteredProducts() const;
@@ -53,6 +50,8 @@ public:
     void setCheckedProductIDs(const QSet<qint64>& ids);
     qint64 printQuantity() const { return m_printQuantity; }
     void setPrintQuantity(qint64 quantity);
+    // How long a success message stays; tests shorten it.
+    void setSuccessMessageDuration(int milliseconds) { m_successMessageMs = milliseconds; }
 
     std::optional<Product> selectedProduct() const;
     QList<Product> checkedProducts() const;
@@ -68,7 +67,9 @@ public:
     void clearSuccess();
 
 signals:
-    // products changed; filteredProducts changes with it (filteredProductsChanged).
+    // Sent while the old filtered list still stands, before a load or a search replaces it.
+    void filteredProductsAboutToChange();
+    // Sent once products, the filtered list and the search texts all agree.
     void productsChanged();
     void filteredProductsChanged();
     void searchTextChanged();
@@ -80,7 +81,7 @@ signals:
     void printQuantityChanged();
 
 private:
-    // Lower-cased once per load, so a keystroke only scans.
+    // Normalised and lower-cased once per load, so a keystroke only scans.
     struct SearchTexts
     {
         QString sku;
@@ -96,6 +97,7 @@ private:
     void setSuccessMessage(const std::optional<QString>& message);
     void setProducts(QList<Product> products);
     void applyFilter();
+    static QString searchable(const QString& text);
     void clearSuccessLater(const QString& message);
 
     QPointer<AppSettings> m_settings;
@@ -105,10 +107,8 @@ private:
 
     QList<Product> m_products;
     QList<SearchTexts> m_searchTexts;
+    // Positions into m_products of the products matching m_searchText, in order.
     QList<qsizetype> m_filteredIndexes;
-    // The query that produced m_filteredIndexes; a longer query containing it
-    // can only narrow the result, so it scans the previous matches only.
-    std::optional<QString> m_appliedQuery;
     QString m_searchText;
     bool m_isLoading = false;
     std::optional<QString> m_errorMessage;
@@ -116,4 +116,5 @@ private:
     std::optional<qint64> m_selectedProductID;
     QSet<qint64> m_checkedProductIDs;
     qint64 m_printQuantity = 1;
+    int m_successMessageMs = kSuccessMessageMs;
 };

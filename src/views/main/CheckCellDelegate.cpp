@@ -29,8 +29,23 @@ void CheckCellDelegate::paint(QPainter* painter, const QStyleOptionViewItem& opt
         color = Theme::accent(option.palette);
     else
         color = Theme::secondaryText(option.palette);
-    const QIcon symbol = SymbolIcons::tinted(checked ? u"checkmark.square.fill" : u"square", color);
     QRect frame(0, 0, kSymbolSize, kSymbolSize);
     frame.moveCenter(option.rect.center());
-    symbol.paint(painter, frame);
+    symbol(checked, color).paint(painter, frame);
+}
+
+bool CheckCellDelegate::editorEvent(QEvent*, QAbstractItemModel*, const QStyleOptionViewItem&,
+                                    const QModelIndex&)
+{
+    return false;
+}
+
+const QIcon& CheckCellDelegate::symbol(bool checked, const QColor& color) const
+{
+    const quint64 key = (quint64(color.rgba()) << 1) | quint64(checked);
+    auto found = m_symbols.constFind(key);
+    if (found == m_symbols.constEnd())
+        found = m_symbols.insert(
+            key, SymbolIcons::tinted(checked ? u"checkmark.square.fill" : u"square", color));
+    return *found;
 }

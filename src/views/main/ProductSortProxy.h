@@ -2,10 +2,10 @@
 
 #include "ProductTableModel.h"
 
-#include <QAbstractProxyModel>
 #include <QCollator>
 #include <QCollatorSortKey>
 #include <QList>
+#include <QSortFilterProxyModel>
 #include <array>
 #include <optional>
 #include <vector>
@@ -15,11 +15,9 @@ struct Product;
 // Sorts the product rows by a list of keys, the first deciding and the others
 // breaking ties; rows equal under all keys keep the view model's order. Text
 // compares like a file browser does (case-insensitive, the user's language,
-// digit runs by value) through collation keys computed at most once per
-// product and column for each loaded catalogue. The table only ever resets its rows or changes its
-// check column, so the proxy keeps a plain row mapping and sorts it over the keys directly instead
-// of going through QModelIndex comparisons.
-class ProductSortProxy : public QAbstractProxyModel
+// digit runs by value) through collation keys worked out once per column
+// whenever the rows change.
+class ProductSortProxy : public QSortFilterProxyModel
 {
     Q_OBJECT
 
@@ -46,44 +44,22 @@ public:
 
     const Product& productAt(int proxyRow) const;
 
-    QModelIndex index(int row, int column, const QModelIndex& parent = {}) const override;
-    QModelIndex parent(const QModelIndex& child) const override;
-    int rowCount(const QModelIndex& parent = {}) const override;
-    int columnCount(const QModelIndex& parent = {}) const override;
-    QModelIndex mapToSource(const QModelIndex& proxyIndex) const override;
-    QModelIndex mapFromSource(const QModelIndex& sourceIndex) const override;
-    QVariant headerData(int section, Qt::Orientation orientation,
-                        int role = Qt::DisplayRole) const override;
     // The column becomes the first key in this order; the others stay behind it.
     void sort(int column, Qt::SortOrder order = Qt::AscendingOrder) override;
 
-private:
-    struct ResolvedKey;
+protected:
+    bool lessThan(const QModelIndex& left, const QModelIndex& right) const override;
 
-    void beginSourceReset();
-    void endSourceReset();
-    void forwardDataChanged(const QModelIndex& topLeft, const QModelIndex& bottomRight,
-                            const QList<int>& roles);
-    void resort();
-    void sortMapping();
-    static void sortRows(std::vector<int>& rows, const std::vector<ResolvedKey>& keys);
-    std::vector<ResolvedKey> resolveKeys();
-    const std::vector<QCollatorSortKey>& collationKeys(int column);
-    std::vector<std::optional<QCollatorSortKey>>& catalogueKeys(int column);
-    const std::vector<double>& prices();
+private:
+    using Keys = std::vector<QCollatorSortKey>;
+
+    int compare(const SortKey& key, int leftRow, int rightRow) const;
+    const Keys& collationKeys(int column) const;
+    void forgetKeys();
 
     ProductTableModel& m_table;
+    QCollator m_collator;
     QList<SortKey> m_sortOrder;
-    std::vector<int> m_proxyToSource;
-    std::vector<int> m_sourceToProxy;
-    // Filled on first use after a reset; indexed by source row.
-    std::array<std::vector<QCollatorSortKey>, ProductTableModel::kColumnCount> m_collationKeys;
-    std::array<bool, ProductTableModel::kColumnCount> m_collationKeysReady{};
-    // The same keys by catalogue position, kept while the catalogue stays: a
-    // keystroke in the search field then costs no collation work.
-    std::array<std::vector<std::optional<QCollatorSortKey>>, ProductTableModel::kColumnCount>
-        m_catalogueKeys;
-    quint64 m_catalogueGeneration = 0;
-    std::vector<double> m_prices;
-    bool m_pricesReady = false;
+    // By source row, filled when a sort first needs the column.
+    mutable std::array<std::optional<Keys>, ProductTableModel::kColumnCount> m_keys;
 };

@@ -6,15 +6,15 @@
 using namespace Qt::StringLiterals;
 
 ProductTableModel::ProductTableModel(ProductListViewModel& viewModel, QObject* parent)
-    : QAbstractTableModel(parent), m_viewModel(viewModel)
+    : QAbstractTableModel(parent), m_viewModel(viewModel), m_bodyFont(Theme::body()),
+      m_monospacedFont(Theme::monospaced(13))
 {
+    connect(&m_viewModel, &ProductListViewModel::filteredProductsAboutToChange, this,
+            &ProductTableModel::beginResetModel);
     connect(&m_viewModel, &ProductListViewModel::filteredProductsChanged, this,
-            &ProductTableModel::resetRows);
+            &ProductTableModel::endResetModel);
     connect(&m_viewModel, &ProductListViewModel::checkedProductIDsChanged, this,
             &ProductTableModel::refreshChecks);
-    // Sent before the filtered rows change with it.
-    connect(&m_viewModel, &ProductListViewModel::productsChanged, this,
-            &ProductTableModel::startNewCatalogue);
 }
 
 int ProductTableModel::rowCount(const QModelIndex& parent) const
@@ -37,14 +37,19 @@ QVariant ProductTableModel::data(const QModelIndex& index, int role) const
     case Qt::DisplayRole:
     case Qt::ToolTipRole:
         return displayText(product, column);
+    case Qt::AccessibleTextRole:
+        // A screen reader names the check box after its product.
+        if (column == kCheckColumn)
+            return product.displayName();
+        return {};
     case Qt::CheckStateRole:
         if (column == kCheckColumn)
             return m_viewModel.isChecked(product) ? Qt::Checked : Qt::Unchecked;
         return {};
     case Qt::FontRole:
         if (column == kSKUColumn || column == kBarcodeColumn)
-            return Theme::monospaced(13);
-        return Theme::body();
+            return m_monospacedFont;
+        return m_bodyFont;
     case Qt::TextAlignmentRole:
         if (column == kCheckColumn)
             return int(Qt::AlignCenter);
@@ -91,22 +96,23 @@ Qt::ItemFlags ProductTableModel::flags(const QModelIndex& index) const
 {
     if (!index.isValid())
         return Qt::NoItemFlags;
-    return Qt::ItemIsEnabled | Qt::ItemIsSelectable | Qt::ItemNeverHasChildren;
+    const Qt::ItemFlags flags = Qt::ItemIsEnabled | Qt::ItemIsSelectable | Qt::ItemNeverHasChildren;
+    // Checkable so that screen readers tell checked from unchecked; the toggling
+    // itself goes through the view model (a click or the space bar), never setData.
+    return index.column() == kCheckColumn ? flags | Qt::ItemIsUserCheckable : flags;
+}
+
+QModelIndex ProductTableModel::index(int row, int column, const QModelIndex& parent) const
+{
+    if (parent.isValid() || row < 0 || row >= m_viewModel.filteredCount() || column < 0 ||
+        column >= kColumnCount)
+        return {};
+    return createIndex(row, column);
 }
 
 const Product& ProductTableModel::productAt(int row) const
 {
     return m_viewModel.filteredAt(row);
-}
-
-qsizetype ProductTableModel::catalogueIndex(int row) const
-{
-    return m_viewModel.filteredIndexes().at(row);
-}
-
-qsizetype ProductTableModel::catalogueSize() const
-{
-    return m_viewModel.products().size();
 }
 
 QString ProductTableModel::priceText(const Product& product)
@@ -130,18 +136,6 @@ QVariant ProductTableModel::displayText(const Product& product, int column) cons
     default:
         return {};
     }
-}
-
-void ProductTableModel::resetRows()
-{
-    // The view model has already replaced its list; the views only need to re-read it.
-    beginResetModel();
-    endResetModel();
-}
-
-void ProductTableModel::startNewCatalogue()
-{
-    ++m_catalogueGeneration;
 }
 
 void ProductTableModel::refreshChecks()

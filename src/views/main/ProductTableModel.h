@@ -1,6 +1,7 @@
 #pragma once
 
 #include <QAbstractTableModel>
+#include <QFont>
 
 class ProductListViewModel;
 struct Product;
@@ -30,22 +31,19 @@ public:
     QVariant headerData(int section, Qt::Orientation orientation,
                         int role = Qt::DisplayRole) const override;
     Qt::ItemFlags flags(const QModelIndex& index) const override;
+    // Sorting asks for many indexes; this one skips the virtual row and column counts.
+    QModelIndex index(int row, int column, const QModelIndex& parent = {}) const override;
 
     const Product& productAt(int row) const;
-    // Where a row's product stands in the loaded catalogue, and which load
-    // that is: what is worked out per product can outlive a change of filter.
-    qsizetype catalogueIndex(int row) const;
-    qsizetype catalogueSize() const;
-    quint64 catalogueGeneration() const { return m_catalogueGeneration; }
     // "€ " and the price with two decimals and a full stop, or "€ -" without a price.
     static QString priceText(const Product& product);
 
 private:
     QVariant displayText(const Product& product, int column) const;
-    void resetRows();
     void refreshChecks();
-    void startNewCatalogue();
 
     ProductListViewModel& m_viewModel;
-    quint64 m_catalogueGeneration = 0;
+    // Asked for by every painted cell; the font database is too slow for that.
+    QFont m_bodyFont;
+    QFont m_monospacedFont;
 };
