@@ -6,7 +6,14 @@
 class APIError
 {
 public:
-    enum class Kind { networkError, serverError, invalidURL, noAPIKey, invalidResponse };
+    enum class Kind
+    {
+        networkError,
+        serverError,
+        invalidURL,
+        noAPIKey,
+        invalidResponse
+    };
 
     static APIError networkError(const QString& underlyingDescription);
     static APIError serverError(const QString& message);

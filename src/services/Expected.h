@@ -4,8 +4,7 @@
 #include <variant>
 
 // A value or the error that prevented it (std::expected is C++23).
-template <typename T, typename E>
-class Expected
+template <typename T, typename E> class Expected
 {
 public:
     Expected(T value) : m_state(std::in_place_index<0>, std::move(value)) {}

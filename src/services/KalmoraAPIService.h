@@ -9,7 +9,6 @@
 #include <QNetworkAccessManager>
 #include <QObject>
 #include <QString>
-
 #include <chrono>
 
 // Fetches one page of a dossier's products from the invoicing service.
@@ -22,8 +21,7 @@ public:
     // Larger bodies end as invalidResponse instead of eating memory.
     static constexpr qint64 kMaxBodyBytes = 64 * 1024 * 1024;
 
-    explicit KalmoraAPIService(QString baseURL,
-                               std::chrono::milliseconds timeout = kDefaultTimeout,
+    explicit KalmoraAPIService(QString baseURL, std::chrono::milliseconds timeout = kDefaultTimeout,
                                QObject* parent = nullptr);
 
     const QString& baseURL() const { return m_baseURL; }

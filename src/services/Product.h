@@ -2,7 +2,6 @@
 
 #include <QJsonObject>
 #include <QString>
-
 #include <optional>
 
 // One catalogue article as the product service delivers it. Member names are
@@ -19,7 +18,7 @@ struct Product
 
     qint64 id() const { return ID; }
     QString sku() const { return Sku.value_or(QString()); }
-    QString displayName() const;           // Name, or "Unknown"
+    QString displayName() const; // Name, or "Unknown"
     double sortablePrice() const { return SellPrice1WithVat.value_or(0.0); }
     QString barcode() const { return BarCode.value_or(QString()); }
 

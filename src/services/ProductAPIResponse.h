@@ -4,7 +4,6 @@
 
 #include <QByteArray>
 #include <QList>
-
 #include <optional>
 
 // The JSON envelope of a product list response.
