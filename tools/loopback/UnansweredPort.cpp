@@ -1,5 +1,6 @@
 #include "UnansweredPort.h"
 
+#ifdef Q_OS_UNIX
 #include <arpa/inet.h>
 #include <cerrno>
 #include <cstring>
@@ -94,3 +95,24 @@ void UnansweredPort::closeAll()
     m_listener = -1;
     m_port = 0;
 }
+
+#else
+
+// The accept queue trick needs the POSIX socket calls; elsewhere the silent
+// printer is not available.
+UnansweredPort::~UnansweredPort() = default;
+
+bool UnansweredPort::open(quint16, QString* error)
+{
+    *error = QStringLiteral("a silent port needs POSIX sockets");
+    return false;
+}
+
+bool UnansweredPort::fillQueue()
+{
+    return false;
+}
+
+void UnansweredPort::closeAll() {}
+
+#endif

@@ -6,8 +6,10 @@
 #include <QFile>
 #include <QFileInfo>
 #include <QSaveFile>
+#ifdef Q_OS_UNIX
 #include <pwd.h>
 #include <unistd.h>
+#endif
 
 using namespace Qt::StringLiterals;
 
@@ -66,8 +68,10 @@ bool DemoHome::isUsersOwnHome(const QString& home)
 {
     const QString target = QFileInfo(home).absoluteFilePath();
     QStringList ownHomes{QDir::homePath()};
+#ifdef Q_OS_UNIX
     if (const passwd* account = ::getpwuid(::getuid()); account && account->pw_dir)
         ownHomes.append(QString::fromLocal8Bit(account->pw_dir));
+#endif
     for (const QString& own : std::as_const(ownHomes)) {
         const QFileInfo ownInfo(own);
         if (QDir::cleanPath(ownInfo.absoluteFilePath()) == QDir::cleanPath(target))
