@@ -146,16 +146,28 @@ void StampixApp::createActions()
 void StampixApp::openSettingsWindow()
 {
     createSharedObjects();
-    if (!m_settingsWindow)
+    if (!m_settingsWindow) {
         m_settingsWindow = new SettingsWindow(*m_settings);
+        lendShortcuts(m_settingsWindow);
+    }
     bringForward(m_settingsWindow);
 }
 
 void StampixApp::openAboutWindow()
 {
-    if (!m_aboutWindow)
+    if (!m_aboutWindow) {
         m_aboutWindow = new AboutWindow();
+        lendShortcuts(m_aboutWindow);
+    }
     bringForward(m_aboutWindow);
+}
+
+void StampixApp::lendShortcuts(QWidget* window) const
+{
+    // An application shortcut only fires while a widget holding its action is
+    // visible; these windows may stay open after every product window closed.
+    window->addActions({m_newWindow, m_importSettings, m_exportSettings, m_quit,
+                        m_refreshProducts, m_printSelectedLabel, m_openSettings});
 }
 
 void StampixApp::bringForward(QWidget* window)

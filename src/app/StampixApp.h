@@ -60,6 +60,7 @@ public:
 
 private:
     static void bringForward(QWidget* window);
+    void lendShortcuts(QWidget* window) const;
     QAction* addAction(const QString& text, const QKeySequence& shortcut,
                        void (StampixApp::*slot)());
     void createSharedObjects();

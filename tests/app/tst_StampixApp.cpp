@@ -152,13 +152,17 @@ void StampixAppTest::printSelectedLabelPrintsExactlyOneLabel()
 
 void StampixAppTest::shortcutsWorkFromTheSettingsWindow()
 {
-    m_app->openMainWindow();
+    MainWindow* main = m_app->openMainWindow();
     m_app->openSettingsWindow();
     QVERIFY(QTest::qWaitForWindowActive(m_app->settingsWindow()));
     m_fixture->configure(*m_app->settings());
     QTRY_COMPARE_WITH_TIMEOUT(m_fixture->productRequestCount(), 1, 5000);
     QTest::keyClick(m_app->settingsWindow(), Qt::Key_R, Qt::ControlModifier);
     QTRY_COMPARE_WITH_TIMEOUT(m_fixture->productRequestCount(), 2, 5000);
+    // Also with every product window closed.
+    main->close();
+    QTest::keyClick(m_app->settingsWindow(), Qt::Key_R, Qt::ControlModifier);
+    QTRY_COMPARE_WITH_TIMEOUT(m_fixture->productRequestCount(), 3, 5000);
 }
 
 void StampixAppTest::singleInstanceWindowsComeForward()
