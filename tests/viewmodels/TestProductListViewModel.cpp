@@ -4,6 +4,7 @@
 
 #include <QCoroTask>
 #include <QSignalSpy>
+#include <QTcpServer>
 #include <QTest>
 #include <memory>
 
@@ -237,7 +238,14 @@ void ProductListViewModelTest::printLabelReportsEachMissingPiece()
     run(m_model->printLabel(appel));
     QCOMPARE(m_model->successMessage(), u"Etiket geprint voor A"_s);
 
-    // Failures leave the earlier success in place.
+    // Failures leave the earlier success in place, a refused printer first.
+    QTcpServer closed;
+    QVERIFY(closed.listen(QHostAddress::LocalHost));
+    const quint16 refused = closed.serverPort();
+    closed.close();
+    m_settings->updatePrinter(0, [refused](Printer& p) { p.port = refused; });
+    run(m_model->printLabel(appel));
+    QVERIFY(m_model->errorMessage().value_or(QString()).startsWith(u"Verbinding mislukt: "_s));
     m_settings->updatePrinter(0, [](Printer& p) { p.ipAddress.clear(); });
     run(m_model->printLabel(appel));
     QCOMPARE(m_model->errorMessage(),

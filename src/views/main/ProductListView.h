@@ -25,8 +25,6 @@ public:
     ~ProductListView() override;
 
     QTableView* tableView() const { return m_table; }
-    ProductTableModel* tableModel() const { return m_model; }
-    ProductSortProxy* sortProxy() const { return m_proxy; }
 
 private:
     void configureTable();

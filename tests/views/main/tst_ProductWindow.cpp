@@ -40,6 +40,7 @@ private slots:
     void onlyAnotherDossierReloads();
     void printBadgeAndReloadButtons();
     void clickAnywhereInTheCheckCellToggles();
+    void headerClicksSortAndKeepTheIndicator();
     void spaceBar_data();
     void spaceBar();
     void spaceInTheSearchFieldTypesNoBlankWhileTheTableIsShown();
@@ -203,6 +204,14 @@ void ProductWindowTest::onlyAnotherDossierReloads()
     QTRY_COMPARE_WITH_TIMEOUT(m_fixture->productRequestCount(), 3, 5000);
     QTest::qWait(150);
     QCOMPARE(m_fixture->productRequestCount(), 3);
+
+    // A dossier without a key still starts a load, which tells the user why not.
+    const Dossier keyless;
+    m_settings->setDossiers({m_settings->dossiers().at(0), second, keyless});
+    m_settings->setSelectedDossierID(keyless.id);
+    QTRY_VERIFY_WITH_TIMEOUT(m_view->errorAlert() && m_view->errorAlert()->isVisible(), 5000);
+    QCOMPARE(m_view->errorAlert()->text(), u"Selecteer een dossier met API key in Instellingen"_s);
+    QCOMPARE(m_fixture->productRequestCount(), 3);
 }
 
 void ProductWindowTest::printBadgeAndReloadButtons()
@@ -320,6 +329,25 @@ void ProductWindowTest::clickAnywhereInTheCheckCellToggles()
     QTest::mouseClick(table()->viewport(), Qt::LeftButton, {}, nextCell);
     QCOMPARE(m_viewModel->checkedProductIDs().size(), 1);
     QCOMPARE(m_viewModel->selectedProductID(), idAt(1));
+}
+
+void ProductWindowTest::headerClicksSortAndKeepTheIndicator()
+{
+    showTable();
+    QHeaderView* header = table()->horizontalHeader();
+    const auto click = [header](int column) {
+        const int x = header->sectionViewportPosition(column) + header->sectionSize(column) / 2;
+        QTest::mouseClick(header->viewport(), Qt::LeftButton, {}, QPoint(x, header->height() / 2));
+    };
+    click(ProductTableModel::kNameColumn);
+    QCOMPARE(idAt(0), 30); // Beitel
+    click(ProductTableModel::kNameColumn);
+    QCOMPARE(idAt(0), 10); // Zaag
+    // The check column does not sort, and the header must not show that it does.
+    click(ProductTableModel::kCheckColumn);
+    QCOMPARE(idAt(0), 10);
+    QCOMPARE(header->sortIndicatorSection(), ProductTableModel::kNameColumn);
+    QCOMPARE(header->sortIndicatorOrder(), Qt::DescendingOrder);
 }
 
 void ProductWindowTest::spaceBar_data()
