@@ -3,6 +3,8 @@
 #include "services/Product.h"
 
 #include <QLocale>
+#include <algorithm>
+#include <numeric>
 
 namespace {
 
@@ -36,14 +38,17 @@ QCollator ProductSortProxy::textCollator()
 }
 
 ProductSortProxy::ProductSortProxy(ProductTableModel& table, QObject* parent)
-    : QSortFilterProxyModel(parent), m_table(table),
+    : QAbstractProxyModel(parent), m_table(table),
       m_collator(textCollator()), m_sortOrder{{ProductTableModel::kSKUColumn, Qt::AscendingOrder}}
 {
-    // Before the base class re-reads the rows, so no sort sees the old keys.
+    // The table only ever resets its rows or changes their data.
     connect(&m_table, &QAbstractItemModel::modelAboutToBeReset, this,
-            &ProductSortProxy::forgetKeys);
-    setSourceModel(&m_table);
-    QSortFilterProxyModel::sort(ProductTableModel::kSKUColumn, Qt::AscendingOrder);
+            &ProductSortProxy::beginReset);
+    connect(&m_table, &QAbstractItemModel::modelReset, this, &ProductSortProxy::endReset);
+    connect(&m_table, &QAbstractItemModel::dataChanged, this,
+            &ProductSortProxy::forwardDataChanged);
+    QAbstractProxyModel::setSourceModel(&m_table);
+    sortRows();
 }
 
 bool ProductSortProxy::isSortable(int column)
@@ -61,15 +66,8 @@ void ProductSortProxy::setSortOrder(const QList<SortKey>& keys)
     // The rows are always in the current order; the same keys change nothing.
     if (sortable.isEmpty() || sortable == m_sortOrder)
         return;
-    const int previousFirst = m_sortOrder.first().column;
     m_sortOrder = sortable;
-    // The base class sorts ascending by the first column; lessThan applies each
-    // key's own direction. With the same first column only the tie-breakers
-    // changed, which the base class would not notice.
-    if (m_sortOrder.first().column == previousFirst)
-        invalidate();
-    else
-        QSortFilterProxyModel::sort(m_sortOrder.first().column, Qt::AscendingOrder);
+    resort();
 }
 
 void ProductSortProxy::promoteColumn(int column)
@@ -91,32 +89,127 @@ void ProductSortProxy::sort(int column, Qt::SortOrder order)
 
 const Product& ProductSortProxy::productAt(int proxyRow) const
 {
-    return m_table.productAt(mapToSource(index(proxyRow, 0)).row());
+    return m_table.productAt(m_sourceRows[size_t(proxyRow)]);
 }
 
-bool ProductSortProxy::lessThan(const QModelIndex& left, const QModelIndex& right) const
+QModelIndex ProductSortProxy::index(int row, int column, const QModelIndex& parent) const
 {
-    const int leftRow = left.row();
-    const int rightRow = right.row();
-    for (const SortKey& key : m_sortOrder) {
-        if (const int result = compare(key, leftRow, rightRow))
-            return result < 0;
-    }
-    // Equal under every key: the view model's order, whatever order was shown before.
-    return leftRow < rightRow;
+    return hasIndex(row, column, parent) ? createIndex(row, column) : QModelIndex();
 }
 
-int ProductSortProxy::compare(const SortKey& key, int leftRow, int rightRow) const
+QModelIndex ProductSortProxy::parent(const QModelIndex&) const
 {
-    if (key.order == Qt::DescendingOrder)
-        std::swap(leftRow, rightRow);
-    if (key.column == ProductTableModel::kPriceColumn) {
-        const double left = m_table.productAt(leftRow).sortablePrice();
-        const double right = m_table.productAt(rightRow).sortablePrice();
-        return left < right ? -1 : (right < left ? 1 : 0);
+    return {};
+}
+
+int ProductSortProxy::rowCount(const QModelIndex& parent) const
+{
+    return parent.isValid() ? 0 : int(m_sourceRows.size());
+}
+
+int ProductSortProxy::columnCount(const QModelIndex& parent) const
+{
+    return parent.isValid() ? 0 : ProductTableModel::kColumnCount;
+}
+
+QModelIndex ProductSortProxy::mapToSource(const QModelIndex& proxyIndex) const
+{
+    if (!proxyIndex.isValid())
+        return {};
+    return m_table.index(m_sourceRows[size_t(proxyIndex.row())], proxyIndex.column());
+}
+
+QModelIndex ProductSortProxy::mapFromSource(const QModelIndex& sourceIndex) const
+{
+    if (!sourceIndex.isValid())
+        return {};
+    return createIndex(m_proxyRows[size_t(sourceIndex.row())], sourceIndex.column());
+}
+
+void ProductSortProxy::sortRows()
+{
+    // Each key's collation keys are looked up once per sort, not per comparison.
+    struct Criterion
+    {
+        const Keys* keys; // none: the price
+        bool descending;
+    };
+    std::vector<Criterion> criteria;
+    for (const SortKey& key : std::as_const(m_sortOrder)) {
+        const bool byPrice = key.column == ProductTableModel::kPriceColumn;
+        criteria.push_back(
+            {byPrice ? nullptr : &collationKeys(key.column), key.order == Qt::DescendingOrder});
     }
-    const Keys& keys = collationKeys(key.column);
-    return keys[size_t(leftRow)].compare(keys[size_t(rightRow)]);
+    const auto less = [&](int left, int right) {
+        for (const Criterion& criterion : criteria) {
+            const int a = criterion.descending ? right : left;
+            const int b = criterion.descending ? left : right;
+            const int result =
+                criterion.keys ? (*criterion.keys)[size_t(a)].compare((*criterion.keys)[size_t(b)])
+                               : comparePrices(a, b);
+            if (result != 0)
+                return result < 0;
+        }
+        return false;
+    };
+    m_sourceRows.resize(size_t(m_table.rowCount()));
+    std::iota(m_sourceRows.begin(), m_sourceRows.end(), 0);
+    // Equal rows keep the view model's order, whatever order was shown before.
+    std::stable_sort(m_sourceRows.begin(), m_sourceRows.end(), less);
+    m_proxyRows.resize(m_sourceRows.size());
+    for (size_t row = 0; row < m_sourceRows.size(); ++row)
+        m_proxyRows[size_t(m_sourceRows[row])] = int(row);
+}
+
+void ProductSortProxy::resort()
+{
+    emit layoutAboutToBeChanged({}, QAbstractItemModel::VerticalSortHint);
+    const QModelIndexList before = persistentIndexList();
+    QModelIndexList sources;
+    sources.reserve(before.size());
+    for (const QModelIndex& index : before)
+        sources.append(mapToSource(index));
+    sortRows();
+    QModelIndexList after;
+    after.reserve(sources.size());
+    for (const QModelIndex& source : sources)
+        after.append(mapFromSource(source));
+    changePersistentIndexList(before, after);
+    emit layoutChanged({}, QAbstractItemModel::VerticalSortHint);
+}
+
+void ProductSortProxy::beginReset()
+{
+    beginResetModel();
+    forgetKeys();
+}
+
+void ProductSortProxy::endReset()
+{
+    sortRows();
+    endResetModel();
+}
+
+void ProductSortProxy::forwardDataChanged(const QModelIndex& topLeft,
+                                          const QModelIndex& bottomRight, const QList<int>& roles)
+{
+    // Sorted rows scatter a source range; the shown rows between its first and
+    // last mapped row cover it.
+    int first = rowCount();
+    int last = -1;
+    for (int row = topLeft.row(); row <= bottomRight.row(); ++row) {
+        first = std::min(first, m_proxyRows[size_t(row)]);
+        last = std::max(last, m_proxyRows[size_t(row)]);
+    }
+    if (last >= 0)
+        emit dataChanged(index(first, topLeft.column()), index(last, bottomRight.column()), roles);
+}
+
+int ProductSortProxy::comparePrices(int leftRow, int rightRow) const
+{
+    const double left = m_table.productAt(leftRow).sortablePrice();
+    const double right = m_table.productAt(rightRow).sortablePrice();
+    return left < right ? -1 : (right < left ? 1 : 0);
 }
 
 const ProductSortProxy::Keys& ProductSortProxy::collationKeys(int column) const

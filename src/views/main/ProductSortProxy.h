@@ -2,10 +2,10 @@
 
 #include "ProductTableModel.h"
 
+#include <QAbstractProxyModel>
 #include <QCollator>
 #include <QCollatorSortKey>
 #include <QList>
-#include <QSortFilterProxyModel>
 #include <array>
 #include <optional>
 #include <vector>
@@ -16,8 +16,10 @@ struct Product;
 // breaking ties; rows equal under all keys keep the view model's order. Text
 // compares like a file browser does (case-insensitive, the user's language,
 // digit runs by value) through collation keys worked out once per column
-// whenever the rows change.
-class ProductSortProxy : public QSortFilterProxyModel
+// whenever the rows change. A plain row mapping sorted with std::stable_sort:
+// QSortFilterProxyModel builds two model indexes and a virtual call for every
+// comparison, which took the 1,000-row sort to over three times the plain sort.
+class ProductSortProxy : public QAbstractProxyModel
 {
     Q_OBJECT
 
@@ -47,13 +49,23 @@ public:
     // The column becomes the first key in this order; the others stay behind it.
     void sort(int column, Qt::SortOrder order = Qt::AscendingOrder) override;
 
-protected:
-    bool lessThan(const QModelIndex& left, const QModelIndex& right) const override;
+    QModelIndex index(int row, int column, const QModelIndex& parent = {}) const override;
+    QModelIndex parent(const QModelIndex& child) const override;
+    int rowCount(const QModelIndex& parent = {}) const override;
+    int columnCount(const QModelIndex& parent = {}) const override;
+    QModelIndex mapToSource(const QModelIndex& proxyIndex) const override;
+    QModelIndex mapFromSource(const QModelIndex& sourceIndex) const override;
 
 private:
     using Keys = std::vector<QCollatorSortKey>;
 
-    int compare(const SortKey& key, int leftRow, int rightRow) const;
+    int comparePrices(int leftRow, int rightRow) const;
+    void sortRows();
+    void resort();
+    void beginReset();
+    void endReset();
+    void forwardDataChanged(const QModelIndex& topLeft, const QModelIndex& bottomRight,
+                            const QList<int>& roles);
     const Keys& collationKeys(int column) const;
     void forgetKeys();
 
@@ -62,4 +74,7 @@ private:
     QList<SortKey> m_sortOrder;
     // By source row, filled when a sort first needs the column.
     mutable std::array<std::optional<Keys>, ProductTableModel::kColumnCount> m_keys;
+    // Source row of each shown row, and the way back.
+    std::vector<int> m_sourceRows;
+    std::vector<int> m_proxyRows;
 };

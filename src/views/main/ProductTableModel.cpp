@@ -102,14 +102,6 @@ Qt::ItemFlags ProductTableModel::flags(const QModelIndex& index) const
     return index.column() == kCheckColumn ? flags | Qt::ItemIsUserCheckable : flags;
 }
 
-QModelIndex ProductTableModel::index(int row, int column, const QModelIndex& parent) const
-{
-    if (parent.isValid() || row < 0 || row >= m_viewModel.filteredCount() || column < 0 ||
-        column >= kColumnCount)
-        return {};
-    return createIndex(row, column);
-}
-
 const Product& ProductTableModel::productAt(int row) const
 {
     return m_viewModel.filteredAt(row);

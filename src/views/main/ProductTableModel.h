@@ -31,8 +31,6 @@ public:
     QVariant headerData(int section, Qt::Orientation orientation,
                         int role = Qt::DisplayRole) const override;
     Qt::ItemFlags flags(const QModelIndex& index) const override;
-    // Sorting asks for many indexes; this one skips the virtual row and column counts.
-    QModelIndex index(int row, int column, const QModelIndex& parent = {}) const override;
 
     const Product& productAt(int row) const;
     // "€ " and the price with two decimals and a full stop, or "€ -" without a price.
