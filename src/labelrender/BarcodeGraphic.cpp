@@ -37,20 +37,19 @@ bool isLinear(BarcodeGraphic::Kind kind)
     return kind != BarcodeGraphic::Kind::Qr && kind != BarcodeGraphic::Kind::DataMatrix;
 }
 
-// The printer computes the check digit itself: it reads only the digits
-// before it.
-QByteArray withoutCheckDigit(BarcodeGraphic::Kind kind, const QByteArray& data)
+// The printer reads a fixed number of digits (12, 7 or 11), pads shorter
+// data with zeros on the left, drops what follows and computes the check
+// digit itself. The fixed length also keeps zint's EANX on the symbol asked
+// for: it chooses EAN-13, EAN-8 or an add-on by the length.
+QByteArray printerDigits(BarcodeGraphic::Kind kind, const QByteArray& data)
 {
-    switch (kind) {
-    case BarcodeGraphic::Kind::Ean13:
-        return data.left(12);
-    case BarcodeGraphic::Kind::Ean8:
-        return data.left(7);
-    case BarcodeGraphic::Kind::UpcA:
-        return data.left(11);
-    default:
+    const qsizetype length = kind == BarcodeGraphic::Kind::Ean13  ? 12
+                             : kind == BarcodeGraphic::Kind::Ean8 ? 7
+                             : kind == BarcodeGraphic::Kind::UpcA ? 11
+                                                                  : 0;
+    if (length == 0)
         return data;
-    }
+    return data.left(length).rightJustified(length, '0');
 }
 
 struct Text
@@ -62,28 +61,23 @@ struct Text
 
 } // namespace
 
-std::optional<FieldGraphic> BarcodeGraphic::make(const Spec& spec, const QByteArray& data,
+std::optional<FieldGraphic> BarcodeGraphic::make(const Options& options, const QByteArray& data,
                                                  const LabelFont& font, QString* error)
 {
     std::unique_ptr<zint_symbol, SymbolDeleter> symbol(ZBarcode_Create());
-    const int module = qMax(1, spec.moduleWidth);
-    const bool linear = isLinear(spec.kind);
-    symbol->symbology = symbology(spec.kind);
+    const int module = qMax(1, options.moduleWidth);
+    const bool linear = isLinear(options.kind);
+    symbol->symbology = symbology(options.kind);
     symbol->scale = 1; // two vector units per module
     symbol->input_mode = DATA_MODE;
-    symbol->show_hrt = spec.interpretation != Interpretation::None;
+    symbol->show_hrt = options.interpretation != Interpretation::None;
     if (linear)
-        symbol->height = float(qMax(1, spec.barHeight)) / module;
-    if (spec.kind == Kind::Code39 && spec.checkDigit)
+        symbol->height = float(qMax(1, options.barHeight)) / module;
+    if (options.kind == Kind::Code39 && options.checkDigit)
         symbol->option_2 = 1;
-    if (spec.kind == Kind::Qr)
-        symbol->option_1 = spec.qrErrorLevel;
-    if (spec.kind == Kind::Ean8 && data.size() < 7) {
-        *error = QStringLiteral("EAN-8 heeft 7 cijfers nodig");
-        return std::nullopt;
-    }
-
-    const QByteArray input = withoutCheckDigit(spec.kind, data);
+    if (options.kind == Kind::Qr)
+        symbol->option_1 = options.qrErrorLevel;
+    const QByteArray input = printerDigits(options.kind, data);
     const int status = ZBarcode_Encode_and_Buffer_Vector(
         symbol.get(), reinterpret_cast<const unsigned char*>(input.constData()), int(input.size()),
         0);
@@ -107,7 +101,7 @@ std::optional<FieldGraphic> BarcodeGraphic::make(const Spec& spec, const QByteAr
     }
 
     QList<Text> texts;
-    const bool moveTextUp = spec.interpretation == Interpretation::Above;
+    const bool moveTextUp = options.interpretation == Interpretation::Above;
     const int textBand = dots(symbol->vector->height) - barsBottom;
     QRectF ink;
     for (const zint_vector_string* s = symbol->vector->strings; s; s = s->next) {

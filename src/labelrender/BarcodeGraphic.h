@@ -28,7 +28,7 @@ public:
         Above
     };
 
-    struct Spec
+    struct Options
     {
         Kind kind = Kind::Code128;
         int moduleWidth = 2; // dots per narrow module (^BY, or the 2D size)
@@ -40,6 +40,6 @@ public:
 
     // `data` are the field bytes as the printer gets them. On failure the
     // result is empty and `error` holds zint's reason.
-    static std::optional<FieldGraphic> make(const Spec& spec, const QByteArray& data,
+    static std::optional<FieldGraphic> make(const Options& options, const QByteArray& data,
                                             const LabelFont& font, QString* error);
 };

@@ -2,6 +2,8 @@
 
 #include "LabelCanvas.h"
 
+#include <QLocale>
+
 using namespace Qt::StringLiterals;
 
 namespace {
@@ -271,17 +273,21 @@ void LabelInterpreter::codePage(const Params& p)
 void LabelInterpreter::barcodeDefaults(const Params& p)
 {
     m_moduleWidth = qBound(1, intAt(p, 0, m_moduleWidth), 10);
+    bool ok = false;
+    const double ratio = p.value(1).trimmed().toDouble(&ok);
+    if (ok)
+        m_wideToNarrow = qBound(2.0, ratio, 3.0);
     m_barHeight = qMax(1, intAt(p, 2, m_barHeight));
 }
 
 void LabelInterpreter::setBarcode(BarcodeGraphic::Kind kind, const QString& command,
                                   QChar orientation)
 {
-    BarcodeGraphic::Spec spec;
-    spec.kind = kind;
-    spec.moduleWidth = m_moduleWidth;
-    spec.barHeight = m_barHeight;
-    m_field.barcode = spec;
+    BarcodeGraphic::Options options;
+    options.kind = kind;
+    options.moduleWidth = m_moduleWidth;
+    options.barHeight = m_barHeight;
+    m_field.barcode = options;
     m_field.barcodeCommand = command;
     m_field.barcodeOrientation = orientationOr(orientation, m_defaultOrientation);
 }
@@ -322,6 +328,11 @@ void LabelInterpreter::code39(const Params& p)
 {
     linearBarcode(BarcodeGraphic::Kind::Code39, u"^B3"_s, p, 2, 3);
     m_field.barcode->checkDigit = yesAt(p, 1, false);
+    // zint draws wide elements twice as wide as narrow ones and has no option
+    // to change that.
+    if (m_wideToNarrow > 2.0)
+        note(u"Code 39 staat er met breed/smal-verhouding 2,0 in plaats van %1 (^BY)."_s.arg(
+            QLocale(QLocale::Dutch).toString(m_wideToNarrow, 'f', 1)));
 }
 
 void LabelInterpreter::qrCode(const Params& p)
@@ -346,16 +357,17 @@ std::optional<FieldGraphic> LabelInterpreter::fieldGraphic(const QByteArray& byt
                                                            const QString& text)
 {
     if (m_field.barcode) {
-        BarcodeGraphic::Spec spec = *m_field.barcode;
+        BarcodeGraphic::Options options = *m_field.barcode;
         QByteArray payload = bytes;
-        if (spec.kind == BarcodeGraphic::Kind::Qr)
-            payload = qrPayload(bytes, &spec.qrErrorLevel);
-        else if (spec.kind == BarcodeGraphic::Kind::Code128)
+        if (options.kind == BarcodeGraphic::Kind::Qr)
+            payload = qrPayload(bytes, &options.qrErrorLevel);
+        else if (options.kind == BarcodeGraphic::Kind::Code128)
             payload = withoutInvocations(bytes);
         if (payload.isEmpty())
             return std::nullopt; // the printer prints nothing for an empty barcode
         QString error;
-        std::optional<FieldGraphic> graphic = BarcodeGraphic::make(spec, payload, m_font, &error);
+        std::optional<FieldGraphic> graphic =
+            BarcodeGraphic::make(options, payload, m_font, &error);
         if (!graphic)
             note(u"Barcode %1 \"%2\" niet getekend: %3"_s.arg(m_field.barcodeCommand, text, error));
         return graphic;

@@ -47,7 +47,7 @@ private:
         std::optional<LabelFont::Block> block;
         bool reverse = false;
         std::optional<QChar> hexIndicator;
-        std::optional<BarcodeGraphic::Spec> barcode;
+        std::optional<BarcodeGraphic::Options> barcode;
         QString barcodeCommand;
         QChar barcodeOrientation = u'N';
         std::optional<Box> box;
@@ -100,6 +100,7 @@ private:
     FontChoice m_defaultFont;
     QChar m_defaultOrientation = u'N';
     int m_moduleWidth = 2;
+    double m_wideToNarrow = 3.0; // ^BY ratio, 2.0 to 3.0
     int m_barHeight = 10;
 
     Field m_field;

@@ -24,7 +24,10 @@ public:
     static constexpr int kDefaultDotsPerMm = 8;
 
     // dotsPerMm: 6, 8, 12 or 24 (203, 300 and 600 dpi printers: 8, 12, 24).
+    // Any other value draws at 8 and says so in every result's notes.
     explicit LabelRenderer(int dotsPerMm = kDefaultDotsPerMm);
+
+    static bool isSupportedDotsPerMm(int dotsPerMm);
 
     int dotsPerMm() const { return m_dotsPerMm; }
 
@@ -33,5 +36,6 @@ public:
 
 private:
     int m_dotsPerMm;
+    int m_requestedDotsPerMm;
     LabelFont m_font;
 };

@@ -95,13 +95,16 @@ void TestLabelRenderer::barcodesScan_data()
     QTest::newRow("EAN-13 adds its check digit")
         << 8 << u"^BEN,80,Y,N^FD590123412345"_s << u"EAN-13:5901234123457"_s;
     QTest::newRow("EAN-8") << 8 << u"^B8N,60^FD9638507"_s << u"EAN-8:96385074"_s;
+    // Short data is padded with zeros on the left; the symbol stays the one asked for.
+    QTest::newRow("EAN-13 from 7 digits") << 8 << u"^BEN,80^FD4006381"_s << u"UPC-A:000040063812"_s;
+    QTest::newRow("EAN-8 from 5 digits") << 8 << u"^B8N,60^FD12345"_s << u"EAN-8:00123457"_s;
     QTest::newRow("UPC-A") << 8 << u"^BUN,80^FD03600029145"_s << u"UPC-A:036000291452"_s;
     QTest::newRow("Code 128") << 8 << u"^BCN,80,Y,N^FDSTX-4711/abc"_s << u"CODE-128:STX-4711/abc"_s;
     QTest::newRow("Code 128, subset C invocation, text above")
         << 8 << u"^BCN,60,Y,Y^FD>;12345678"_s << u"CODE-128:12345678"_s;
     QTest::newRow("Code 128 rotated, 12 dots/mm")
         << 12 << u"^BY3^BCR,120,N^FDART-0042"_s << u"CODE-128:ART-0042"_s;
-    QTest::newRow("Code 39") << 8 << u"^B3N,N,80,Y^FDABC-123"_s << u"CODE-39:ABC-123"_s;
+    QTest::newRow("Code 39") << 8 << u"^BY2,2^B3N,N,80,Y^FDABC-123"_s << u"CODE-39:ABC-123"_s;
     QTest::newRow("QR with mode prefix") << 8 << u"^BQN,2,4^FDQA,https://example.com/p?id=42"_s
                                          << u"QR-Code:https://example.com/p?id=42"_s;
     QTest::newRow("QR with a ^FH escape") << 24 << u"^BQN,2,8^FH^FDHA,A_5EB"_s << u"QR-Code:A^B"_s;

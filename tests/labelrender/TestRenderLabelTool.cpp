@@ -24,12 +24,14 @@ void TestRenderLabelTool::init()
     const QList<std::pair<QString, QByteArray>> files{
         {u"label.zpl"_s, "^XA^PW400^LL200^FO20,20^A0N,40^FD{{NAAM}}^FS^PQ2^XZ"},
         {u"product.json"_s, R"({"ID": 5, "Name": "Zeep^Lavendel"})"},
+        {u"broken.json"_s, R"({"ID": 5, "Name": )"},
     };
     for (const auto& [name, content] : files) {
         QFile file(m_dir->filePath(name));
         QVERIFY(file.open(QIODevice::WriteOnly) && file.write(content) == content.size());
     }
     QVERIFY(QDir(m_dir->path()).mkdir(u"out-is-a-dir.png"_s));
+    QVERIFY(QDir(m_dir->path()).mkdir(u"out-2-is-a-dir-2.png"_s));
 }
 
 void TestRenderLabelTool::run_data()
@@ -37,24 +39,37 @@ void TestRenderLabelTool::run_data()
     QTest::addColumn<QStringList>("arguments"); // "OUT" stands for the output file
     QTest::addColumn<QByteArray>("input");      // standard input
     QTest::addColumn<QString>("message");       // part of standard error
-    QTest::addColumn<QSize>("picture");         // written PNG; invalid: a failure, no file
+    QTest::addColumn<QList<QSize>>("pictures"); // out.png, out-2.png, ...; none: a failure
 
     QTest::newRow("sample values") << QStringList{u"--sample"_s, u"label.zpl"_s, u"-o"_s, u"OUT"_s}
-                                   << QByteArray() << u"^PQ"_s << QSize(400, 200);
+                                   << QByteArray() << u"^PQ"_s << QList<QSize>{{400, 200}};
     QTest::newRow("standard input, size unknown")
         << QStringList{u"--dpmm"_s, u"12"_s, u"-"_s, u"-o"_s, u"OUT"_s}
-        << QByteArray("^XA^FO0,0^GB10,10,1^FS^XZ") << u"onbekend"_s << QSize(34, 34);
+        << QByteArray("^XA^FO0,0^GB10,10,1^FS^XZ") << u"onbekend"_s << QList<QSize>{{34, 34}};
     QTest::newRow("product caret warned")
         << QStringList{u"--product"_s, u"product.json"_s, u"label.zpl"_s, u"-o"_s, u"OUT"_s}
-        << QByteArray() << u"^FH"_s << QSize(400, 200);
+        << QByteArray() << u"^FH"_s << QList<QSize>{{400, 200}};
     QTest::newRow("unreadable input") << QStringList{u"missing.zpl"_s, u"-o"_s, u"OUT"_s}
-                                      << QByteArray() << u"missing.zpl"_s << QSize();
+                                      << QByteArray() << u"missing.zpl"_s << QList<QSize>();
     QTest::newRow("output directory missing")
         << QStringList{u"label.zpl"_s, u"-o"_s, u"no/such/dir/out.png"_s} << QByteArray()
-        << u"no/such/dir/out.png"_s << QSize();
+        << u"no/such/dir/out.png"_s << QList<QSize>();
     QTest::newRow("output is a directory")
         << QStringList{u"label.zpl"_s, u"-o"_s, u"out-is-a-dir.png"_s} << QByteArray()
-        << u"out-is-a-dir.png"_s << QSize();
+        << u"out-is-a-dir.png"_s << QList<QSize>();
+    QTest::newRow("two labels, two pictures")
+        << QStringList{u"-"_s, u"-o"_s, u"OUT"_s} << QByteArray("^XA^PW80^LL40^XZ^XA^PW40^LL80^XZ")
+        << QString() << QList<QSize>{{80, 40}, {40, 80}};
+    QTest::newRow("second picture unwritable, first not kept")
+        << QStringList{u"-"_s, u"-o"_s, u"out-2-is-a-dir.png"_s}
+        << QByteArray("^XA^PW80^LL40^XZ^XA^PW40^LL80^XZ") << u"out-2-is-a-dir-2.png"_s
+        << QList<QSize>();
+    QTest::newRow("unsupported resolution")
+        << QStringList{u"--dpmm"_s, u"10"_s, u"label.zpl"_s, u"-o"_s, u"OUT"_s} << QByteArray()
+        << u"--dpmm"_s << QList<QSize>();
+    QTest::newRow("product not JSON")
+        << QStringList{u"--product"_s, u"broken.json"_s, u"label.zpl"_s, u"-o"_s, u"OUT"_s}
+        << QByteArray() << u"broken.json"_s << QList<QSize>();
 }
 
 void TestRenderLabelTool::run()
@@ -62,7 +77,7 @@ void TestRenderLabelTool::run()
     QFETCH(QStringList, arguments);
     QFETCH(QByteArray, input);
     QFETCH(QString, message);
-    QFETCH(QSize, picture);
+    QFETCH(QList<QSize>, pictures);
 
     const QString out = m_dir->filePath(u"out.png"_s);
     arguments.replaceInStrings(QRegularExpression(u"^OUT$"_s), out);
@@ -74,12 +89,16 @@ void TestRenderLabelTool::run()
     tool.closeWriteChannel();
     QVERIFY(tool.waitForFinished(30'000));
     const QString errors = QString::fromUtf8(tool.readAllStandardError());
-    QCOMPARE(tool.exitCode(), picture.isValid() ? 0 : 1);
+    QCOMPARE(tool.exitCode(), pictures.isEmpty() ? 1 : 0);
     QVERIFY2(errors.contains(message), qPrintable(errors));
-    QCOMPARE(QImage(out).size(), picture.isValid() ? picture : QSize(0, 0));
-    // Nothing half-written is left beside the output.
-    QCOMPARE(QDir(m_dir->path()).entryList(QDir::Files).filter(u"out"_s),
-             picture.isValid() ? QStringList{u"out.png"_s} : QStringList());
+    // Exactly the pictures, and nothing half-written beside them.
+    QStringList written;
+    for (qsizetype i = 0; i < pictures.size(); ++i) {
+        written << (i == 0 ? u"out.png"_s : u"out-%1.png"_s.arg(i + 1));
+        QCOMPARE(QImage(m_dir->filePath(written.last())).size(), pictures.at(i));
+    }
+    written.sort();
+    QCOMPARE(QDir(m_dir->path()).entryList(QDir::Files).filter(u"out"_s), written);
 }
 
 QTEST_GUILESS_MAIN(TestRenderLabelTool)

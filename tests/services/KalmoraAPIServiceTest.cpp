@@ -39,12 +39,12 @@ class KalmoraAPIServiceTest : public QObject
 private slots:
     // Loopback only: no proxy may stand between the client and the test server.
     void initTestCase() { QNetworkProxy::setApplicationProxy(QNetworkProxy::NoProxy); }
-    void sendsTheRequestAsSpecified();
+    void sendsTheAgreedRequest();
     void outcomes_data();
     void outcomes();
 };
 
-void KalmoraAPIServiceTest::sendsTheRequestAsSpecified()
+void KalmoraAPIServiceTest::sendsTheAgreedRequest()
 {
     LoopbackHttpServer server;
     QVERIFY(server.listen());

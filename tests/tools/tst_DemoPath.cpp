@@ -88,7 +88,7 @@ void DemoPathTest::printFromTheProductWindow()
     QVERIFY(statusBar->printButton()->isEnabled());
     QTest::mouseClick(statusBar->printButton(), Qt::LeftButton);
 
-    const QDir folder(printer.jobDirectory());
+    const QDir folder(printer.jobDirectory(), u"*.zpl"_s); // a picture lies beside each
     QTRY_COMPARE_WITH_TIMEOUT(folder.entryList(QDir::Files).size(), 4, 5000);
     QTRY_VERIFY(!statusBar->isPrinting());
     QCOMPARE(folder.entryList(QDir::Files),

@@ -1,5 +1,6 @@
 #include "AwaitTask.h"
 #include "DemoHome.h"
+#include "LabelRenderer.h"
 #include "SimulatorOptions.h"
 #include "TestHome.h"
 #include "VirtualPrinter.h"
@@ -82,8 +83,9 @@ void SimulatorTest::printers_data()
     QTest::newRow("reset") << u"ready"_s << u"reset"_s << unknown << u"Verzenden mislukt: "_s;
 }
 
-// Every state answers the status query as a printer does and still takes jobs
-// (a query is never kept as one); every failure fails both.
+// Every state answers the status query as a printer does and still takes jobs,
+// each kept with its picture (a query is never kept as one); every failure
+// fails both.
 void SimulatorTest::printers()
 {
     QFETCH(QString, state);
@@ -98,7 +100,7 @@ void SimulatorTest::printers()
         QSKIP(qPrintable(error));
     const auto timeout = failure == u"hang"_s ? 300ms : 5000ms;
     // Large enough that a dropped or reset connection cannot take it all.
-    const QString label = u"^XA^FD\u00e9"_s + QString(sent.isEmpty() ? 0 : 1 << 23, u'x');
+    const QString label = u"^XA^FD\u00e9^FS^XZ"_s + QString(sent.isEmpty() ? 0 : 1 << 23, u'x');
 
     const PrinterStatus answer =
         awaitTask(PrinterStatusService(timeout, 300ms).queryStatus(u"127.0.0.1"_s, printer.port()));
@@ -110,10 +112,14 @@ void SimulatorTest::printers()
              qPrintable(result ? result->errorDescription() : QString()));
     if (!sent.isEmpty())
         return;
-    QTRY_COMPARE(QDir(jobs.path()).entryList(QDir::Files), QStringList{u"job-000001.zpl"_s});
+    QTRY_COMPARE(QDir(jobs.path()).entryList(QDir::Files),
+                 (QStringList{u"job-000001.png"_s, u"job-000001.zpl"_s}));
     QFile job(jobs.filePath(u"job-000001.zpl"_s));
     QVERIFY(job.open(QIODevice::ReadOnly));
-    QCOMPARE(job.readAll(), "^XA^FD\xC3\xA9");
+    QCOMPARE(job.readAll(), "^XA^FD\xC3\xA9^FS^XZ");
+    // Beside it, the label drawn from exactly those bytes.
+    QCOMPARE(QImage(jobs.filePath(u"job-000001.png"_s)).convertToFormat(QImage::Format_RGB32),
+             LabelRenderer().render(u"^XA^FD\u00e9^FS^XZ"_s).labels.value(0).image);
 }
 
 void SimulatorTest::demoSettingsStayOutOfTheOwnHome()
@@ -127,5 +133,5 @@ void SimulatorTest::demoSettingsStayOutOfTheOwnHome()
     QVERIFY(!QFile::exists(home.settingsFilePath()));
 }
 
-QTEST_GUILESS_MAIN(SimulatorTest)
+QTEST_MAIN(SimulatorTest)
 #include "tst_Simulator.moc"

@@ -10,6 +10,8 @@
 #include <QFileInfo>
 #include <QJsonDocument>
 #include <QSaveFile>
+#include <memory>
+#include <vector>
 
 using namespace Qt::StringLiterals;
 
@@ -56,20 +58,32 @@ QString outputName(const QString& output, qsizetype index)
         u"%1-%2.%3"_s.arg(info.completeBaseName()).arg(index + 1).arg(info.suffix()));
 }
 
-void writePng(const QImage& image, const QString& path)
+// Every picture goes to a temporary file first; the outputs appear only when
+// all were written, so a failure leaves none of them behind.
+void writePngs(const QList<RenderedLabel>& labels, const QString& output)
 {
-    QSaveFile file(path);
-    if (!file.open(QIODevice::WriteOnly))
-        throw Failure{u"Kan %1 niet schrijven: %2"_s.arg(path, file.errorString())};
-    if (!image.save(&file, "PNG") || !file.commit())
-        throw Failure{u"Kan %1 niet schrijven: %2"_s.arg(path, file.errorString())};
+    std::vector<std::unique_ptr<QSaveFile>> files;
+    for (qsizetype i = 0; i < labels.size(); ++i) {
+        auto& file = files.emplace_back(std::make_unique<QSaveFile>(outputName(output, i)));
+        if (!file->open(QIODevice::WriteOnly) || !labels.at(i).image.save(file.get(), "PNG"))
+            throw Failure{
+                u"Kan %1 niet schrijven: %2"_s.arg(file->fileName(), file->errorString())};
+    }
+    for (qsizetype i = 0; i < qsizetype(files.size()); ++i) {
+        if (files.at(i)->commit())
+            continue;
+        for (qsizetype done = 0; done < i; ++done)
+            QFile::remove(files.at(done)->fileName());
+        throw Failure{u"Kan %1 niet schrijven: %2"_s.arg(files.at(i)->fileName(),
+                                                         files.at(i)->errorString())};
+    }
 }
 
 int runParsed(const QCommandLineParser& parser, QTextStream& errors)
 {
     bool dotsOk = false;
     const int dotsPerMm = parser.value(u"dpmm"_s).toInt(&dotsOk);
-    if (!dotsOk || !QList<int>{6, 8, 12, 24}.contains(dotsPerMm))
+    if (!dotsOk || !LabelRenderer::isSupportedDotsPerMm(dotsPerMm))
         throw Failure{u"--dpmm moet 6, 8, 12 of 24 zijn."_s};
     if (parser.positionalArguments().size() != 1 || !parser.isSet(u"o"_s))
         throw Failure{u"Gebruik: stampix-render-label [opties] BESTAND|- -o UIT.png"_s};
@@ -99,9 +113,7 @@ int runParsed(const QCommandLineParser& parser, QTextStream& errors)
         errors << u"Waarschuwing: "_s << warning << Qt::endl;
     for (const QString& note : preview.rendering.notes)
         errors << u"Let op: "_s << note << Qt::endl;
-    const QString output = parser.value(u"o"_s);
-    for (qsizetype i = 0; i < preview.rendering.labels.size(); ++i)
-        writePng(preview.rendering.labels.at(i).image, outputName(output, i));
+    writePngs(preview.rendering.labels, parser.value(u"o"_s));
     return 0;
 }
 

@@ -57,6 +57,10 @@ bool Simulator::startPrinters(QString* error)
                 [this, name = printer->name()](const QString& why) {
                     log(u"%1  job received but not saved: %2"_s.arg(name, why));
                 });
+        connect(printer, &VirtualPrinter::pictureNotWritten, this,
+                [this, name = printer->name()](const QString& why) {
+                    log(u"%1  job saved without a picture: %2"_s.arg(name, why));
+                });
         connect(printer, &VirtualPrinter::emptyConnection, this, [this, name = printer->name()] {
             log(u"%1  connection closed without data"_s.arg(name));
         });

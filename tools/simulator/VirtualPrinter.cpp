@@ -189,10 +189,15 @@ void VirtualPrinter::onJob(const QByteArray& job)
         return;
     }
     QString error;
-    if (const std::optional<QString> path = m_writer.write(job, &error))
-        emit jobWritten(*path, job);
-    else
+    const std::optional<QString> path = m_writer.write(job, &error);
+    if (!path) {
         emit jobNotWritten(error);
+        return;
+    }
+    const std::optional<QString> picture = m_pictures.write(*path, job, &error);
+    emit jobWritten(*path, job);
+    if (!picture)
+        emit pictureNotWritten(error);
 }
 
 QString VirtualPrinter::firstFieldData(const QByteArray& job)

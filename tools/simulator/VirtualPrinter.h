@@ -1,5 +1,6 @@
 #pragma once
 
+#include "JobPictureWriter.h"
 #include "LabelJobWriter.h"
 #include "LabelSink.h"
 
@@ -12,8 +13,9 @@
 
 class UnansweredPort;
 
-// A raw-TCP label printer on 127.0.0.1 that keeps every job as a file, or that
-// fails in one of the ways a real printer does.
+// A raw-TCP label printer on 127.0.0.1 that keeps every job as a file, with
+// the label drawn beside it as a PNG, or that fails in one of the ways a real
+// printer does.
 class VirtualPrinter : public QObject
 {
     Q_OBJECT
@@ -68,6 +70,8 @@ public:
 signals:
     void jobWritten(const QString& filePath, const QByteArray& job);
     void jobNotWritten(const QString& error);
+    // The job was kept, but its picture could not be drawn or saved.
+    void pictureNotWritten(const QString& error);
     // A connection that closed without sending anything is no job.
     void emptyConnection();
     void statusQueried();
@@ -81,6 +85,7 @@ private:
     Failure m_failure;
     State m_state;
     LabelJobWriter m_writer;
+    JobPictureWriter m_pictures;
     LabelSink m_sink;
     std::unique_ptr<UnansweredPort> m_unanswered;
     quint16 m_port = 0;
