@@ -57,7 +57,7 @@ void SettingsTestPrintTest::printerTestSucceedsInGreen()
     QCOMPARE(harness.view().printerTestResult(), u"Verbinding gelukt! Test etiket verstuurd."_s);
     QVERIFY(page->resultLabel()->isVisible());
     QCOMPARE(page->resultLabel()->text(), u"Verbinding gelukt! Test etiket verstuurd."_s);
-    QCOMPARE(textColor(page->resultLabel()), Theme::green());
+    QCOMPARE(textColor(page->resultLabel()), SettingsEditorPage::green(page->palette()));
     QVERIFY(page->testButton()->isEnabled());
     QVERIFY(!page->spinner()->isVisible());
     QTRY_COMPARE(sink.jobs().size(), 1);
@@ -96,7 +96,7 @@ void SettingsTestPrintTest::templateTestPrintSendsThePreview()
     QVERIFY(!page->testingRow()->isVisible());
     QVERIFY(page->resultRow()->isVisible());
     QCOMPARE(page->resultLabel()->text(), expected);
-    QCOMPARE(textColor(page->resultLabel()), Theme::green());
+    QCOMPARE(textColor(page->resultLabel()), SettingsEditorPage::green(page->palette()));
     QTRY_COMPARE(sink.jobs().size(), 1);
     QCOMPARE(sink.jobs().at(0), u"^XA^FDVoorbeeld Product 19,99 é^FS^XZ"_s.toUtf8());
 }
