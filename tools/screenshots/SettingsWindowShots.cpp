@@ -5,6 +5,7 @@
 #include "VirtualPrinter.h"
 #include "model/AppSettings.h"
 #include "views/main/AboutWindow.h"
+#include "views/settings/PrinterEditorPage.h"
 #include "views/settings/SettingsView.h"
 #include "views/settings/SettingsWindow.h"
 #include "views/settings/TemplateEditorPage.h"
@@ -14,6 +15,7 @@
 #include <QDeadlineTimer>
 #include <QDir>
 #include <QPlainTextEdit>
+#include <QPushButton>
 #include <QScrollArea>
 #include <QScrollBar>
 #include <QTcpServer>
@@ -131,8 +133,8 @@ void fillStore(AppSettings& settings, quint16 printerPort)
     settings.setTemplates({shelf, small});
 }
 
-// The printer page after asking a simulator printer in `state` for its status;
-// the connection test's result, if any, stays above it. With `whileAsking`,
+// The printer page after asking a simulator printer in `state` for its status,
+// the button focused; the connection test's result, if any, stays above it. With `whileAsking`,
 // also a picture of the question still running.
 void shootPrinterStatus(SettingsWindow* window, AppSettings& settings, VirtualPrinter::State state,
                         const QString& outDir, const QString& name, bool whileAsking = false)
@@ -152,6 +154,9 @@ void shootPrinterStatus(SettingsWindow* window, AppSettings& settings, VirtualPr
     if (whileAsking)
         save(window, outDir, name + u"-asking"_s);
     waitUntil([&view] { return !view.isQueryingStatus(); }, 8000);
+    // The focus stays on the button, as after pressing it with the keyboard.
+    if (auto* page = window->findChild<PrinterEditorPage*>())
+        page->statusButton()->setFocus(Qt::TabFocusReason);
     save(window, outDir, name);
     settings.updatePrinter(0, [port](Printer& p) { p.port = port; });
 }
@@ -268,7 +273,9 @@ void renderSettingsShots(const QString& outDir)
     window->close();
     QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
 
-    // The status line and the focused template text, light and dark.
+    // The status line and the focused template text, light and dark, from a
+    // store filled afresh (the empty states above left no template).
+    settings->addTemplate();
     fillStore(*settings, printer.port());
     renderStatusAndFocusShots(*settings, outDir, QString());
     const QPalette light = QApplication::palette();
