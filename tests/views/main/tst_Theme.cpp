@@ -25,8 +25,6 @@ void ThemeTest::textColoursAreReadable_data()
     QTest::newRow("dark") << QColor(40, 40, 42) << QColor(236, 236, 236) << QColor(30, 30, 32);
     QTest::newRow("grey, low contrast")
         << QColor(128, 128, 128) << QColor(20, 20, 20) << QColor(140, 140, 140);
-    QTest::newRow("light, dark cards")
-        << QColor(239, 239, 239) << QColor(Qt::black) << QColor(45, 45, 45);
     QTest::newRow("Adwaita dark") << QColor(53, 53, 53) << QColor(Qt::white) << QColor(45, 45, 45);
 }
 

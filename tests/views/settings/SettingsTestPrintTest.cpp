@@ -108,13 +108,20 @@ void SettingsTestPrintTest::aTestOutlivesItsWindow()
     auto harness = std::make_unique<SettingsViewHarness>();
     harness->setPrinters({SettingsViewHarness::printer(u"Balie"_s, u"127.0.0.1"_s, sink.port())});
     QVERIFY(harness->show());
+    sink.setStatusAnswer("\x02"
+                         "030,1,0,1218,000,0,0,0,000,0,0,0\x03\r\n\x02"
+                         "000,0,0,0,1,2,6,0,00000000,1,000\x03\r\n\x02"
+                         "1234,0\x03\r\n");
+    QSignalSpy asked(&sink, &LabelSink::statusQueried);
     harness->view().testPrinterConnection(0);
+    harness->view().queryPrinterStatus(0);
     QVERIFY(harness->view().isPrinterTesting());
 
     // Closing the window mid-test must not touch the deleted view when the
-    // test comes back.
+    // test or the status query comes back.
     harness.reset();
     QTRY_COMPARE(sink.jobs().size(), 1);
+    QTRY_COMPARE(asked.size(), 1);
     QTest::qWait(200);
 }
 
