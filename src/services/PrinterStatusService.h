@@ -1,5 +1,6 @@
 #pragma once
 
+#include "PrinterService.h"
 #include "PrinterStatus.h"
 
 #include <QCoroTask>
@@ -27,7 +28,9 @@
 class PrinterStatusService
 {
 public:
-    static constexpr std::chrono::milliseconds kDefaultConnectTimeout{10'000};
+    // Connecting takes as long as it may when printing.
+    static constexpr std::chrono::milliseconds kDefaultConnectTimeout =
+        PrinterService::kDefaultTimeout;
     static constexpr std::chrono::milliseconds kDefaultAnswerDeadline{5'000};
 
     explicit PrinterStatusService(

@@ -13,11 +13,10 @@ using namespace std::chrono_literals;
 namespace {
 
 // Answers as a printer does: its first string, then the two others.
-QByteArray answer(const QByteArray& first, const QByteArray& second)
+QByteArray answer(const QByteArray& first, const QByteArray& second,
+                  const QByteArray& third = "1234,0")
 {
-    return "\x02" + first + "\x03\r\n\x02" + second +
-           "\x03\r\n\x02"
-           "1234,0\x03\r\n";
+    return "\x02" + first + "\x03\r\n\x02" + second + "\x03\r\n\x02" + third + "\x03\r\n";
 }
 
 const QByteArray kReady =
@@ -71,6 +70,10 @@ void PrinterStatusTest::readsTheAnswer_data()
     QTest::newRow("cut short") << kReady.left(kReady.size() - 3) << QString() << 0;
     QTest::newRow("more after the end") << kReady + "x" << QString() << 0;
     QTest::newRow("oversized") << kReady + QByteArray(1024, ' ') << QString() << 0;
+    QTest::newRow("well-formed but oversized")
+        << answer("030,0,0,1218,000,0,0,0,000,0,0,0", "000,0,0,0,1,2,6,0,00000000,1,000",
+                  QByteArray(1100, '1') + ",0")
+        << QString() << 0;
     QTest::newRow("empty") << QByteArray() << QString() << 0;
 }
 

@@ -69,7 +69,9 @@ QList<Product> catalogue()
     return products;
 }
 
-QPalette darkPalette()
+} // namespace
+
+QPalette MainWindowShots::darkPalette()
 {
     QPalette palette;
     palette.setColor(QPalette::Window, QColor(40, 40, 42));
@@ -84,8 +86,6 @@ QPalette darkPalette()
     palette.setColor(QPalette::PlaceholderText, QColor(140, 140, 140));
     return palette;
 }
-
-} // namespace
 
 MainWindowShots::MainWindowShots(QString outputDirectory)
     : m_outputDirectory(std::move(outputDirectory)), m_fixture(std::make_unique<Fixture>())

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <QPalette>
 #include <QString>
 #include <functional>
 #include <memory>
@@ -22,6 +23,9 @@ public:
 
     // The number of states that could not be reached or saved.
     int run();
+
+    // The dark desktop palette the pictures use.
+    static QPalette darkPalette();
 
 private:
     void configurationNeeded();

@@ -1,14 +1,21 @@
 // Pictures of the settings window (every editor, each empty state, "Over")
 // and of the About window, for looking at the layout without a desktop.
 
+#include "MainWindowShots.h"
+#include "VirtualPrinter.h"
 #include "model/AppSettings.h"
 #include "views/main/AboutWindow.h"
+#include "views/settings/PrinterEditorPage.h"
 #include "views/settings/SettingsView.h"
 #include "views/settings/SettingsWindow.h"
+#include "views/settings/TemplateEditorPage.h"
 
+#include <QApplication>
 #include <QCoreApplication>
 #include <QDeadlineTimer>
 #include <QDir>
+#include <QPlainTextEdit>
+#include <QPushButton>
 #include <QScrollArea>
 #include <QScrollBar>
 #include <QTcpServer>
@@ -126,6 +133,64 @@ void fillStore(AppSettings& settings, quint16 printerPort)
     settings.setTemplates({shelf, small});
 }
 
+// The printer page after asking a simulator printer in `state` for its status,
+// the button focused; the connection test's result, if any, stays above it. With `whileAsking`,
+// also a picture of the question still running.
+void shootPrinterStatus(SettingsWindow* window, AppSettings& settings, VirtualPrinter::State state,
+                        const QString& outDir, const QString& name, bool whileAsking = false)
+{
+    QTemporaryDir jobs;
+    VirtualPrinter printer(u"Status"_s, jobs.path(), VirtualPrinter::Failure::none, state);
+    QString error;
+    if (!printer.start(0, &error)) {
+        qWarning("no printer for %s: %s", qPrintable(name), qPrintable(error));
+        return;
+    }
+    const qint64 port = settings.printers().at(0).port;
+    settings.updatePrinter(0, [&printer](Printer& p) { p.port = printer.port(); });
+    SettingsView& view = *window->view();
+    view.select(Kind::printer, settings.printers().at(0).id);
+    view.queryPrinterStatus(0);
+    if (whileAsking)
+        save(window, outDir, name + u"-asking"_s);
+    waitUntil([&view] { return !view.isQueryingStatus(); }, 8000);
+    // The focus stays on the button, as after pressing it with the keyboard.
+    if (auto* page = window->findChild<PrinterEditorPage*>())
+        page->statusButton()->setFocus(Qt::TabFocusReason);
+    save(window, outDir, name);
+    settings.updatePrinter(0, [port](Printer& p) { p.port = port; });
+}
+
+// The status line green and red, and the template text with the focus, in the
+// application's palette as the window opens with it; `suffix` names the palette.
+void renderStatusAndFocusShots(AppSettings& settings, const QString& outDir, const QString& suffix)
+{
+    auto* window = new SettingsWindow(settings);
+    window->show();
+    window->activateWindow();
+    settle(300);
+    SettingsView& view = *window->view();
+    view.select(Kind::printer, settings.printers().at(0).id);
+    view.testPrinterConnection(0);
+    waitUntil([&view] { return !view.isPrinterTesting(); });
+    shootPrinterStatus(window, settings, VirtualPrinter::State::ready, outDir,
+                       u"settings-printer-status-ready"_s + suffix);
+    shootPrinterStatus(window, settings, VirtualPrinter::State::paperOut, outDir,
+                       u"settings-printer-status-paper-out"_s + suffix);
+    if (suffix.isEmpty())
+        shootPrinterStatus(window, settings, VirtualPrinter::State::headOpen, outDir,
+                           u"settings-printer-status-silent"_s, true);
+
+    window->resize(SettingsWindow::kMaximumSize);
+    view.select(Kind::labelTemplate, settings.templates().at(0).id);
+    settle();
+    if (auto* page = window->findChild<TemplateEditorPage*>())
+        page->zplEditor()->setFocus(Qt::TabFocusReason);
+    save(window, outDir, u"settings-template-focus"_s + suffix);
+    window->close();
+    QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+}
+
 } // namespace
 
 void renderSettingsShots(const QString& outDir)
@@ -207,6 +272,16 @@ void renderSettingsShots(const QString& outDir)
 
     window->close();
     QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+
+    // The status line and the focused template text, light and dark, from a
+    // store filled afresh (the empty states above left no template).
+    settings->addTemplate();
+    fillStore(*settings, printer.port());
+    renderStatusAndFocusShots(*settings, outDir, QString());
+    const QPalette light = QApplication::palette();
+    QApplication::setPalette(MainWindowShots::darkPalette());
+    renderStatusAndFocusShots(*settings, outDir, u"-dark"_s);
+    QApplication::setPalette(light);
 
     auto* about = new AboutWindow;
     about->show();

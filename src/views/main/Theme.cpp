@@ -7,15 +7,6 @@
 
 namespace {
 
-// Mixes `over` onto `base` with the given weight of `over`, opaque result.
-QColor blend(const QColor& base, const QColor& over, qreal weight)
-{
-    const qreal keep = 1.0 - weight;
-    return QColor::fromRgbF(base.redF() * keep + over.redF() * weight,
-                            base.greenF() * keep + over.greenF() * weight,
-                            base.blueF() * keep + over.blueF() * weight);
-}
-
 double relativeLuminance(const QColor& color)
 {
     const auto linear = [](qreal channel) {
@@ -25,25 +16,30 @@ double relativeLuminance(const QColor& color)
            0.0722 * linear(color.blueF());
 }
 
-// `color`, moved towards black or white (whichever stands out more from the
-// background) just far enough to reach the minimum contrast.
-QColor readableOn(const QColor& color, const QColor& background)
+} // namespace
+
+QColor Theme::blend(const QColor& base, const QColor& over, qreal weight)
+{
+    const qreal keep = 1.0 - weight;
+    return QColor::fromRgbF(base.redF() * keep + over.redF() * weight,
+                            base.greenF() * keep + over.greenF() * weight,
+                            base.blueF() * keep + over.blueF() * weight);
+}
+
+QColor Theme::readableOn(const QColor& color, const QColor& background)
 {
     const QColor black(Qt::black);
     const QColor white(Qt::white);
     const QColor extreme =
-        Theme::contrastRatio(black, background) >= Theme::contrastRatio(white, background) ? black
-                                                                                           : white;
+        contrastRatio(black, background) >= contrastRatio(white, background) ? black : white;
     constexpr int kSteps = 20;
     for (int step = 0; step < kSteps; ++step) {
         const QColor candidate = blend(color, extreme, qreal(step) / kSteps);
-        if (Theme::contrastRatio(candidate, background) >= Theme::kMinimumContrast)
+        if (contrastRatio(candidate, background) >= kMinimumContrast)
             return candidate;
     }
     return extreme;
 }
-
-} // namespace
 
 double Theme::contrastRatio(const QColor& first, const QColor& second)
 {

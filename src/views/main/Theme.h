@@ -40,6 +40,11 @@ public:
     static constexpr double kMinimumContrast = 4.5;
     // The contrast ratio of two colours as accessibility guidelines define it (1 to 21).
     static double contrastRatio(const QColor& first, const QColor& second);
+    // `color`, moved towards black or white (whichever stands out more from
+    // `background`) just far enough to reach the minimum contrast.
+    static QColor readableOn(const QColor& color, const QColor& background);
+    // Mixes `over` onto `base` with the given weight of `over`; opaque.
+    static QColor blend(const QColor& base, const QColor& over, qreal weight);
 
     // The palette a themed child should read its colours from: its parent's,
     // since the child's own palette carries the colour it was given.

@@ -28,7 +28,10 @@ PrinterEditorPage::PrinterEditorPage(SettingsView& view, qsizetype index, QWidge
       m_name(makeLineEdit(u"Printer naam"_s)), m_ipAddress(makeLineEdit(u"192.168.1.100"_s, 150)),
       m_port(makeLineEdit(u"9100"_s, 70)), m_testButton(makeButton(u"Test Verbinding"_s)),
       m_spinner(new BusyIndicator(kSpinnerSize, &Theme::secondaryText)),
-      m_result(new ThemedLabel({}, Theme::caption(), &Theme::primaryText))
+      m_result(new ThemedLabel({}, Theme::caption(), &Theme::primaryText)),
+      m_statusButton(makeButton(u"Status"_s)), m_statusRow(new QWidget),
+      m_statusSpinner(new BusyIndicator(kSpinnerSize, &Theme::secondaryText)),
+      m_status(new ThemedLabel({}, Theme::caption(), &Theme::secondaryText))
 {
     const Section details = addSection(u"Printer Details"_s);
     details.content->addWidget(new LabelledField(u"tag"_s, u"Naam"_s, m_name));
@@ -45,11 +48,23 @@ PrinterEditorPage::PrinterEditorPage(SettingsView& view, qsizetype index, QWidge
     testRow->setSpacing(12);
     m_testButton->setSizePolicy(QSizePolicy::Fixed, QSizePolicy::Fixed);
     testRow->addWidget(m_testButton);
+    m_statusButton->setSizePolicy(QSizePolicy::Fixed, QSizePolicy::Fixed);
+    m_statusButton->setAccessibleDescription(
+        u"Vraag de printer naar papier, lint, kop en buffer"_s);
+    testRow->addWidget(m_statusButton);
     testRow->addWidget(m_spinner);
     testRow->addWidget(m_result, 1);
     // Keeps the button at the left while there is no result beside it.
     testRow->addStretch();
     connection.content->addLayout(testRow);
+    auto* statusLine = new QHBoxLayout(m_statusRow);
+    statusLine->setContentsMargins(0, 0, 0, 0);
+    statusLine->setSpacing(8);
+    statusLine->addWidget(m_statusSpinner);
+    statusLine->addWidget(m_status, 1);
+    m_status->setWordWrap(true);
+    m_status->setTextInteractionFlags(Qt::TextSelectableByMouse);
+    connection.content->addWidget(m_statusRow);
     connection.content->addWidget(new InfoBox(
         u"Voer het IP adres en poort van je Zebra etiketprinter in. Standaard poort is 9100."_s));
     m_result->setWordWrap(true);
@@ -68,16 +83,24 @@ PrinterEditorPage::PrinterEditorPage(SettingsView& view, qsizetype index, QWidge
     connect(m_port, &QLineEdit::editingFinished, this, &PrinterEditorPage::refresh);
     connect(m_testButton, &QPushButton::clicked, this,
             [this] { m_view.testPrinterConnection(m_index); });
+    connect(m_statusButton, &QPushButton::clicked, this,
+            [this] { m_view.queryPrinterStatus(m_index); });
     connect(m_deleteButton, &QPushButton::clicked, this,
             [this] { m_view.deleteRecord(SettingsTabKey::Kind::printer, m_index); });
     connect(&m_view.settings(), &AppSettings::printersChanged, this, &PrinterEditorPage::refresh);
     connect(&m_view, &SettingsView::printerTestChanged, this, &PrinterEditorPage::refreshTestState);
+    connect(&m_view, &SettingsView::printerStatusChanged, this, &PrinterEditorPage::refreshStatus);
     refresh();
 }
 
 QLabel* PrinterEditorPage::resultLabel() const
 {
     return m_result;
+}
+
+QLabel* PrinterEditorPage::statusLabel() const
+{
+    return m_status;
 }
 
 std::optional<qint64> PrinterEditorPage::parsePort(const QString& text)
@@ -106,14 +129,18 @@ void PrinterEditorPage::refresh()
     if (!m_port->hasFocus())
         syncText(m_port, valid ? QString::number(printer.port) : QString());
     refreshTestState();
+    refreshStatus();
+}
+
+bool PrinterEditorPage::hasAddress() const
+{
+    const QList<Printer>& printers = m_view.settings().printers();
+    return m_index >= 0 && m_index < printers.size() && !printers.at(m_index).ipAddress.isEmpty();
 }
 
 void PrinterEditorPage::refreshTestState()
 {
-    const QList<Printer>& printers = m_view.settings().printers();
-    const bool hasAddress =
-        m_index >= 0 && m_index < printers.size() && !printers.at(m_index).ipAddress.isEmpty();
-    m_testButton->setEnabled(hasAddress && !m_view.isPrinterTesting());
+    m_testButton->setEnabled(hasAddress() && !m_view.isPrinterTesting());
     m_spinner->setVisible(m_view.isPrinterTesting());
 
     const std::optional<QString>& result = m_view.printerTestResult();
@@ -121,4 +148,24 @@ void PrinterEditorPage::refreshTestState()
     m_result->setText(result.value_or(QString()));
     if (result)
         m_result->setColor(result->contains(u"gelukt"_s) ? &green : &red);
+}
+
+void PrinterEditorPage::refreshStatus()
+{
+    // The status button follows the test button's rule, for its own query.
+    m_statusButton->setEnabled(hasAddress() && !m_view.isQueryingStatus());
+
+    const QList<Printer>& printers = m_view.settings().printers();
+    const QUuid id = m_index >= 0 && m_index < printers.size() ? printers.at(m_index).id : QUuid();
+    const bool asking = !id.isNull() && m_view.statusQueryPrinter() == id;
+    const PrinterStatus* status = id.isNull() ? nullptr : m_view.printerStatus(id);
+    m_statusRow->setVisible(asking || status);
+    m_statusSpinner->setVisible(asking);
+    if (asking) {
+        m_status->setText(u"Status opvragen..."_s);
+        m_status->setColor(&Theme::secondaryText);
+    } else if (status) {
+        m_status->setText(status->summary());
+        m_status->setColor(status->isReady() ? &green : &red);
+    }
 }

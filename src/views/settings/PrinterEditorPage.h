@@ -9,8 +9,8 @@ class QPushButton;
 class ThemedLabel;
 class SettingsView;
 
-// Edits one printer's name, address and port, tests the connection and
-// deletes the printer.
+// Edits one printer's name, address and port, tests the connection, asks the
+// printer for its status and deletes the printer.
 class PrinterEditorPage : public SettingsEditorPage
 {
     Q_OBJECT
@@ -25,6 +25,10 @@ public:
     QPushButton* testButton() const { return m_testButton; }
     QLabel* resultLabel() const;
     BusyIndicator* spinner() const { return m_spinner; }
+    QPushButton* statusButton() const { return m_statusButton; }
+    BusyIndicator* statusSpinner() const { return m_statusSpinner; }
+    // One line under the buttons: the question while it runs, then the answer.
+    QLabel* statusLabel() const;
     QPushButton* deleteButton() const { return m_deleteButton; }
 
     // Only whole numbers are taken over; anything else keeps the stored port.
@@ -33,6 +37,8 @@ public:
 private:
     void refresh();
     void refreshTestState();
+    void refreshStatus();
+    bool hasAddress() const;
     void writePort(const QString& text);
 
     SettingsView& m_view;
@@ -43,5 +49,9 @@ private:
     QPushButton* m_testButton;
     BusyIndicator* m_spinner;
     ThemedLabel* m_result;
+    QPushButton* m_statusButton;
+    QWidget* m_statusRow;
+    BusyIndicator* m_statusSpinner;
+    ThemedLabel* m_status;
     QPushButton* m_deleteButton;
 };

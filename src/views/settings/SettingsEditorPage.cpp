@@ -1,5 +1,6 @@
 #include "SettingsEditorPage.h"
 
+#include "FieldEdge.h"
 #include "SettingsSectionCard.h"
 #include "ThemedLabel.h"
 #include "views/main/SymbolIcons.h"
@@ -78,36 +79,18 @@ QLineEdit* SettingsEditorPage::makeLineEdit(const QString& placeholder, int widt
     field->setPlaceholderText(placeholder);
     if (width > 0)
         field->setFixedWidth(width);
-    showFieldEdge(field);
+    FieldEdge::attach(field);
     return field;
 }
 
-void SettingsEditorPage::showFieldEdge(QWidget* field)
+QColor SettingsEditorPage::green(const QPalette& palette)
 {
-    // The section card is painted in the base colour that fields also use. In
-    // a dark palette the style's frame hardly shows against it, so the field
-    // is lifted a little above the card.
-    QPalette pal = field->palette();
-    const QColor base = pal.color(QPalette::Base);
-    if (base.lightnessF() < 0.5) {
-        const QColor text = pal.color(QPalette::Text);
-        const qreal weight = 0.1;
-        pal.setColor(QPalette::Base,
-                     QColor::fromRgbF(base.redF() * (1 - weight) + text.redF() * weight,
-                                      base.greenF() * (1 - weight) + text.greenF() * weight,
-                                      base.blueF() * (1 - weight) + text.blueF() * weight));
-        field->setPalette(pal);
-    }
+    return Theme::readableOn(Theme::green(), Theme::controlBackground(palette));
 }
 
-QColor SettingsEditorPage::green(const QPalette&)
+QColor SettingsEditorPage::red(const QPalette& palette)
 {
-    return Theme::green();
-}
-
-QColor SettingsEditorPage::red(const QPalette&)
-{
-    return Theme::red();
+    return Theme::readableOn(Theme::red(), Theme::controlBackground(palette));
 }
 
 QPushButton* SettingsEditorPage::makeButton(const QString& text)

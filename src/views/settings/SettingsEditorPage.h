@@ -16,9 +16,8 @@ class SettingsEditorPage : public QWidget
 public:
     explicit SettingsEditorPage(QWidget* parent = nullptr);
 
-    // A text input whose edge shows on the card in light and dark palettes.
-    static void showFieldEdge(QWidget* field);
-    // Result colours for ThemedLabel.
+    // Result colours for ThemedLabel: green and red, darkened or lightened
+    // until they read on the cards' base colour.
     static QColor green(const QPalette&);
     static QColor red(const QPalette&);
     // A push button that Return presses too, as the space bar does.

@@ -18,6 +18,7 @@
 #include <QShowEvent>
 #include <QTimer>
 #include <QVBoxLayout>
+#include <utility>
 
 using namespace Qt::StringLiterals;
 
@@ -194,6 +195,34 @@ QCoro::Task<> SettingsView::runPrinterTest(QString ip, qint64 port)
     m_printerTestResult = result.message;
     m_isPrinterTesting = false;
     emit printerTestChanged();
+}
+
+const PrinterStatus* SettingsView::printerStatus(const QUuid& printer) const
+{
+    return m_printerStatus && printer == m_printerStatusPrinter ? &*m_printerStatus : nullptr;
+}
+
+void SettingsView::queryPrinterStatus(qsizetype index)
+{
+    // One query at a time, as with the connection test.
+    if (isQueryingStatus() || index < 0 || index >= m_settings.printers().size())
+        return;
+    const Printer printer = m_settings.printers().at(index);
+    m_statusQueryPrinter = printer.id;
+    m_printerStatus.reset();
+    emit printerStatusChanged();
+    runStatusQuery(printer.ipAddress, printer.port);
+}
+
+QCoro::Task<> SettingsView::runStatusQuery(QString ip, qint64 port)
+{
+    const QPointer<SettingsView> self(this);
+    const PrinterStatus status = co_await m_statusService.queryStatus(ip, port);
+    if (!self)
+        co_return;
+    m_printerStatus = status;
+    m_printerStatusPrinter = std::exchange(m_statusQueryPrinter, QUuid());
+    emit printerStatusChanged();
 }
 
 void SettingsView::testPrintTemplate(qsizetype index)

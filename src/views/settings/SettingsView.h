@@ -2,6 +2,7 @@
 
 #include "SettingsTabKey.h"
 #include "model/Printer.h"
+#include "services/PrinterStatusService.h"
 #include "services/ZPLService.h"
 
 #include <QCoroTask>
@@ -55,6 +56,11 @@ public:
 
     const std::optional<QString>& printerTestResult() const { return m_printerTestResult; }
     bool isPrinterTesting() const { return m_isPrinterTesting; }
+    // The last status answer, on the page of the printer it came from only.
+    const PrinterStatus* printerStatus(const QUuid& printer) const;
+    // Whether a status query runs, and for which printer.
+    bool isQueryingStatus() const { return !m_statusQueryPrinter.isNull(); }
+    const QUuid& statusQueryPrinter() const { return m_statusQueryPrinter; }
     const std::optional<QString>& templateTestResult() const { return m_templateTestResult; }
     bool isTemplateTesting() const { return m_isTemplateTesting; }
     const std::optional<QString>& copiedPlaceholder() const { return m_copiedPlaceholder; }
@@ -67,6 +73,7 @@ public:
     // else the first dossier. An index that is no longer valid does nothing.
     void deleteRecord(Kind kind, qsizetype index);
     void testPrinterConnection(qsizetype index);
+    void queryPrinterStatus(qsizetype index);
     void testPrintTemplate(qsizetype index);
     void copyPlaceholder(const QString& key);
 
@@ -82,6 +89,7 @@ signals:
     void selectedTabChanged();
     void expandedChanged(SettingsTabKey::Kind group, bool animated);
     void printerTestChanged();
+    void printerStatusChanged();
     void templateTestChanged();
     void copiedPlaceholderChanged();
 
@@ -93,6 +101,7 @@ private:
     void selectFirstDossier();
     void setCopiedPlaceholder(std::optional<QString> key);
     QCoro::Task<> runPrinterTest(QString ip, qint64 port);
+    QCoro::Task<> runStatusQuery(QString ip, qint64 port);
     QCoro::Task<> runTemplateTest(QString zpl, Printer printer);
 
     AppSettings& m_settings;
@@ -104,6 +113,10 @@ private:
     bool m_isPrinterTesting = false;
     // Shared so that a running test keeps its service alive if the window closes.
     std::shared_ptr<PrinterService> m_printerService;
+    std::optional<PrinterStatus> m_printerStatus;
+    QUuid m_printerStatusPrinter;
+    QUuid m_statusQueryPrinter;
+    PrinterStatusService m_statusService;
     std::optional<QString> m_templateTestResult;
     bool m_isTemplateTesting = false;
     std::optional<QString> m_copiedPlaceholder;

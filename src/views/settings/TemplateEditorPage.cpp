@@ -1,6 +1,7 @@
 #include "TemplateEditorPage.h"
 
 #include "BusyIndicator.h"
+#include "FieldEdge.h"
 #include "InfoBox.h"
 #include "LabelledField.h"
 #include "PlaceholderChip.h"
@@ -129,15 +130,10 @@ void TemplateEditorPage::buildZPLSection()
     m_zpl->setFont(Theme::monospaced(Theme::body().pixelSize()));
     m_zpl->setMinimumHeight(kEditorMinHeight);
     m_zpl->setLineWrapMode(QPlainTextEdit::NoWrap);
-    m_zpl->setFrameShape(QFrame::NoFrame);
     m_zpl->setAccessibleName(u"ZPL Template"_s);
     // Tab leaves the editor, so the keyboard never gets stuck in it.
     m_zpl->setTabChangesFocus(true);
-    showFieldEdge(m_zpl);
-    QColor border = Qt::gray;
-    border.setAlphaF(0.3f);
-    m_zpl->setStyleSheet(
-        u"QPlainTextEdit { border: 1px solid %1; }"_s.arg(border.name(QColor::HexArgb)));
+    FieldEdge::attach(m_zpl, FieldEdge::Frame::drawn);
     zpl.content->addWidget(m_zpl);
 
     m_testButton = makeButton(u"Test Print"_s);
@@ -270,9 +266,9 @@ void TemplateEditorPage::refreshTestState()
     if (!result)
         return;
     const bool success = result->contains(u"✓"_s);
-    const QColor color = success ? Theme::green() : Theme::red();
     m_resultText->setText(*result);
     m_resultText->setColor(success ? &green : &red);
+    const QColor color = m_resultText->palette().color(QPalette::WindowText);
     m_resultIcon->setPixmap(
         SymbolIcons::tinted(success ? u"checkmark.circle.fill" : u"xmark.circle.fill", color)
             .pixmap(QSize(kSmallIcon, kSmallIcon), devicePixelRatioF()));

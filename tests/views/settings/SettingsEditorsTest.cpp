@@ -1,4 +1,6 @@
 #include "SettingsViewHarness.h"
+#include "VirtualPrinter.h"
+#include "views/common/BusyIndicator.h"
 #include "views/main/Theme.h"
 #include "views/settings/DossierEditorPage.h"
 #include "views/settings/InfoBox.h"
@@ -7,11 +9,13 @@
 #include "views/settings/TemplateEditorPage.h"
 #include "views/settings/TemplatePrinterField.h"
 
+#include <QApplication>
 #include <QComboBox>
 #include <QLabel>
 #include <QLineEdit>
 #include <QPlainTextEdit>
 #include <QPushButton>
+#include <QTemporaryDir>
 #include <QTextDocument>
 
 using namespace Qt::StringLiterals;
@@ -25,6 +29,10 @@ class SettingsEditorsTest : public QObject
 
 private slots:
     void testButtonFollowsTheAddress();
+    void statusButtonAsksThePrinter_data();
+    void statusButtonAsksThePrinter();
+    void fieldsShowTheirEdgeInEitherPalette_data();
+    void fieldsShowTheirEdgeInEitherPalette();
     void portTakesOnlyWholeNumbers();
     void writesThroughAStaleIndexAreIgnored();
     void templatePrinterChoice();
@@ -44,11 +52,14 @@ void SettingsEditorsTest::testButtonFollowsTheAddress()
     QVERIFY(page);
 
     QVERIFY(!page->testButton()->isEnabled());
+    QVERIFY(!page->statusButton()->isEnabled());
     QTest::keyClicks(page->ipAddressField(), u"1"_s);
     QCOMPARE(harness.settings().printers().at(0).ipAddress, u"1"_s);
     QVERIFY(page->testButton()->isEnabled());
+    QVERIFY(page->statusButton()->isEnabled());
     QTest::keyClick(page->ipAddressField(), Qt::Key_Backspace);
     QVERIFY(!page->testButton()->isEnabled());
+    QVERIFY(!page->statusButton()->isEnabled());
     // The address is stored as typed, blanks included.
     QTest::keyClicks(page->ipAddressField(), u" 10.0.0.9 "_s);
     QCOMPARE(harness.settings().printers().at(0).ipAddress, u" 10.0.0.9 "_s);
@@ -56,6 +67,80 @@ void SettingsEditorsTest::testButtonFollowsTheAddress()
     // Delete is offered even for the only printer.
     QVERIFY(page->deleteButton()->isVisible());
     QCOMPARE(page->deleteButton()->text(), u"Verwijder Printer"_s);
+}
+
+void SettingsEditorsTest::statusButtonAsksThePrinter_data()
+{
+    QTest::addColumn<QString>("state");
+    QTest::addColumn<QString>("summary");
+    QTest::newRow("ready") << u"ready"_s << u"Gereed"_s;
+    QTest::newRow("paper out") << u"paper-out"_s << u"Papier op"_s;
+}
+
+void SettingsEditorsTest::statusButtonAsksThePrinter()
+{
+    QFETCH(QString, state);
+    QFETCH(QString, summary);
+    QTemporaryDir jobs;
+    VirtualPrinter printer(u"P"_s, jobs.path(), VirtualPrinter::Failure::none,
+                           *VirtualPrinter::stateFromName(state));
+    QString error;
+    QVERIFY2(printer.start(0, &error), qPrintable(error));
+    SettingsViewHarness harness;
+    harness.setPrinters({SettingsViewHarness::printer(u"Balie"_s, u"127.0.0.1"_s, printer.port())});
+    QVERIFY(harness.show());
+    auto* page = harness.open<PrinterEditorPage>(Kind::printer);
+    QVERIFY(!page->statusLabel()->isVisible());
+
+    clickOn(page->statusButton());
+    QVERIFY(!page->statusButton()->isEnabled());
+    QVERIFY(page->statusSpinner()->isVisible());
+    QTRY_VERIFY(page->statusButton()->isEnabled());
+    QVERIFY(!page->statusSpinner()->isVisible());
+    QCOMPARE(page->statusLabel()->text(), summary);
+    QCOMPARE(page->statusLabel()->palette().color(QPalette::WindowText),
+             summary == u"Gereed"_s ? SettingsEditorPage::green(page->palette())
+                                    : SettingsEditorPage::red(page->palette()));
+
+    // The answer belongs to the printer that was asked.
+    harness.settings().addPrinter();
+    QVERIFY(!harness.open<PrinterEditorPage>(Kind::printer, 1)->statusLabel()->isVisible());
+    QCOMPARE(harness.open<PrinterEditorPage>(Kind::printer, 0)->statusLabel()->text(), summary);
+}
+
+void SettingsEditorsTest::fieldsShowTheirEdgeInEitherPalette_data()
+{
+    QTest::addColumn<QPalette>("palette");
+    QTest::addColumn<bool>("lifted");
+    QPalette dark(QColor(58, 58, 60), QColor(40, 40, 42));
+    dark.setColor(QPalette::Base, QColor(30, 30, 32));
+    dark.setColor(QPalette::Highlight, QColor(10, 132, 255));
+    QTest::newRow("light") << QApplication::palette() << false;
+    QTest::newRow("dark") << dark << true;
+}
+
+void SettingsEditorsTest::fieldsShowTheirEdgeInEitherPalette()
+{
+    QFETCH(QPalette, palette);
+    QFETCH(bool, lifted);
+    const QPalette light = QApplication::palette();
+    SettingsViewHarness harness;
+    QVERIFY(harness.show());
+    auto* page = harness.open<TemplateEditorPage>(Kind::labelTemplate);
+    // The palette changes while the page is open, as a desktop's theme does.
+    QApplication::setPalette(palette);
+    auto restore = qScopeGuard([&light] { QApplication::setPalette(light); });
+
+    // In a dark palette the field's background stands off the card's.
+    QTRY_COMPARE(page->palette().color(QPalette::Base), palette.color(QPalette::Base));
+    const QColor field = page->nameField()->palette().color(QPalette::Base);
+    QCOMPARE(Theme::contrastRatio(field, palette.color(QPalette::Base)) >= 1.2, lifted);
+
+    // The template text shows the focus in the accent colour.
+    QPlainTextEdit* editor = page->zplEditor();
+    editor->setFocus();
+    QTRY_VERIFY(editor->hasFocus());
+    QCOMPARE(editor->grab().toImage().pixelColor(0, editor->height() / 2), Theme::accent(palette));
 }
 
 void SettingsEditorsTest::portTakesOnlyWholeNumbers()
@@ -211,7 +296,8 @@ void SettingsEditorsTest::testPrintNeedsAPrinterAndADeleteNeedsASecondTemplate()
     QVERIFY(!harness.view().isTemplateTesting());
     QVERIFY(page->resultRow()->isVisible());
     QCOMPARE(page->resultLabel()->text(), u"Geen printer geconfigureerd"_s);
-    QCOMPARE(page->resultLabel()->palette().color(QPalette::WindowText), Theme::red());
+    QCOMPARE(page->resultLabel()->palette().color(QPalette::WindowText),
+             SettingsEditorPage::red(page->palette()));
 
     harness.settings().addTemplate();
     QVERIFY(page->isDeleteShown());

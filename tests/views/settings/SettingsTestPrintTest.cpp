@@ -57,7 +57,7 @@ void SettingsTestPrintTest::printerTestSucceedsInGreen()
     QCOMPARE(harness.view().printerTestResult(), u"Verbinding gelukt! Test etiket verstuurd."_s);
     QVERIFY(page->resultLabel()->isVisible());
     QCOMPARE(page->resultLabel()->text(), u"Verbinding gelukt! Test etiket verstuurd."_s);
-    QCOMPARE(textColor(page->resultLabel()), Theme::green());
+    QCOMPARE(textColor(page->resultLabel()), SettingsEditorPage::green(page->palette()));
     QVERIFY(page->testButton()->isEnabled());
     QVERIFY(!page->spinner()->isVisible());
     QTRY_COMPARE(sink.jobs().size(), 1);
@@ -96,7 +96,7 @@ void SettingsTestPrintTest::templateTestPrintSendsThePreview()
     QVERIFY(!page->testingRow()->isVisible());
     QVERIFY(page->resultRow()->isVisible());
     QCOMPARE(page->resultLabel()->text(), expected);
-    QCOMPARE(textColor(page->resultLabel()), Theme::green());
+    QCOMPARE(textColor(page->resultLabel()), SettingsEditorPage::green(page->palette()));
     QTRY_COMPARE(sink.jobs().size(), 1);
     QCOMPARE(sink.jobs().at(0), u"^XA^FDVoorbeeld Product 19,99 é^FS^XZ"_s.toUtf8());
 }
@@ -108,13 +108,20 @@ void SettingsTestPrintTest::aTestOutlivesItsWindow()
     auto harness = std::make_unique<SettingsViewHarness>();
     harness->setPrinters({SettingsViewHarness::printer(u"Balie"_s, u"127.0.0.1"_s, sink.port())});
     QVERIFY(harness->show());
+    sink.setStatusAnswer("\x02"
+                         "030,1,0,1218,000,0,0,0,000,0,0,0\x03\r\n\x02"
+                         "000,0,0,0,1,2,6,0,00000000,1,000\x03\r\n\x02"
+                         "1234,0\x03\r\n");
+    QSignalSpy asked(&sink, &LabelSink::statusQueried);
     harness->view().testPrinterConnection(0);
+    harness->view().queryPrinterStatus(0);
     QVERIFY(harness->view().isPrinterTesting());
 
     // Closing the window mid-test must not touch the deleted view when the
-    // test comes back.
+    // test or the status query comes back.
     harness.reset();
     QTRY_COMPARE(sink.jobs().size(), 1);
+    QTRY_COMPARE(asked.size(), 1);
     QTest::qWait(200);
 }
 
