@@ -5,10 +5,12 @@
 #include "views/main/AboutWindow.h"
 #include "views/settings/SettingsView.h"
 #include "views/settings/SettingsWindow.h"
+#include "views/settings/TemplateEditorPage.h"
 
 #include <QCoreApplication>
 #include <QDeadlineTimer>
 #include <QDir>
+#include <QPlainTextEdit>
 #include <QScrollArea>
 #include <QScrollBar>
 #include <QTcpServer>
@@ -117,6 +119,12 @@ void fillStore(AppSettings& settings, quint16 printerPort)
 
     LabelTemplate shelf = settings.templates().constFirst();
     shelf.name = u"Schaplabel"_s;
+    shelf.zplContent = u"^XA^PW480^LL320\n"
+                       u"^FO20,20^A0N,30,30^FB440,2,0,L^FD{{NAAM}}^FS\n"
+                       u"^FO20,92^A0N,22,22^FDArt. {{ARTIKELNR}}^FS\n"
+                       u"^FO20,124^A0N,64,64^FDPrijs {{PRIJS}}^FS\n"
+                       u"^FO90,204^BY2^BEN,70,Y,N^FD{{BARCODE}}^FS\n"
+                       u"^XZ"_s;
     shelf.printerID = counter.id;
     LabelTemplate small = shelf;
     small.id = QUuid::createUuid();
@@ -166,6 +174,18 @@ void renderSettingsShots(const QString& outDir)
     waitUntil([&view] { return !view.isTemplateTesting(); });
     view.copyPlaceholder(u"{{PRIJS}}"_s);
     save(window, outDir, u"settings-template"_s);
+    scrollToBottom(window);
+    save(window, outDir, u"settings-template-preview"_s);
+
+    // The preview while typing: an accent without ^CI28 gives a warning.
+    auto* editor = window->findChild<QPlainTextEdit*>();
+    editor->moveCursor(QTextCursor::End);
+    editor->moveCursor(QTextCursor::StartOfBlock); // before ^XZ
+    editor->insertPlainText(u"^FO330,92^A0N,22,22^FDCrème^FS\n"_s);
+    settle(int(TemplateEditorPage::kPreviewDelay.count()) + 150);
+    scrollToBottom(window);
+    save(window, outDir, u"settings-template-preview-warning"_s);
+    editor->undo();
 
     // Template without printer and with an incomplete label: hint and messages.
     select(Kind::labelTemplate, settings->templates().at(1).id);
