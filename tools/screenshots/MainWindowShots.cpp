@@ -182,7 +182,8 @@ void MainWindowShots::checkedWithSuccess()
 
 void MainWindowShots::labelPreview()
 {
-    // A shelf label of 60 by 40 mm, the panel opened with Ctrl+L.
+    // A shelf label of 60 by 40 mm, the panel opened with Ctrl+L while the
+    // success message of the print run still shows.
     m_app->settings()->updateTemplate(0, [](LabelTemplate& t) {
         t.zplContent = u"^XA^CI28^PW480^LL320\n"
                        u"^FO20,20^A0N,30,30^FB440,2,0,L^FD{{NAAM}}^FS\n"
@@ -191,7 +192,6 @@ void MainWindowShots::labelPreview()
                        u"^FO90,204^BY2^BEN,70,Y,N^FD{{BARCODE}}^FS\n"
                        u"^XZ"_s;
     });
-    m_app->productListViewModel()->clearSuccess();
     QTest::keyClick(m_window, Qt::Key_L, Qt::ControlModifier);
     if (waitFor("label preview panel",
                 [this] { return m_window->contentView()->isLabelPreviewShown(); }))

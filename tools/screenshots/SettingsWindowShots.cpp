@@ -1,6 +1,8 @@
 // Pictures of the settings window (every editor, each empty state, "Over")
 // and of the About window, for looking at the layout without a desktop.
 
+#include "LabelPictureButton.h"
+#include "LabelPreviewView.h"
 #include "model/AppSettings.h"
 #include "views/main/AboutWindow.h"
 #include "views/settings/SettingsView.h"
@@ -177,14 +179,21 @@ void renderSettingsShots(const QString& outDir)
     scrollToBottom(window);
     save(window, outDir, u"settings-template-preview"_s);
 
-    // The preview while typing: an accent without ^CI28 gives a warning.
+    // The preview while typing: an accent without ^CI28 gives a warning. The
+    // picture has the keyboard focus.
     auto* editor = window->findChild<QPlainTextEdit*>();
     editor->moveCursor(QTextCursor::End);
     editor->moveCursor(QTextCursor::StartOfBlock); // before ^XZ
     editor->insertPlainText(u"^FO330,92^A0N,22,22^FDCrème^FS\n"_s);
     settle(int(TemplateEditorPage::kPreviewDelay.count()) + 150);
+    window->findChild<LabelPictureButton*>()->setFocus(Qt::TabFocusReason);
     scrollToBottom(window);
     save(window, outDir, u"settings-template-preview-warning"_s);
+    // A click on the picture opens it at 100 %.
+    auto* preview = window->findChild<LabelPreviewView*>();
+    preview->picture()->click();
+    save(preview->fullSizeWindow(), outDir, u"settings-template-preview-full-size"_s);
+    preview->fullSizeWindow()->close();
     editor->undo();
 
     // Template without printer and with an incomplete label: hint and messages.

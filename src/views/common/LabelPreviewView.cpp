@@ -74,6 +74,7 @@ LabelPreviewView::LabelPreviewView(QWidget* parent)
     layout->addWidget(m_picture);
     layout->addWidget(m_size);
     layout->addWidget(m_warningsBox);
+    layout->addStretch(); // keeps the parts together in a taller area
 
     connect(m_picture, &LabelPictureButton::clicked, this, &LabelPreviewView::openFullSize);
 }
