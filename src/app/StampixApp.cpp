@@ -14,6 +14,7 @@
 #include <QApplication>
 #include <QLibraryInfo>
 #include <QMenu>
+#include <QWindow>
 
 using namespace Qt::StringLiterals;
 
@@ -38,6 +39,7 @@ StampixApp::StampixApp(QObject* parent) : QObject(parent)
         QCoreApplication::installTranslator(&m_qtTranslator);
     createActions();
     connect(qApp, &QCoreApplication::aboutToQuit, this, &StampixApp::saveBeforeQuit);
+    connect(qApp, &QGuiApplication::focusWindowChanged, this, &StampixApp::followActiveWindow);
 }
 
 StampixApp::StampixApp(const QString& productServiceURL, QObject* parent) : StampixApp(parent)
@@ -127,6 +129,11 @@ void StampixApp::createActions()
     m_printSelectedLabel = addAction(u"Print Selected Label"_s, QKeySequence(Qt::CTRL | Qt::Key_P),
                                      &StampixApp::printSelectedLabel);
     m_printSelectedLabel->setEnabled(false);
+    // Each window has its own panel, off at first and never stored; the
+    // command works on the active product window.
+    m_labelPreview = addAction(u"Label Preview"_s, QKeySequence(Qt::CTRL | Qt::Key_L), nullptr);
+    m_labelPreview->setCheckable(true);
+    connect(m_labelPreview, &QAction::triggered, this, &StampixApp::showLabelPreview);
 
     // Menu roles move these into the application menu on macOS.
     m_openSettings = addAction(u"Settings..."_s, QKeySequence(Qt::CTRL | Qt::Key_Comma),
@@ -141,6 +148,7 @@ void StampixApp::createActions()
     m_quitSeparator = separatorAction(this);
     m_printSeparator = separatorAction(this);
     m_updatesSeparator = separatorAction(this);
+    m_previewSeparator = separatorAction(this);
 }
 
 void StampixApp::openSettingsWindow()
@@ -204,7 +212,8 @@ void StampixApp::populateMenus(MainWindow* window) const
     window->menu(Menu::File)
         ->addActions({m_newWindow, m_importSettings, m_exportSettings, m_quitSeparator, m_quit});
     window->menu(Menu::View)
-        ->addActions({m_refreshProducts, m_printSeparator, m_printSelectedLabel});
+        ->addActions({m_refreshProducts, m_printSeparator, m_printSelectedLabel, m_previewSeparator,
+                      m_labelPreview});
     window->menu(Menu::Settings)
         ->addActions({m_openSettings, m_updatesSeparator, m_checkForUpdates});
     window->menu(Menu::Help)->addAction(m_about);
@@ -214,6 +223,32 @@ void StampixApp::updatePrintSelectedLabel()
 {
     m_printSelectedLabel->setEnabled(m_productListViewModel &&
                                      m_productListViewModel->selectedProduct().has_value());
+}
+
+MainWindow* StampixApp::previewTarget() const
+{
+    if (m_lastActiveWindow)
+        return m_lastActiveWindow;
+    const QList<MainWindow*> windows = mainWindows();
+    return windows.isEmpty() ? nullptr : windows.last();
+}
+
+void StampixApp::followActiveWindow()
+{
+    for (MainWindow* window : mainWindows()) {
+        if (window->isActiveWindow())
+            m_lastActiveWindow = window;
+    }
+    const MainWindow* target = previewTarget();
+    m_labelPreview->setChecked(target && target->contentView()->isLabelPreviewShown());
+}
+
+void StampixApp::showLabelPreview(bool shown)
+{
+    MainWindow* target = previewTarget();
+    if (target)
+        target->contentView()->setLabelPreviewShown(shown);
+    m_labelPreview->setChecked(target && shown);
 }
 
 void StampixApp::refreshProducts()

@@ -48,6 +48,8 @@ public:
     QAction* quitAction() const { return m_quit; }
     QAction* refreshProductsAction() const { return m_refreshProducts; }
     QAction* printSelectedLabelAction() const { return m_printSelectedLabel; }
+    // Checkable: the label preview panel of the active product window.
+    QAction* labelPreviewAction() const { return m_labelPreview; }
     QAction* importSettingsAction() const { return m_importSettings; }
     QAction* exportSettingsAction() const { return m_exportSettings; }
     QAction* settingsAction() const { return m_openSettings; }
@@ -72,6 +74,9 @@ private:
     void updatePrintSelectedLabel();
     void refreshProducts();
     void printSelectedLabel();
+    MainWindow* previewTarget() const;
+    void followActiveWindow();
+    void showLabelPreview(bool shown);
     void saveBeforeQuit();
 
     QTranslator m_qtTranslator;
@@ -82,11 +87,13 @@ private:
     QPointer<SettingsWindow> m_settingsWindow;
     QPointer<AboutWindow> m_aboutWindow;
     QList<QPointer<MainWindow>> m_windows;
+    QPointer<MainWindow> m_lastActiveWindow;
 
     QAction* m_newWindow = nullptr;
     QAction* m_quit = nullptr;
     QAction* m_refreshProducts = nullptr;
     QAction* m_printSelectedLabel = nullptr;
+    QAction* m_labelPreview = nullptr;
     QAction* m_importSettings = nullptr;
     QAction* m_exportSettings = nullptr;
     QAction* m_openSettings = nullptr;
@@ -96,4 +103,5 @@ private:
     QAction* m_quitSeparator = nullptr;
     QAction* m_printSeparator = nullptr;
     QAction* m_updatesSeparator = nullptr;
+    QAction* m_previewSeparator = nullptr;
 };

@@ -24,7 +24,7 @@ int eanCheckDigit(const QString& digits)
     return (10 - sum % 10) % 10;
 }
 
-QString barcodeProblem(const QString& command, const QString& value)
+QString barcodeProblem(const QString& command, const QString& value, bool checkDigitCounts)
 {
     const int dataLength = command == u"^BE" ? 12 : command == u"^B8" ? 7 : 11;
     const auto prefix = u"Barcode %1 met \"%2\": "_s.arg(command, value);
@@ -34,7 +34,8 @@ QString barcodeProblem(const QString& command, const QString& value)
     if (value.size() != dataLength && value.size() != dataLength + 1)
         return prefix + u"%1 of %2 cijfers verwacht."_s.arg(dataLength).arg(dataLength + 1);
     const int check = eanCheckDigit(value.left(dataLength));
-    if (value.size() == dataLength + 1 && value.at(dataLength).digitValue() != check)
+    if (checkDigitCounts && value.size() == dataLength + 1 &&
+        value.at(dataLength).digitValue() != check)
         return prefix + u"het controlecijfer moet %1 zijn."_s.arg(check);
     return QString();
 }
@@ -99,10 +100,15 @@ QStringList LabelWarnings::check(const QString& zplTemplate, const Product* prod
                             u"als _5E (^) of _7E (~)."_s.arg(it.value()));
     }
 
+    // The sample barcode is a made-up number whose check digit is not right;
+    // only its digits and length say something about the template.
+    const QString sampleBarcode = product ? QString() : service.previewZPL(u"{{BARCODE}}"_s);
     for (const RenderedLabel& label : rendering.labels) {
         for (const RenderedField& field : label.fields) {
             if (field.command == u"^BE" || field.command == u"^B8" || field.command == u"^BU") {
-                if (const QString problem = barcodeProblem(field.command, field.data);
+                const bool checkDigitCounts = product || field.data != sampleBarcode;
+                if (const QString problem =
+                        barcodeProblem(field.command, field.data, checkDigitCounts);
                     !problem.isEmpty())
                     warnings.append(problem);
             }

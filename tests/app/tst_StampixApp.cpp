@@ -63,6 +63,7 @@ private slots:
     void fileDialogsShowTheirMessage();
     void printSelectedLabelPrintsExactlyOneLabel();
     void shortcutsWorkFromTheSettingsWindow();
+    void labelPreviewIsPerWindow();
     void singleInstanceWindowsComeForward();
     void qtSocketErrorsReadInDutch();
     void aboutLinkIsInTheCaptionColour();
@@ -92,7 +93,8 @@ void StampixAppTest::menusShowTheWholeVersion()
     const QList<QPair<Menu, QStringList>> menus{
         {Menu::File,
          {u"New Window"_s, u"Import Settings..."_s, u"Export Settings..."_s, u"--"_s, u"Quit"_s}},
-        {Menu::View, {u"Refresh Products"_s, u"--"_s, u"Print Selected Label"_s}},
+        {Menu::View,
+         {u"Refresh Products"_s, u"--"_s, u"Print Selected Label"_s, u"--"_s, u"Label Preview"_s}},
         {Menu::Settings, {u"Settings..."_s, u"--"_s, u"Check for Updates..."_s}},
         {Menu::Help, {u"About Stampix (v%1)"_s.arg(QStringLiteral(STAMPIX_PROJECT_VERSION))}}};
     for (const auto& [menu, expected] : menus) {
@@ -163,6 +165,30 @@ void StampixAppTest::shortcutsWorkFromTheSettingsWindow()
     main->close();
     QTest::keyClick(m_app->settingsWindow(), Qt::Key_R, Qt::ControlModifier);
     QTRY_COMPARE_WITH_TIMEOUT(m_fixture->productRequestCount(), 3, 5000);
+}
+
+void StampixAppTest::labelPreviewIsPerWindow()
+{
+    MainWindow* first = m_app->openMainWindow();
+    MainWindow* second = m_app->openMainWindow();
+    QAction* command = m_app->labelPreviewAction();
+    const auto shown = [&] {
+        return QList<bool>{first->contentView()->isLabelPreviewShown(),
+                           second->contentView()->isLabelPreviewShown(), command->isChecked()};
+    };
+    QVERIFY(QTest::qWaitForWindowActive(second));
+    QCOMPARE(shown(), (QList<bool>{false, false, false}));
+    QTest::keyClick(second, Qt::Key_L, Qt::ControlModifier);
+    QCOMPARE(shown(), (QList<bool>{false, true, true}));
+
+    // The check mark follows the active window; the shortcut works on it.
+    first->activateWindow();
+    QVERIFY(QTest::qWaitForWindowActive(first));
+    QCOMPARE(shown(), (QList<bool>{false, true, false}));
+    QTest::keyClick(first, Qt::Key_L, Qt::ControlModifier);
+    QTest::keyClick(first, Qt::Key_L, Qt::ControlModifier);
+    QTest::keyClick(first, Qt::Key_L, Qt::ControlModifier);
+    QCOMPARE(shown(), (QList<bool>{true, true, true}));
 }
 
 void StampixAppTest::singleInstanceWindowsComeForward()

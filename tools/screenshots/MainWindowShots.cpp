@@ -113,6 +113,7 @@ int MainWindowShots::run()
     empty();
     noResults();
     checkedWithSuccess();
+    labelPreview();
     errorAlert();
     darkTable();
     return m_failures;
@@ -177,6 +178,25 @@ void MainWindowShots::checkedWithSuccess()
             return !status->isPrinting() && model->successMessage().has_value();
         }))
         save(u"05-products-checked-success"_s, m_window);
+}
+
+void MainWindowShots::labelPreview()
+{
+    // A shelf label of 60 by 40 mm, the panel opened with Ctrl+L while the
+    // success message of the print run still shows.
+    m_app->settings()->updateTemplate(0, [](LabelTemplate& t) {
+        t.zplContent = u"^XA^CI28^PW480^LL320\n"
+                       u"^FO20,20^A0N,30,30^FB440,2,0,L^FD{{NAAM}}^FS\n"
+                       u"^FO20,92^A0N,22,22^FDArt. {{ARTIKELNR}}^FS\n"
+                       u"^FO20,124^A0N,64,64^FD€ {{PRIJS}}^FS\n"
+                       u"^FO90,204^BY2^BEN,70,Y,N^FD{{BARCODE}}^FS\n"
+                       u"^XZ"_s;
+    });
+    QTest::keyClick(m_window, Qt::Key_L, Qt::ControlModifier);
+    if (waitFor("label preview panel",
+                [this] { return m_window->contentView()->isLabelPreviewShown(); }))
+        save(u"08-label-preview"_s, m_window);
+    m_app->labelPreviewAction()->trigger();
 }
 
 void MainWindowShots::errorAlert()

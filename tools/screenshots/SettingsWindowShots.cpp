@@ -1,6 +1,8 @@
 // Pictures of the settings window (every editor, each empty state, "Over")
 // and of the About window, for looking at the layout without a desktop.
 
+#include "LabelPictureButton.h"
+#include "LabelPreviewView.h"
 #include "MainWindowShots.h"
 #include "VirtualPrinter.h"
 #include "model/AppSettings.h"
@@ -124,6 +126,12 @@ void fillStore(AppSettings& settings, quint16 printerPort)
 
     LabelTemplate shelf = settings.templates().constFirst();
     shelf.name = u"Schaplabel"_s;
+    shelf.zplContent = u"^XA^PW480^LL320\n"
+                       u"^FO20,20^A0N,30,30^FB440,2,0,L^FD{{NAAM}}^FS\n"
+                       u"^FO20,92^A0N,22,22^FDArt. {{ARTIKELNR}}^FS\n"
+                       u"^FO20,124^A0N,64,64^FDPrijs {{PRIJS}}^FS\n"
+                       u"^FO90,204^BY2^BEN,70,Y,N^FD{{BARCODE}}^FS\n"
+                       u"^XZ"_s;
     shelf.printerID = counter.id;
     LabelTemplate small = shelf;
     small.id = QUuid::createUuid();
@@ -231,6 +239,25 @@ void renderSettingsShots(const QString& outDir)
     waitUntil([&view] { return !view.isTemplateTesting(); });
     view.copyPlaceholder(u"{{PRIJS}}"_s);
     save(window, outDir, u"settings-template"_s);
+    scrollToBottom(window);
+    save(window, outDir, u"settings-template-preview"_s);
+
+    // The preview while typing: an accent without ^CI28 gives a warning. The
+    // picture has the keyboard focus.
+    auto* editor = window->findChild<QPlainTextEdit*>();
+    editor->moveCursor(QTextCursor::End);
+    editor->moveCursor(QTextCursor::StartOfBlock); // before ^XZ
+    editor->insertPlainText(u"^FO330,92^A0N,22,22^FDCrème^FS\n"_s);
+    settle(int(TemplateEditorPage::kPreviewDelay.count()) + 150);
+    window->findChild<LabelPictureButton*>()->setFocus(Qt::TabFocusReason);
+    scrollToBottom(window);
+    save(window, outDir, u"settings-template-preview-warning"_s);
+    // A click on the picture opens it at 100 %.
+    auto* preview = window->findChild<LabelPreviewView*>();
+    preview->picture()->click();
+    save(preview->fullSizeWindow(), outDir, u"settings-template-preview-full-size"_s);
+    preview->fullSizeWindow()->close();
+    editor->undo();
 
     // Template without printer and with an incomplete label: hint and messages.
     select(Kind::labelTemplate, settings->templates().at(1).id);

@@ -6,6 +6,7 @@
 #include "Divider.h"
 #include "EmptyStateView.h"
 #include "ErrorAlert.h"
+#include "LabelPreviewPanel.h"
 #include "LoadingView.h"
 #include "NoResultsView.h"
 #include "ProductListView.h"
@@ -14,12 +15,14 @@
 #include "viewmodels/ProductListViewModel.h"
 
 #include <QShowEvent>
+#include <QSplitter>
 #include <QVBoxLayout>
 
 namespace {
 
 constexpr QSize kMinimumSize{600, 400};
 constexpr int kContentStretch = 1;
+constexpr int kPreviewWidth = 300;
 
 } // namespace
 
@@ -28,7 +31,8 @@ ContentView::ContentView(AppSettings& settings, ProductListViewModel& viewModel,
       m_layout(new QVBoxLayout(this)), m_titleBar(new CustomTitleBar(this)),
       m_toolbar(new CustomToolbar(settings, viewModel, this)),
       m_statusBar(new StatusBarView(settings, viewModel, this)),
-      m_errorAlert(new ErrorAlert(viewModel, this))
+      m_errorAlert(new ErrorAlert(viewModel, this)), m_splitter(new QSplitter(this)),
+      m_contentLayout(new QVBoxLayout), m_labelPreview(new LabelPreviewPanel(settings, viewModel))
 {
     setMinimumSize(kMinimumSize);
     setBackgroundRole(QPalette::Window);
@@ -39,7 +43,19 @@ ContentView::ContentView(AppSettings& settings, ProductListViewModel& viewModel,
     m_layout->addWidget(m_titleBar);
     m_layout->addWidget(m_toolbar);
     m_layout->addWidget(new Divider(Qt::Horizontal, 0, this));
+    m_layout->addWidget(m_splitter, kContentStretch);
     m_layout->addWidget(m_statusBar);
+
+    // The content area takes the room the window gains; the panel keeps its width.
+    auto* contentArea = new QWidget;
+    contentArea->setLayout(m_contentLayout);
+    m_contentLayout->setContentsMargins(0, 0, 0, 0);
+    m_splitter->addWidget(contentArea);
+    m_splitter->addWidget(m_labelPreview);
+    m_splitter->setStretchFactor(0, 1);
+    m_splitter->setStretchFactor(1, 0);
+    m_splitter->setChildrenCollapsible(false);
+    m_labelPreview->hide();
 
     // Every value the choice of content reads.
     connect(&m_settings, &AppSettings::dossiersChanged, this, &ContentView::updateContent);
@@ -81,6 +97,22 @@ void ContentView::setTitleBarVisible(bool visible)
 QMessageBox* ContentView::errorAlert() const
 {
     return m_errorAlert->messageBox();
+}
+
+bool ContentView::isLabelPreviewShown() const
+{
+    return !m_labelPreview->isHidden();
+}
+
+void ContentView::setLabelPreviewShown(bool shown)
+{
+    if (shown == isLabelPreviewShown())
+        return;
+    if (shown) {
+        const int total = m_splitter->width();
+        m_splitter->setSizes({qMax(0, total - kPreviewWidth), kPreviewWidth});
+    }
+    m_labelPreview->setVisible(shown);
 }
 
 void ContentView::showEvent(QShowEvent* event)
@@ -128,14 +160,13 @@ void ContentView::replaceContent(QWidget* content)
 {
     QWidget* old = m_content;
     m_content = content;
-    // Between the divider and the status bar.
-    m_layout->insertWidget(m_layout->indexOf(m_statusBar), m_content, kContentStretch);
+    m_contentLayout->addWidget(m_content);
     // A layout would only show it on the next pass of the event loop.
     m_content->show();
     chainFocus();
     if (!old)
         return;
-    m_layout->removeWidget(old);
+    m_contentLayout->removeWidget(old);
     if (auto* table = qobject_cast<ProductListView*>(old)) {
         // At once, so its space bar filter ends with it.
         delete table;
@@ -155,6 +186,7 @@ void ContentView::chainFocus()
         if (widget->focusPolicy() & Qt::TabFocus)
             chain.append(widget);
     }
+    chain.append(m_labelPreview->focusChain());
     chain.append(m_statusBar->focusChain());
     for (qsizetype i = 1; i < chain.size(); ++i)
         setTabOrder(chain.at(i - 1), chain.at(i));

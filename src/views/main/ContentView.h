@@ -6,13 +6,16 @@ class AppSettings;
 class CustomTitleBar;
 class CustomToolbar;
 class ErrorAlert;
+class LabelPreviewPanel;
 class ProductListViewModel;
 class QMessageBox;
+class QSplitter;
 class QVBoxLayout;
 class StatusBarView;
 
-// The product window's root: title bar, toolbar, divider, one content area and
-// the status bar, plus the alert for the view model's error message.
+// The product window's root: title bar, toolbar, divider, one content area
+// with the label preview panel beside it (hidden at first), and the status
+// bar, plus the alert for the view model's error message.
 class ContentView : public QWidget
 {
     Q_OBJECT
@@ -45,6 +48,10 @@ public:
     StatusBarView* statusBar() const { return m_statusBar; }
     QMessageBox* errorAlert() const;
 
+    LabelPreviewPanel* labelPreview() const { return m_labelPreview; }
+    bool isLabelPreviewShown() const;
+    void setLabelPreviewShown(bool shown);
+
 protected:
     void showEvent(QShowEvent* event) override;
 
@@ -62,6 +69,9 @@ private:
     CustomToolbar* m_toolbar;
     StatusBarView* m_statusBar;
     ErrorAlert* m_errorAlert;
+    QSplitter* m_splitter;
+    QVBoxLayout* m_contentLayout;
+    LabelPreviewPanel* m_labelPreview;
     QWidget* m_content = nullptr;
     ContentState m_state = ContentState::ConfigurationNeeded;
 };

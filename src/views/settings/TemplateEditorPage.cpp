@@ -3,6 +3,8 @@
 #include "BusyIndicator.h"
 #include "FieldEdge.h"
 #include "InfoBox.h"
+#include "LabelPreview.h"
+#include "LabelPreviewView.h"
 #include "LabelledField.h"
 #include "PlaceholderChip.h"
 #include "SettingsView.h"
@@ -55,6 +57,7 @@ TemplateEditorPage::TemplateEditorPage(SettingsView& view, qsizetype index, QWid
     buildDetailsSection();
     buildPlaceholderSection();
     buildZPLSection();
+    buildPreviewSection();
     m_deleteButton = addDeleteSection(u"Verwijder Etiket"_s, &m_deleteSection);
     connect(m_deleteButton, &QPushButton::clicked, this,
             [this] { m_view.deleteRecord(SettingsTabKey::Kind::labelTemplate, m_index); });
@@ -68,6 +71,7 @@ TemplateEditorPage::TemplateEditorPage(SettingsView& view, qsizetype index, QWid
             &TemplateEditorPage::refreshCopyFeedback);
     refresh();
     refreshCopyFeedback();
+    refreshPreview();
 }
 
 void TemplateEditorPage::buildDetailsSection()
@@ -179,6 +183,24 @@ QWidget* TemplateEditorPage::buildResultRow()
     return m_resultRow;
 }
 
+void TemplateEditorPage::buildPreviewSection()
+{
+    const Section section = addSection(u"Voorbeeld"_s);
+    m_preview = new LabelPreviewView;
+    section.content->addWidget(m_preview);
+    m_previewTimer.setSingleShot(true);
+    m_previewTimer.setInterval(kPreviewDelay);
+    connect(&m_previewTimer, &QTimer::timeout, this, &TemplateEditorPage::refreshPreview);
+}
+
+void TemplateEditorPage::refreshPreview()
+{
+    // The sample values fill the text, as previewZPL does.
+    m_previewTimer.stop();
+    m_previewedZPL = m_zplText;
+    m_preview->showPreview(LabelPreview::make(m_renderer, m_previewedZPL));
+}
+
 bool TemplateEditorPage::isDeleteShown() const
 {
     return !m_deleteSection->isHidden();
@@ -227,7 +249,9 @@ QString TemplateEditorPage::applyEdit(const QString& exact, const QString& oldSh
            oldShown.at(oldShown.size() - 1 - suffix) == newShown.at(newShown.size() - 1 - suffix))
         ++suffix;
     QString inserted = newShown.mid(prefix, newShown.size() - suffix - prefix);
+    // Return types U+2029, Shift+Return U+2028.
     inserted.replace(QChar::ParagraphSeparator, u'\n');
+    inserted.replace(QChar::LineSeparator, u'\n');
     return exact.left(exactOffset(prefix)) + inserted +
            exact.mid(exactOffset(oldShown.size() - suffix));
 }
@@ -249,6 +273,8 @@ void TemplateEditorPage::refresh()
     if (zpl != m_zplText)
         showZPL(zpl);
     refreshValidation(zpl);
+    if (m_zplText != m_previewedZPL)
+        m_previewTimer.start();
     m_deleteSection->setVisible(templates.size() > 1);
     refreshTestState();
 }

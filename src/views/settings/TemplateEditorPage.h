@@ -1,12 +1,16 @@
 #pragma once
 
+#include "LabelRenderer.h"
 #include "SettingsEditorPage.h"
 #include "ThemedLabel.h"
 
 #include <QList>
 #include <QStringList>
+#include <QTimer>
+#include <chrono>
 
 class InfoBox;
+class LabelPreviewView;
 class PlaceholderChip;
 class QLabel;
 class QLineEdit;
@@ -17,12 +21,16 @@ class SettingsView;
 class TemplatePrinterField;
 
 // Edits one label template: name, printer, ZPL text with live validation,
-// the placeholder chips that copy to the clipboard, a test print and delete.
+// the placeholder chips that copy to the clipboard, a test print, the label
+// drawn with the sample values, and delete.
 class TemplateEditorPage : public SettingsEditorPage
 {
     Q_OBJECT
 
 public:
+    // How long the preview waits after a keystroke before it draws again.
+    static constexpr std::chrono::milliseconds kPreviewDelay{150};
+
     TemplateEditorPage(SettingsView& view, qsizetype index, QWidget* parent = nullptr);
 
     qsizetype index() const { return m_index; }
@@ -39,6 +47,7 @@ public:
     QWidget* resultRow() const { return m_resultRow; }
     QLabel* resultLabel() const { return m_resultText; }
     QStringList validationMessages() const { return m_shownMessages; }
+    LabelPreviewView* preview() const { return m_preview; }
     QPushButton* deleteButton() const { return m_deleteButton; }
     bool isDeleteShown() const;
 
@@ -48,6 +57,8 @@ private:
     void buildZPLSection();
     QWidget* buildTestingRow();
     QWidget* buildResultRow();
+    void buildPreviewSection();
+    void refreshPreview();
     void refresh();
     void refreshTestState();
     void refreshCopyFeedback();
@@ -57,7 +68,7 @@ private:
     // The exact text after an edit of the editor's document. `oldShown` and
     // `newShown` are the document's raw text before and after; the edit
     // starts at `position` or later. Line breaks the user did not touch keep
-    // their form (CRLF, CR, U+2029); a new one is a line feed.
+    // their form (CRLF, CR, U+2028, U+2029); a new one is a line feed.
     static QString applyEdit(const QString& exact, const QString& oldShown, const QString& newShown,
                              qsizetype position);
 
@@ -78,6 +89,10 @@ private:
     ThemedLabel* m_resultText = nullptr;
     QVBoxLayout* m_validation = nullptr;
     QStringList m_shownMessages;
+    LabelRenderer m_renderer;
+    LabelPreviewView* m_preview = nullptr;
+    QTimer m_previewTimer;
+    QString m_previewedZPL; // the text the preview shows
     QPushButton* m_deleteButton = nullptr;
     QWidget* m_deleteSection = nullptr;
     // The template's text exactly as stored, and the document's raw text

@@ -1,5 +1,9 @@
 #include "ContentView.h"
 #include "CustomToolbar.h"
+#include "LabelPictureButton.h"
+#include "LabelPreviewPanel.h"
+#include "LabelPreviewView.h"
+#include "LabelRenderer.h"
 #include "NoResultsView.h"
 #include "PrintButton.h"
 #include "ProductListView.h"
@@ -48,6 +52,7 @@ private slots:
     void everyControlHasANameAndARole_data();
     void everyControlHasANameAndARole();
     void tabWalksTheWindowInVisualOrder();
+    void labelPreviewFollowsSelectionTemplateAndEdits();
 
 private:
     void showWindow(int status = 200, std::chrono::milliseconds delay = 0ms);
@@ -423,6 +428,47 @@ void ProductWindowTest::columnWidthsComeFromTheStoreAndKeepTheirMinimum()
     m_viewModel->fetchProducts();
     QTRY_COMPARE_WITH_TIMEOUT(m_view->contentState(), State::ProductList, 5000);
     QCOMPARE(table()->horizontalHeader()->sectionSize(ProductTableModel::kNameColumn), 260);
+}
+
+void ProductWindowTest::labelPreviewFollowsSelectionTemplateAndEdits()
+{
+    LabelTemplate accented;
+    accented.name = u"Klein"_s;
+    accented.zplContent = u"^XA^PW400^LL200^FO10,10^A0N,30^FDé {{NAAM}}^FS^XZ"_s;
+    m_settings->setTemplates({m_settings->templates().at(0), accented});
+    showTable();
+    QVERIFY(!m_view->isLabelPreviewShown());
+    m_view->setLabelPreviewShown(true);
+    LabelPreviewPanel* panel = m_view->labelPreview();
+    QVERIFY(panel->isVisible() && !panel->isPreviewShown());
+    QCOMPARE(panel->subtitle()->text(), u"Selecteer een product om het etiket te zien."_s);
+
+    // The label exactly as printing fills and the printer draws it.
+    const auto printed = [this](const Product& product) {
+        const QString zpl = m_settings->selectedTemplate()->zplContent;
+        return LabelRenderer().render(ZPLService().generateZPL(product, zpl)).labels.at(0).image;
+    };
+    const QImage& shown = panel->preview()->picture()->image();
+    QTest::mouseClick(table()->viewport(), Qt::LeftButton, {},
+                      table()->visualRect(table()->model()->index(1, 1)).center());
+    QVERIFY(panel->isPreviewShown());
+    QCOMPARE(shown, printed(m_products.at(2)));
+
+    QComboBox* picker = m_view->toolbar()->templatePicker();
+    picker->setCurrentIndex(1);
+    emit picker->activated(1);
+    QCOMPARE(shown, printed(m_products.at(2)));
+    QCOMPARE(panel->preview()->sizeText(), u"50 × 25 mm (400 × 200 punten)"_s);
+    QVERIFY(panel->preview()->warnings().value(0).contains(u"zonder ^CI28"_s));
+
+    m_settings->updateTemplate(1, [](LabelTemplate& t) { t.zplContent.replace(u"é"_s, u"e"_s); });
+    QCOMPARE(shown, printed(m_products.at(2)));
+    QVERIFY(panel->preview()->warnings().isEmpty());
+
+    m_viewModel->setSelectedProductID(std::nullopt);
+    QVERIFY(!panel->isPreviewShown());
+    m_view->setLabelPreviewShown(false);
+    QVERIFY(!panel->isVisible());
 }
 
 QTEST_MAIN(ProductWindowTest)

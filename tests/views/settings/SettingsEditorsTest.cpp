@@ -1,3 +1,6 @@
+#include "LabelPictureButton.h"
+#include "LabelPreviewView.h"
+#include "LabelRenderer.h"
 #include "SettingsViewHarness.h"
 #include "VirtualPrinter.h"
 #include "views/common/BusyIndicator.h"
@@ -15,6 +18,7 @@
 #include <QLineEdit>
 #include <QPlainTextEdit>
 #include <QPushButton>
+#include <QScrollArea>
 #include <QTemporaryDir>
 #include <QTextDocument>
 
@@ -41,6 +45,8 @@ private slots:
     void chipsAndValidationFollowTheText();
     void templateTextIsKeptExactly_data();
     void templateTextIsKeptExactly();
+    void previewFollowsTheText_data();
+    void previewFollowsTheText();
 };
 
 void SettingsEditorsTest::testButtonFollowsTheAddress()
@@ -340,21 +346,27 @@ void SettingsEditorsTest::templateTextIsKeptExactly_data()
     QTest::addColumn<QString>("stored");
     // After typing "x" at the start, "z" at the start of the second line and "y" at the end.
     QTest::addColumn<QString>("edited");
+    // Shift+Return before the "y": a new line separator, which is a line feed.
+    QTest::addColumn<bool>("shiftReturn");
     QTest::newRow("CRLF") << u"^XA\r\n^FD{{NAAM}}^FS\r\n^XZ"_s
-                          << u"x^XA\r\nz^FD{{NAAM}}^FS\r\n^XZy"_s;
-    QTest::newRow("lone CR") << u"^XA\r^FD{{NAAM}}^FS\r^XZ"_s << u"x^XA\rz^FD{{NAAM}}^FS\r^XZy"_s;
+                          << u"x^XA\r\nz^FD{{NAAM}}^FS\r\n^XZy"_s << false;
+    QTest::newRow("lone CR") << u"^XA\r^FD{{NAAM}}^FS\r^XZ"_s << u"x^XA\rz^FD{{NAAM}}^FS\r^XZy"_s
+                             << false;
     QTest::newRow("no-break space")
-        << u"^XA\n^FD{{NAAM}}\u00a0€^FS\n^XZ"_s << u"x^XA\nz^FD{{NAAM}}\u00a0€^FS\n^XZy"_s;
-    QTest::newRow("line separator")
-        << u"^XA\u2028^FD{{NAAM}}^FS\u2028^XZ"_s << u"x^XA\u2028z^FD{{NAAM}}^FS\u2028^XZy"_s;
+        << u"^XA\n^FD{{NAAM}}\u00a0€^FS\n^XZ"_s << u"x^XA\nz^FD{{NAAM}}\u00a0€^FS\n^XZy"_s << false;
+    QTest::newRow("line separator") << u"^XA\u2028^FD{{NAAM}}^FS\u2028^XZ"_s
+                                    << u"x^XA\u2028z^FD{{NAAM}}^FS\u2028^XZy"_s << false;
+    QTest::newRow("typed line separator") << u"^XA\u2028^FD{{NAAM}}^FS\u2028^XZ"_s
+                                          << u"x^XA\u2028z^FD{{NAAM}}^FS\u2028^XZ\ny"_s << true;
     QTest::newRow("mixed") << u"^XA\r\n^FD\u00a0{{PRIJS}}\u2029^FS\r^XZ\n"_s
-                           << u"x^XA\r\nz^FD\u00a0{{PRIJS}}\u2029^FS\r^XZ\ny"_s;
+                           << u"x^XA\r\nz^FD\u00a0{{PRIJS}}\u2029^FS\r^XZ\ny"_s << false;
 }
 
 void SettingsEditorsTest::templateTextIsKeptExactly()
 {
     QFETCH(QString, stored);
     QFETCH(QString, edited);
+    QFETCH(bool, shiftReturn);
     SettingsViewHarness harness;
     harness.settings().updateTemplate(0, [&stored](LabelTemplate& t) { t.zplContent = stored; });
     QVERIFY(harness.show());
@@ -375,8 +387,56 @@ void SettingsEditorsTest::templateTextIsKeptExactly()
     QTest::keyClick(editor, Qt::Key_Home);
     QTest::keyClick(editor, Qt::Key_Z);
     QTest::keyClick(editor, Qt::Key_End, Qt::ControlModifier);
+    if (shiftReturn)
+        QTest::keyClick(editor, Qt::Key_Return, Qt::ShiftModifier);
     QTest::keyClick(editor, Qt::Key_Y);
     QCOMPARE(harness.settings().templates().at(0).zplContent, edited);
+}
+
+void SettingsEditorsTest::previewFollowsTheText_data()
+{
+    QTest::addColumn<QString>("typed");
+    QTest::addColumn<QString>("size");
+    QTest::addColumn<QString>("warning"); // a fragment of the only warning; empty: none
+    QTest::newRow("size set, wider than the page")
+        << u"^XA^PW1200^LL400^FO10,10^A0N,30^FD{{NAAM}}^FS^XZ"_s
+        << u"150 × 50 mm (1200 × 400 punten)"_s << QString();
+    QTest::newRow("size unknown") << u"^XA^FO10,10^A0N,30^FD{{NAAM}}^FS^XZ"_s
+                                  << u"Etiketformaat onbekend: de ZPL zet geen ^PW en ^LL."_s
+                                  << QString();
+    QTest::newRow("accent without ^CI28")
+        << u"^XA^PW406^LL203^FO10,10^A0N,30^FDPrijs € {{PRIJS}}^FS^XZ"_s
+        << u"50,8 × 25,4 mm (406 × 203 punten)"_s << u"in het sjabloon zonder ^CI28"_s;
+}
+
+void SettingsEditorsTest::previewFollowsTheText()
+{
+    QFETCH(QString, typed);
+    QFETCH(QString, size);
+    QFETCH(QString, warning);
+    SettingsViewHarness harness;
+    QVERIFY(harness.show());
+    auto* page = harness.open<TemplateEditorPage>(Kind::labelTemplate);
+    LabelPreviewView* preview = page->preview();
+    LabelPictureButton* picture = preview->picture();
+    QVERIFY(picture->isVisible());
+
+    page->zplEditor()->clear();
+    page->zplEditor()->insertPlainText(typed);
+    // Drawn with the sample values, once the typing paused.
+    const QImage expected =
+        LabelRenderer().render(harness.view().zplService().previewZPL(typed)).labels.at(0).image;
+    QTRY_COMPARE(picture->image(), expected);
+    QCOMPARE(preview->sizeText(), size);
+    QCOMPARE(preview->warnings().size(), warning.isEmpty() ? 0 : 1);
+    QVERIFY(warning.isEmpty() || preview->warnings().at(0).contains(warning));
+    // A wide label is drawn smaller; the page never gets wider than the area.
+    QVERIFY(page->width() <= page->parentWidget()->width());
+
+    clickOn(picture);
+    QScrollArea* fullSize = preview->fullSizeWindow();
+    QVERIFY(fullSize && fullSize->isVisible());
+    QCOMPARE(fullSize->widget()->size(), expected.size());
 }
 
 QTEST_MAIN(SettingsEditorsTest)

@@ -1,0 +1,49 @@
+#pragma once
+
+#include <QPointer>
+#include <QScrollArea>
+#include <QStringList>
+#include <QWidget>
+
+class LabelPictureButton;
+class QLabel;
+class QVBoxLayout;
+struct LabelPreview;
+struct RenderedLabel;
+
+// A rendered label as the user sees it: the picture fitted to the width,
+// the label size in millimetres under it, and the warnings under the
+// heading "Waarschuwingen" when there are any. The picture opens at 100 %
+// in a window of its own.
+class LabelPreviewView : public QWidget
+{
+    Q_OBJECT
+
+public:
+    explicit LabelPreviewView(QWidget* parent = nullptr);
+
+    // Shows the first label of the preview and everything said about it.
+    void showPreview(const LabelPreview& preview);
+
+    LabelPictureButton* picture() const { return m_picture; }
+    QString sizeText() const;
+    const QStringList& warnings() const { return m_warnings; }
+    // Null until the picture was opened, and after that window closed.
+    QScrollArea* fullSizeWindow() const { return m_fullSize; }
+
+    void openFullSize();
+
+    static QString sizeText(const RenderedLabel& label);
+
+private:
+    static QStringList warningsOf(const LabelPreview& preview);
+    void showWarnings(const QStringList& warnings);
+    void refreshFullSize();
+
+    LabelPictureButton* m_picture;
+    QLabel* m_size;
+    QWidget* m_warningsBox;
+    QVBoxLayout* m_warningRows;
+    QStringList m_warnings;
+    QPointer<QScrollArea> m_fullSize;
+};

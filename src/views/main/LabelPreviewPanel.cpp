@@ -1,0 +1,94 @@
+#include "LabelPreviewPanel.h"
+
+#include "LabelPictureButton.h"
+#include "LabelPreview.h"
+#include "LabelPreviewView.h"
+#include "Theme.h"
+#include "ThemedLabel.h"
+#include "model/AppSettings.h"
+#include "viewmodels/ProductListViewModel.h"
+
+#include <QScrollArea>
+#include <QVBoxLayout>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+constexpr int kMinimumWidth = 220;
+constexpr int kMargin = 12;
+
+} // namespace
+
+LabelPreviewPanel::LabelPreviewPanel(AppSettings& settings, ProductListViewModel& viewModel,
+                                     QWidget* parent)
+    : QWidget(parent), m_settings(settings), m_viewModel(viewModel),
+      m_subtitle(new ThemedLabel({}, Theme::caption(), &Theme::secondaryText)),
+      m_scroll(new QScrollArea), m_preview(new LabelPreviewView)
+{
+    setMinimumWidth(kMinimumWidth);
+    m_subtitle->setWordWrap(true);
+    m_scroll->setWidget(m_preview);
+    m_scroll->setWidgetResizable(true);
+    m_scroll->setFrameShape(QFrame::NoFrame);
+    m_scroll->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
+    m_scroll->setFocusPolicy(Qt::NoFocus);
+    m_scroll->viewport()->setAutoFillBackground(false);
+    m_preview->setAutoFillBackground(false);
+
+    auto* layout = new QVBoxLayout(this);
+    layout->setContentsMargins(kMargin, kMargin, kMargin, 0);
+    layout->setSpacing(4);
+    layout->addWidget(
+        new ThemedLabel(u"Etiketvoorbeeld"_s, Theme::headline(), &Theme::primaryText));
+    layout->addWidget(m_subtitle);
+    layout->addSpacing(6);
+    layout->addWidget(m_scroll, 1);
+    layout->addStretch(); // holds the hint at the top while the picture is hidden
+
+    connect(&m_viewModel, &ProductListViewModel::selectedProductIDChanged, this,
+            &LabelPreviewPanel::refresh);
+    connect(&m_viewModel, &ProductListViewModel::productsChanged, this,
+            &LabelPreviewPanel::refresh);
+    connect(&m_settings, &AppSettings::selectedTemplateIDChanged, this,
+            &LabelPreviewPanel::refresh);
+    connect(&m_settings, &AppSettings::templatesChanged, this, &LabelPreviewPanel::refresh);
+}
+
+bool LabelPreviewPanel::isPreviewShown() const
+{
+    return !m_scroll->isHidden();
+}
+
+QList<QWidget*> LabelPreviewPanel::focusChain() const
+{
+    return {m_preview->picture()};
+}
+
+void LabelPreviewPanel::showEvent(QShowEvent* event)
+{
+    QWidget::showEvent(event);
+    refresh();
+}
+
+void LabelPreviewPanel::refresh()
+{
+    // A hidden panel draws nothing; it catches up when it is shown.
+    if (!isVisible())
+        return;
+    const std::optional<Product> product = m_viewModel.selectedProduct();
+    if (!product)
+        return showHint(u"Selecteer een product om het etiket te zien."_s);
+    const std::optional<LabelTemplate> labelTemplate = m_settings.selectedTemplate();
+    if (!labelTemplate)
+        return showHint(u"Kies een etiket om het voorbeeld te zien."_s);
+    m_subtitle->setText(u"%1 · %2"_s.arg(product->sku(), labelTemplate->name));
+    m_preview->showPreview(LabelPreview::make(m_renderer, labelTemplate->zplContent, &*product));
+    m_scroll->show();
+}
+
+void LabelPreviewPanel::showHint(const QString& hint)
+{
+    m_subtitle->setText(hint);
+    m_scroll->hide();
+}

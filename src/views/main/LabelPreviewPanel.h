@@ -1,0 +1,43 @@
+#pragma once
+
+#include "LabelRenderer.h"
+
+#include <QWidget>
+
+class AppSettings;
+class LabelPreviewView;
+class ProductListViewModel;
+class QLabel;
+class QScrollArea;
+
+// The side panel of the product window: the selected product's label as it
+// will print with the selected template, and its warnings. It follows the
+// selection, the template choice and template edits while it is shown.
+class LabelPreviewPanel : public QWidget
+{
+    Q_OBJECT
+
+public:
+    LabelPreviewPanel(AppSettings& settings, ProductListViewModel& viewModel,
+                      QWidget* parent = nullptr);
+
+    LabelPreviewView* preview() const { return m_preview; }
+    // The line under the heading: the product and the template, or a hint.
+    QLabel* subtitle() const { return m_subtitle; }
+    bool isPreviewShown() const;
+    QList<QWidget*> focusChain() const;
+
+protected:
+    void showEvent(QShowEvent* event) override;
+
+private:
+    void refresh();
+    void showHint(const QString& hint);
+
+    AppSettings& m_settings;
+    ProductListViewModel& m_viewModel;
+    LabelRenderer m_renderer;
+    QLabel* m_subtitle;
+    QScrollArea* m_scroll;
+    LabelPreviewView* m_preview;
+};
