@@ -174,8 +174,8 @@ void StampixApp::lendShortcuts(QWidget* window) const
 {
     // An application shortcut only fires while a widget holding its action is
     // visible; these windows may stay open after every product window closed.
-    window->addActions({m_newWindow, m_importSettings, m_exportSettings, m_quit,
-                        m_refreshProducts, m_printSelectedLabel, m_openSettings});
+    window->addActions({m_newWindow, m_importSettings, m_exportSettings, m_quit, m_refreshProducts,
+                        m_printSelectedLabel, m_openSettings});
 }
 
 void StampixApp::bringForward(QWidget* window)
