@@ -1,6 +1,7 @@
 #include "Dossier.h"
 
 #include "JsonObjectReader.h"
+#include "JsonTextWriter.h"
 #include "UuidText.h"
 
 #include <QHashFunctions>
@@ -13,13 +14,13 @@ const Dossier& Dossier::defaultDossier()
     return kDefault;
 }
 
-QJsonObject Dossier::toJson() const
+void Dossier::writeJson(JsonTextWriter& writer) const
 {
-    return QJsonObject{
-        {u"id"_s, uuidToText(id)},
-        {u"name"_s, name},
-        {u"apiKey"_s, apiKey},
-    };
+    writer.beginObject();
+    writer.write("apiKey", apiKey);
+    writer.write("id", uuidToText(id));
+    writer.write("name", name);
+    writer.endObject();
 }
 
 std::optional<Dossier> Dossier::fromJson(const QJsonValue& value, QString* error)

@@ -1,6 +1,7 @@
 #include "LabelTemplate.h"
 
 #include "JsonObjectReader.h"
+#include "JsonTextWriter.h"
 #include "UuidText.h"
 
 #include <QHashFunctions>
@@ -31,17 +32,16 @@ const LabelTemplate& LabelTemplate::defaultTemplate()
     return kDefault;
 }
 
-QJsonObject LabelTemplate::toJson() const
+void LabelTemplate::writeJson(JsonTextWriter& writer) const
 {
     // The legacy printer fields are deliberately not written.
-    QJsonObject object{
-        {u"id"_s, uuidToText(id)},
-        {u"name"_s, name},
-        {u"zplContent"_s, zplContent},
-    };
+    writer.beginObject();
+    writer.write("id", uuidToText(id));
+    writer.write("name", name);
     if (printerID)
-        object.insert(u"printerID"_s, uuidToText(*printerID));
-    return object;
+        writer.write("printerID", uuidToText(*printerID));
+    writer.write("zplContent", zplContent);
+    writer.endObject();
 }
 
 std::optional<LabelTemplate> LabelTemplate::fromJson(const QJsonValue& value, QString* error)

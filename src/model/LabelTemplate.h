@@ -5,6 +5,8 @@
 #include <QUuid>
 #include <optional>
 
+class JsonTextWriter;
+
 // A named ZPL label text bound to the printer it prints on.
 struct LabelTemplate
 {
@@ -21,7 +23,8 @@ struct LabelTemplate
 
     static const LabelTemplate& defaultTemplate();
 
-    QJsonObject toJson() const;
+    // Members in sorted order, as QJsonObject keeps them.
+    void writeJson(JsonTextWriter& writer) const;
     static std::optional<LabelTemplate> fromJson(const QJsonValue& value, QString* error);
 
     friend bool operator==(const LabelTemplate&, const LabelTemplate&) = default;

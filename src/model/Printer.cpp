@@ -1,20 +1,19 @@
 #include "Printer.h"
 
 #include "JsonObjectReader.h"
+#include "JsonTextWriter.h"
 #include "UuidText.h"
 
 #include <QHashFunctions>
 
-using namespace Qt::StringLiterals;
-
-QJsonObject Printer::toJson() const
+void Printer::writeJson(JsonTextWriter& writer) const
 {
-    return QJsonObject{
-        {u"id"_s, uuidToText(id)},
-        {u"name"_s, name},
-        {u"ipAddress"_s, ipAddress},
-        {u"port"_s, port},
-    };
+    writer.beginObject();
+    writer.write("id", uuidToText(id));
+    writer.write("ipAddress", ipAddress);
+    writer.write("name", name);
+    writer.write("port", port);
+    writer.endObject();
 }
 
 std::optional<Printer> Printer::fromJson(const QJsonValue& value, QString* error)

@@ -5,6 +5,8 @@
 #include <QUuid>
 #include <optional>
 
+class JsonTextWriter;
+
 // One network label printer.
 struct Printer
 {
@@ -15,7 +17,8 @@ struct Printer
     QString ipAddress;
     qint64 port = kDefaultPort;
 
-    QJsonObject toJson() const;
+    // Members in sorted order, as QJsonObject keeps them.
+    void writeJson(JsonTextWriter& writer) const;
     static std::optional<Printer> fromJson(const QJsonValue& value, QString* error);
 
     friend bool operator==(const Printer&, const Printer&) = default;

@@ -1,10 +1,10 @@
 #include "SettingsData.h"
 
 #include "JsonObjectReader.h"
+#include "JsonTextWriter.h"
 #include "UuidText.h"
 
 #include <QDate>
-#include <QJsonArray>
 #include <QJsonDocument>
 #include <QJsonParseError>
 
@@ -12,12 +12,19 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-template <typename Record> QJsonArray toJsonArray(const QList<Record>& records)
+template <typename Record>
+void writeList(JsonTextWriter& writer, QByteArrayView key, const QList<Record>& records)
 {
-    QJsonArray array;
+    writer.beginArray(key);
     for (const Record& record : records)
-        array.append(record.toJson());
-    return array;
+        record.writeJson(writer);
+    writer.endArray();
+}
+
+void writeOptionalUuid(JsonTextWriter& writer, QByteArrayView key, const std::optional<QUuid>& id)
+{
+    if (id)
+        writer.write(key, uuidToText(*id));
 }
 
 std::optional<QJsonObject> parseObject(const QByteArray& bytes, QString* error)
@@ -82,23 +89,20 @@ std::optional<SettingsData> SettingsData::read(const QByteArray& bytes, QString*
 
 QByteArray SettingsData::write() const
 {
-    // QJsonObject keeps its keys sorted, which gives the sorted written form.
-    QJsonObject root{
-        {u"bookyear"_s, bookyear},
-        {u"dossiers"_s, toJsonArray(dossiers)},
-        {u"printers"_s, toJsonArray(printers)},
-        {u"templates"_s, toJsonArray(templates)},
-        {u"settingsWindowWidth"_s, settingsWindowWidth},
-        {u"settingsWindowHeight"_s, settingsWindowHeight},
-        {u"columnWidthCheckbox"_s, columnWidthCheckbox},
-        {u"columnWidthSKU"_s, columnWidthSKU},
-        {u"columnWidthName"_s, columnWidthName},
-        {u"columnWidthPrice"_s, columnWidthPrice},
-        {u"columnWidthBarcode"_s, columnWidthBarcode},
-    };
-    if (selectedDossierID)
-        root.insert(u"selectedDossierID"_s, uuidToText(*selectedDossierID));
-    if (selectedTemplateID)
-        root.insert(u"selectedTemplateID"_s, uuidToText(*selectedTemplateID));
-    return QJsonDocument(root).toJson(QJsonDocument::Indented);
+    // Members in sorted order, as QJsonObject keeps them.
+    JsonTextWriter writer;
+    writer.write("bookyear", bookyear);
+    writer.write("columnWidthBarcode", columnWidthBarcode);
+    writer.write("columnWidthCheckbox", columnWidthCheckbox);
+    writer.write("columnWidthName", columnWidthName);
+    writer.write("columnWidthPrice", columnWidthPrice);
+    writer.write("columnWidthSKU", columnWidthSKU);
+    writeList(writer, "dossiers", dossiers);
+    writeList(writer, "printers", printers);
+    writeOptionalUuid(writer, "selectedDossierID", selectedDossierID);
+    writeOptionalUuid(writer, "selectedTemplateID", selectedTemplateID);
+    writer.write("settingsWindowHeight", settingsWindowHeight);
+    writer.write("settingsWindowWidth", settingsWindowWidth);
+    writeList(writer, "templates", templates);
+    return writer.finish();
 }

@@ -34,6 +34,9 @@ struct SettingsData
 
     // Whole document or nothing: the first key that fails decides `error`.
     static std::optional<SettingsData> read(const QByteArray& bytes, QString* error);
-    // Pretty-printed UTF-8 JSON with sorted keys; legacy keys never written.
+    // The bytes QJsonDocument::toJson(Indented) gives for the document: sorted
+    // keys, UTF-8; legacy keys never written.
     QByteArray write() const;
+
+    friend bool operator==(const SettingsData&, const SettingsData&) = default;
 };
