@@ -217,6 +217,14 @@ void ProductListViewModel::setProducts(QList<Product> products)
     emit filteredProductsAboutToChange();
     m_products = std::move(products);
     m_searchTexts.clear();
+    applyFilter();
+    emit productsChanged();
+    emit filteredProductsChanged();
+}
+
+void ProductListViewModel::makeSearchTexts()
+{
+    m_searchTexts.clear();
     m_searchTexts.reserve(m_products.size());
     for (const Product& product : std::as_const(m_products)) {
         m_searchTexts.append(
@@ -224,9 +232,6 @@ void ProductListViewModel::setProducts(QList<Product> products)
              searchable(product.barcode()),
              product.Description ? std::optional(searchable(*product.Description)) : std::nullopt});
     }
-    applyFilter();
-    emit productsChanged();
-    emit filteredProductsChanged();
 }
 
 QString ProductListViewModel::searchable(const QString& text)
@@ -250,6 +255,8 @@ void ProductListViewModel::applyFilter()
         std::iota(m_filteredIndexes.begin(), m_filteredIndexes.end(), qsizetype(0));
         return;
     }
+    if (m_searchTexts.size() != m_products.size())
+        makeSearchTexts();
     const QString query = searchable(m_searchText);
     for (qsizetype index = 0; index < m_products.size(); ++index) {
         if (m_searchTexts[index].contains(query))

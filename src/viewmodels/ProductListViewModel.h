@@ -81,7 +81,8 @@ signals:
     void printQuantityChanged();
 
 private:
-    // Normalised and lower-cased once per load, so a keystroke only scans.
+    // Normalised and lower-cased at the first search after a load, so a
+    // keystroke only scans and the load does not wait for them.
     struct SearchTexts
     {
         QString sku;
@@ -97,6 +98,7 @@ private:
     void setSuccessMessage(const std::optional<QString>& message);
     void setProducts(QList<Product> products);
     void applyFilter();
+    void makeSearchTexts();
     static QString searchable(const QString& text);
     void clearSuccessLater(const QString& message);
 

@@ -83,7 +83,9 @@ void LabelPreviewPanel::refresh()
     if (!labelTemplate)
         return showHint(u"Kies een etiket om het voorbeeld te zien."_s);
     m_subtitle->setText(u"%1 · %2"_s.arg(product->sku(), labelTemplate->name));
-    m_preview->showPreview(LabelPreview::make(m_renderer, labelTemplate->zplContent, &*product));
+    if (!m_renderer)
+        m_renderer.emplace();
+    m_preview->showPreview(LabelPreview::make(*m_renderer, labelTemplate->zplContent, &*product));
     m_scroll->show();
 }
 

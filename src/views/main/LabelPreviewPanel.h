@@ -3,6 +3,7 @@
 #include "LabelRenderer.h"
 
 #include <QWidget>
+#include <optional>
 
 class AppSettings;
 class LabelPreviewView;
@@ -36,7 +37,8 @@ private:
 
     AppSettings& m_settings;
     ProductListViewModel& m_viewModel;
-    LabelRenderer m_renderer;
+    // Made when the panel first draws: its font look-up costs start-up time.
+    std::optional<LabelRenderer> m_renderer;
     QLabel* m_subtitle;
     QScrollArea* m_scroll;
     LabelPreviewView* m_preview;

@@ -55,9 +55,7 @@ ProductListView::~ProductListView() = default;
 
 void ProductListView::configureTable()
 {
-    m_table->setModel(m_proxy);
     m_table->setAccessibleName(u"Producten"_s);
-    m_table->setItemDelegateForColumn(ProductTableModel::kCheckColumn, m_checkDelegate);
     m_table->setFrameShape(QFrame::NoFrame);
     m_table->setFont(Theme::body());
     m_table->setShowGrid(false);
@@ -74,6 +72,9 @@ void ProductListView::configureTable()
     m_table->verticalHeader()->hide();
     m_table->verticalHeader()->setSectionResizeMode(QHeaderView::Fixed);
     m_table->verticalHeader()->setDefaultSectionSize(kRowHeight);
+    // After the row settings, so the rows are laid out once.
+    m_table->setModel(m_proxy);
+    m_table->setItemDelegateForColumn(ProductTableModel::kCheckColumn, m_checkDelegate);
 
     QHeaderView* header = m_table->horizontalHeader();
     header->setHighlightSections(false);
