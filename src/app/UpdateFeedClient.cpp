@@ -1,6 +1,6 @@
 #include "UpdateFeedClient.h"
 
-#include <QCoro/QCoroNetworkReply>
+#include <QCoroSignal>
 #include <QNetworkAccessManager>
 #include <QNetworkReply>
 #include <QNetworkRequest>
@@ -53,7 +53,8 @@ QCoro::Task<Expected<QByteArray, QString>> UpdateFeedClient::fetch(QUrl url)
             reply->abort();
     });
 
-    co_await reply;
+    // A reply never finishes inside get(), so the signal cannot be missed.
+    co_await qCoro(reply, &QNetworkReply::finished);
     if (!self || self->m_isClosing)
         co_return u"Het controleren op updates is afgebroken."_s;
 

@@ -2,9 +2,10 @@
 
 #include "ProductReplyReader.h"
 
-#include <QCoroSignal>
+#include <QCoroFuture>
 #include <QNetworkRequest>
 #include <QPointer>
+#include <QPromise>
 #include <QUrl>
 #include <QUrlQuery>
 #include <memory>
@@ -13,10 +14,46 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-struct DeleteLater
+using Result = ProductReplyReader::Result;
+using ResultPromise = std::shared_ptr<QPromise<Result>>;
+
+const QString& closedMessage()
 {
-    void operator()(QObject* object) const { object->deleteLater(); }
-};
+    static const QString message = u"De productdienst is afgesloten"_s;
+    return message;
+}
+
+// A fetch whose start never ran, because the service closed first, still ends.
+ResultPromise newResultPromise()
+{
+    ResultPromise promise(new QPromise<Result>, [](QPromise<Result>* unfinished) {
+        if (!unfinished->future().isFinished()) {
+            unfinished->addResult(APIError::networkError(closedMessage()));
+            unfinished->finish();
+        }
+        delete unfinished;
+    });
+    promise->start();
+    return promise;
+}
+
+// Runs on the network thread. The reader is the access manager's child, so it
+// ends with it when the service closes; its reply goes first and so finishes it.
+void startFetch(QNetworkAccessManager* network, const QNetworkRequest& request,
+                std::chrono::milliseconds timeout, const ResultPromise& promise)
+{
+    auto* reader = new ProductReplyReader(network->get(request), timeout,
+                                          KalmoraAPIService::kMaxBodyBytes, network);
+    const auto deliver = [reader, promise] {
+        promise->addResult(reader->result());
+        promise->finish();
+        reader->deleteLater();
+    };
+    if (reader->isFinished())
+        deliver();
+    else
+        QObject::connect(reader, &ProductReplyReader::finished, reader, deliver);
+}
 
 // Plain concatenation, then a strict parse; the query is replaced, not merged.
 std::optional<QUrl> productURL(const QString& baseURL, qint64 limit, qint64 offset)
@@ -57,9 +94,21 @@ QNetworkRequest productRequest(const QUrl& url, const QString& apiKey, const QSt
 
 KalmoraAPIService::KalmoraAPIService(QString baseURL, std::chrono::milliseconds timeout,
                                      QObject* parent)
-    : QObject(parent), m_baseURL(std::move(baseURL)), m_timeout(timeout)
+    : QObject(parent), m_baseURL(std::move(baseURL)), m_timeout(timeout),
+      m_network(new QNetworkAccessManager)
 {
-    m_network.setRedirectPolicy(QNetworkRequest::SameOriginRedirectPolicy);
+    m_network->setRedirectPolicy(QNetworkRequest::SameOriginRedirectPolicy);
+    m_network->moveToThread(&m_thread);
+    // Deleting it there aborts the replies still out, which ends their fetches.
+    connect(&m_thread, &QThread::finished, m_network, &QObject::deleteLater);
+    m_thread.setObjectName(u"KalmoraAPIService"_s);
+    m_thread.start();
+}
+
+KalmoraAPIService::~KalmoraAPIService()
+{
+    m_thread.quit();
+    m_thread.wait();
 }
 
 QCoro::Task<Expected<QList<Product>, APIError>>
@@ -71,13 +120,17 @@ KalmoraAPIService::fetchProducts(QString apiKey, QString bookyear, qint64 limit,
     if (!url)
         co_return APIError::invalidURL();
 
-    QNetworkReply* reply = m_network.get(productRequest(*url, apiKey, bookyear));
-    std::unique_ptr<ProductReplyReader, DeleteLater> reader(
-        new ProductReplyReader(reply, m_timeout, kMaxBodyBytes));
+    ResultPromise promise = newResultPromise();
+    const QFuture<Result> future = promise->future();
+    // Only the network thread holds the promise, so a start that never runs ends the wait.
+    QMetaObject::invokeMethod(m_network, [network = m_network, timeout = m_timeout,
+                                          promise = std::move(promise),
+                                          request = productRequest(*url, apiKey, bookyear)] {
+        startFetch(network, request, timeout, promise);
+    });
     const QPointer<KalmoraAPIService> self(this);
-    if (!reader->isFinished())
-        co_await qCoro(reader.get(), &ProductReplyReader::finished);
+    Result result = co_await future;
     if (!self)
-        co_return APIError::networkError(u"De productdienst is afgesloten"_s);
-    co_return reader->result();
+        co_return APIError::networkError(closedMessage());
+    co_return result;
 }

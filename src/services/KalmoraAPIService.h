@@ -9,9 +9,13 @@
 #include <QNetworkAccessManager>
 #include <QObject>
 #include <QString>
+#include <QThread>
 #include <chrono>
 
-// Fetches one page of a dossier's products from the invoicing service.
+// Fetches one page of a dossier's products from the invoicing service. The
+// request is sent and its reply read and decoded on a network thread of the
+// service's own, so the window paints while the products arrive; the caller
+// resumes on its own thread.
 class KalmoraAPIService : public QObject
 {
     Q_OBJECT
@@ -23,6 +27,7 @@ public:
 
     explicit KalmoraAPIService(QString baseURL, std::chrono::milliseconds timeout = kDefaultTimeout,
                                QObject* parent = nullptr);
+    ~KalmoraAPIService() override;
 
     const QString& baseURL() const { return m_baseURL; }
 
@@ -32,5 +37,7 @@ public:
 private:
     const QString m_baseURL;
     const std::chrono::milliseconds m_timeout;
-    QNetworkAccessManager m_network;
+    QThread m_thread;
+    // Lives in m_thread and is deleted there.
+    QNetworkAccessManager* m_network;
 };

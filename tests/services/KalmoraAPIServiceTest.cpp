@@ -42,6 +42,8 @@ private slots:
     void sendsTheAgreedRequest();
     void outcomes_data();
     void outcomes();
+    void closingEndsAFetchStillOut_data();
+    void closingEndsAFetchStillOut();
 };
 
 void KalmoraAPIServiceTest::sendsTheAgreedRequest()
@@ -180,6 +182,36 @@ void KalmoraAPIServiceTest::outcomes()
     const bool decoded = response.mode == Response::Mode::normal && response.status == 200;
     QCOMPARE(printed.count(u"Decoding error: "_s),
              decoded && text == u"Ongeldige respons van server"_s ? 1 : 0);
+}
+
+void KalmoraAPIServiceTest::closingEndsAFetchStillOut_data()
+{
+    QTest::addColumn<bool>("requestArrived");
+    QTest::newRow("closed at once") << false;
+    QTest::newRow("closed while the server is silent") << true;
+}
+
+// The network thread goes with the service; the caller's wait must still end.
+void KalmoraAPIServiceTest::closingEndsAFetchStillOut()
+{
+    QFETCH(bool, requestArrived);
+    LoopbackHttpServer server;
+    QVERIFY(server.listen());
+    server.setHandler([](const Request&) {
+        Response silent;
+        silent.mode = Response::Mode::neverAnswer;
+        return silent;
+    });
+    auto service = std::make_unique<KalmoraAPIService>(server.baseUrl());
+    std::optional<Result> result;
+    QEventLoop loop;
+    auto storing =
+        storeTaskResult(service->fetchProducts(u"key"_s, u"2024"_s, 1000, 0), &result, &loop);
+    if (requestArrived)
+        QTRY_COMPARE(server.requests().size(), 1);
+    service.reset();
+    QTRY_VERIFY(result.has_value());
+    QCOMPARE(describe(*result), u"Netwerkfout: De productdienst is afgesloten"_s);
 }
 
 QTEST_GUILESS_MAIN(KalmoraAPIServiceTest)

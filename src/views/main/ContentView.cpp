@@ -32,7 +32,7 @@ ContentView::ContentView(AppSettings& settings, ProductListViewModel& viewModel,
       m_toolbar(new CustomToolbar(settings, viewModel, this)),
       m_statusBar(new StatusBarView(settings, viewModel, this)),
       m_errorAlert(new ErrorAlert(viewModel, this)), m_splitter(new QSplitter(this)),
-      m_contentLayout(new QVBoxLayout), m_labelPreview(new LabelPreviewPanel(settings, viewModel))
+      m_contentLayout(new QVBoxLayout)
 {
     setMinimumSize(kMinimumSize);
     setBackgroundRole(QPalette::Window);
@@ -51,11 +51,8 @@ ContentView::ContentView(AppSettings& settings, ProductListViewModel& viewModel,
     contentArea->setLayout(m_contentLayout);
     m_contentLayout->setContentsMargins(0, 0, 0, 0);
     m_splitter->addWidget(contentArea);
-    m_splitter->addWidget(m_labelPreview);
     m_splitter->setStretchFactor(0, 1);
-    m_splitter->setStretchFactor(1, 0);
     m_splitter->setChildrenCollapsible(false);
-    m_labelPreview->hide();
 
     // Every value the choice of content reads.
     connect(&m_settings, &AppSettings::dossiersChanged, this, &ContentView::updateContent);
@@ -68,9 +65,8 @@ ContentView::ContentView(AppSettings& settings, ProductListViewModel& viewModel,
             &ContentView::updateContent);
     connect(&m_viewModel, &ProductListViewModel::searchTextChanged, this,
             &ContentView::updateContent);
-
-    m_state = stateFor(m_settings, m_viewModel);
-    replaceContent(createContent(m_state));
+    // The content is made when the window first appears: that is when the
+    // first load starts, and a placeholder made before it would never be seen.
 }
 
 ContentView::~ContentView() = default;
@@ -101,7 +97,7 @@ QMessageBox* ContentView::errorAlert() const
 
 bool ContentView::isLabelPreviewShown() const
 {
-    return !m_labelPreview->isHidden();
+    return m_labelPreview && !m_labelPreview->isHidden();
 }
 
 void ContentView::setLabelPreviewShown(bool shown)
@@ -109,10 +105,23 @@ void ContentView::setLabelPreviewShown(bool shown)
     if (shown == isLabelPreviewShown())
         return;
     if (shown) {
+        ensureLabelPreview();
         const int total = m_splitter->width();
         m_splitter->setSizes({qMax(0, total - kPreviewWidth), kPreviewWidth});
     }
     m_labelPreview->setVisible(shown);
+}
+
+void ContentView::ensureLabelPreview()
+{
+    // Made the first time it is asked for: most sessions never open it.
+    if (m_labelPreview)
+        return;
+    m_labelPreview = new LabelPreviewPanel(m_settings, m_viewModel);
+    m_labelPreview->hide();
+    m_splitter->addWidget(m_labelPreview);
+    m_splitter->setStretchFactor(1, 0);
+    chainFocus();
 }
 
 void ContentView::showEvent(QShowEvent* event)
@@ -125,12 +134,13 @@ void ContentView::showEvent(QShowEvent* event)
     m_errorAlert->showMessage();
     if (m_settings.isConfigured() && m_viewModel.products().isEmpty())
         m_viewModel.fetchProducts();
+    updateContent();
 }
 
 void ContentView::updateContent()
 {
     const ContentState state = stateFor(m_settings, m_viewModel);
-    if (state == m_state) {
+    if (m_content && state == m_state) {
         if (auto* noResults = qobject_cast<NoResultsView*>(m_content))
             noResults->setSearchText(m_viewModel.searchText());
         return;
@@ -181,12 +191,14 @@ void ContentView::chainFocus()
 {
     // Tab goes left to right through the toolbar, then the content, then the status bar.
     QList<QWidget*> chain = m_toolbar->focusChain();
-    const QList<QWidget*> content = m_content->findChildren<QWidget*>();
+    const QList<QWidget*> content =
+        m_content ? m_content->findChildren<QWidget*>() : QList<QWidget*>();
     for (QWidget* widget : content) {
         if (widget->focusPolicy() & Qt::TabFocus)
             chain.append(widget);
     }
-    chain.append(m_labelPreview->focusChain());
+    if (m_labelPreview)
+        chain.append(m_labelPreview->focusChain());
     chain.append(m_statusBar->focusChain());
     for (qsizetype i = 1; i < chain.size(); ++i)
         setTabOrder(chain.at(i - 1), chain.at(i));

@@ -48,6 +48,7 @@ public:
     StatusBarView* statusBar() const { return m_statusBar; }
     QMessageBox* errorAlert() const;
 
+    // None until the panel is first shown.
     LabelPreviewPanel* labelPreview() const { return m_labelPreview; }
     bool isLabelPreviewShown() const;
     void setLabelPreviewShown(bool shown);
@@ -56,6 +57,7 @@ protected:
     void showEvent(QShowEvent* event) override;
 
 private:
+    void ensureLabelPreview();
     void updateContent();
     QWidget* createContent(ContentState state);
     void replaceContent(QWidget* content);
@@ -71,7 +73,8 @@ private:
     ErrorAlert* m_errorAlert;
     QSplitter* m_splitter;
     QVBoxLayout* m_contentLayout;
-    LabelPreviewPanel* m_labelPreview;
+    LabelPreviewPanel* m_labelPreview = nullptr;
+    // None until the window first appears.
     QWidget* m_content = nullptr;
     ContentState m_state = ContentState::ConfigurationNeeded;
 };

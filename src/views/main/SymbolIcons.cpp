@@ -1,5 +1,6 @@
 #include "SymbolIcons.h"
 
+#include "SvgIconEngine.h"
 #include "TintedIconEngine.h"
 
 #include <QFile>
@@ -119,5 +120,5 @@ QStringList SymbolIcons::symbolNames()
 QIcon SymbolIcons::appIcon()
 {
     initSymbolResources();
-    return QIcon(u":/app/stampix.svg"_s);
+    return QIcon(new SvgIconEngine(u":/app/stampix.svg"_s));
 }

@@ -1,6 +1,5 @@
 #include "TintedIconEngine.h"
 
-#include <QFile>
 #include <QGuiApplication>
 #include <QPainter>
 #include <QPalette>
@@ -15,17 +14,8 @@ constexpr qreal kDisabledOpacity = 0.35;
 } // namespace
 
 TintedIconEngine::TintedIconEngine(QString resourcePath, std::optional<QColor> color)
-    : m_resourcePath(std::move(resourcePath)), m_color(std::move(color)), m_source(m_resourcePath)
+    : SvgIconEngine(std::move(resourcePath)), m_color(std::move(color))
 {}
-
-void TintedIconEngine::paint(QPainter* painter, const QRect& rect, QIcon::Mode mode,
-                             QIcon::State state)
-{
-    const qreal ratio = painter->device() ? painter->device()->devicePixelRatioF() : 1.0;
-    QPixmap image = pixmap(rect.size() * ratio, mode, state);
-    image.setDevicePixelRatio(ratio);
-    painter->drawPixmap(rect, image);
-}
 
 QPixmap TintedIconEngine::pixmap(const QSize& size, QIcon::Mode mode, QIcon::State)
 {
@@ -33,14 +23,14 @@ QPixmap TintedIconEngine::pixmap(const QSize& size, QIcon::Mode mode, QIcon::Sta
         return {};
     const QColor color = colorFor(mode);
     const QString cacheKey =
-        u"tinted:%1:%2:%3x%4"_s.arg(m_resourcePath, color.name(QColor::HexArgb))
+        u"tinted:%1:%2:%3x%4"_s.arg(resourcePath(), color.name(QColor::HexArgb))
             .arg(size.width())
             .arg(size.height());
     QPixmap result;
     if (QPixmapCache::find(cacheKey, &result))
         return result;
 
-    result = m_source.pixmap(size, 1.0);
+    result = render(size);
     if (result.isNull())
         return result;
     QPainter painter(&result);
@@ -53,17 +43,12 @@ QPixmap TintedIconEngine::pixmap(const QSize& size, QIcon::Mode mode, QIcon::Sta
 
 QIconEngine* TintedIconEngine::clone() const
 {
-    return new TintedIconEngine(m_resourcePath, m_color);
+    return new TintedIconEngine(resourcePath(), m_color);
 }
 
 QString TintedIconEngine::key() const
 {
     return u"TintedIconEngine"_s;
-}
-
-bool TintedIconEngine::isNull()
-{
-    return !QFile::exists(m_resourcePath);
 }
 
 QColor TintedIconEngine::colorFor(QIcon::Mode mode) const
