@@ -37,5 +37,9 @@ private slots:
     }
 };
 
+#ifdef STAMPIX_FUZZ_GUI
+QTEST_MAIN(FuzzReplayTest)
+#else
 QTEST_GUILESS_MAIN(FuzzReplayTest)
+#endif
 #include "FuzzReplayTest.moc"

@@ -43,4 +43,7 @@ struct LabelRenderResult
     // Dutch remarks on how the picture differs from print: font substitutes,
     // an unknown label size, barcodes that could not be made.
     QStringList notes;
+    // What the render left out to stay within its bounds, each once, in Dutch
+    // ("Alleen de eerste 100 etiketten getoond."). Empty when nothing was cut.
+    QStringList cuts;
 };
