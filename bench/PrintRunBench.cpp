@@ -44,8 +44,9 @@ double millisecondsSince(Clock::time_point start)
 
 QString labelText()
 {
-    return ZPLService().generateZPL(BenchCatalogue::products(1).first(),
-                                    LabelTemplate::kDefaultZPL);
+    return ZPLService()
+        .generateZPL(BenchCatalogue::products(1).first(), LabelTemplate::kDefaultZPL)
+        .value();
 }
 
 struct RunResult

@@ -6,41 +6,37 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-// Larger labels would take hundreds of megabytes for a picture.
-constexpr int kMaxSideDots = 4800;
 constexpr int kMarginMm = 2;
-
-void addNote(QStringList* notes, const QString& text)
-{
-    if (!notes->contains(text))
-        notes->append(text);
-}
 
 } // namespace
 
-RenderedLabel LabelCanvas::paint(const QList<PlacedField>& placed, int dotsPerMm,
-                                 std::optional<int> width, std::optional<int> length,
-                                 QStringList* notes)
+LabelCanvas::Size LabelCanvas::size(const QList<PlacedField>& placed, int dotsPerMm,
+                                    std::optional<int> width, std::optional<int> length)
 {
     QRect drawn;
     for (const PlacedField& field : placed)
         drawn |= field.field.bounds;
     const int margin = kMarginMm * dotsPerMm;
-    QSize size(width.value_or(qMax(0, drawn.right() + 1) + margin),
-               length.value_or(qMax(0, drawn.bottom() + 1) + margin));
-    if (!width || !length)
-        addNote(notes, u"Etiketgrootte onbekend (geen ^PW of ^LL): het beeld toont wat getekend "
-                       u"is, met een marge."_s);
-    if (size.width() > kMaxSideDots || size.height() > kMaxSideDots) {
-        size = size.boundedTo(QSize(kMaxSideDots, kMaxSideDots));
-        addNote(notes, u"Etiket ingekort tot %1 bij %1 punten."_s.arg(kMaxSideDots));
+    Size size;
+    size.widthKnown = width.has_value();
+    size.lengthKnown = length.has_value();
+    // Field bounds stay far inside int, so the sums cannot overflow.
+    size.dots = QSize(width.value_or(qMax(0, drawn.right() + 1) + margin),
+                      length.value_or(qMax(0, drawn.bottom() + 1) + margin));
+    if (size.dots.width() > kMaxSideDots || size.dots.height() > kMaxSideDots) {
+        size.dots = size.dots.boundedTo(QSize(kMaxSideDots, kMaxSideDots));
+        size.shortened = true;
     }
+    return size;
+}
 
+RenderedLabel LabelCanvas::paint(const QList<PlacedField>& placed, int dotsPerMm, const Size& size)
+{
     RenderedLabel label;
     label.dotsPerMm = dotsPerMm;
-    label.widthKnown = width.has_value();
-    label.lengthKnown = length.has_value();
-    label.image = QImage(size, QImage::Format_RGB32);
+    label.widthKnown = size.widthKnown;
+    label.lengthKnown = size.lengthKnown;
+    label.image = QImage(size.dots, QImage::Format_RGB32);
     label.image.fill(Qt::white);
     QPainter painter(&label.image);
     for (const PlacedField& field : placed) {

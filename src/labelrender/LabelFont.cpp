@@ -20,6 +20,36 @@ QStringList words(const QString& paragraph)
     return paragraph.split(u' ', Qt::SkipEmptyParts);
 }
 
+// Greedy word wrap; "\&" forces a new line. Lines past the last one are
+// dropped, so wrapping stops there.
+template <typename Advance>
+QList<QStringList> wrap(const QString& text, int maxLines, int width, qreal space,
+                        const Advance& advance)
+{
+    QList<QStringList> lines;
+    for (const QString& paragraph : text.split(u"\\&"_s)) {
+        QStringList current;
+        qreal used = 0;
+        for (const QString& word : words(paragraph)) {
+            const qreal extra = current.isEmpty() ? advance(word) : space + advance(word);
+            if (!current.isEmpty() && used + extra > width) {
+                lines.append(current);
+                if (lines.size() == maxLines)
+                    return lines;
+                current = {word};
+                used = advance(word);
+            } else {
+                current.append(word);
+                used += extra;
+            }
+        }
+        lines.append(current);
+        if (lines.size() == maxLines)
+            return lines;
+    }
+    return lines;
+}
+
 } // namespace
 
 LabelFont::LabelFont()
@@ -88,27 +118,8 @@ FieldGraphic LabelFont::block(const QString& text, int height, int width, const 
         return metrics.horizontalAdvance(s) * c.stretch;
     };
 
-    // Greedy word wrap; "\&" forces a new line.
-    QList<QStringList> lines;
-    for (const QString& paragraph : text.split(u"\\&"_s)) {
-        QStringList current;
-        qreal used = 0;
-        for (const QString& word : words(paragraph)) {
-            const qreal extra = current.isEmpty() ? advance(word) : space + advance(word);
-            if (!current.isEmpty() && used + extra > block.width) {
-                lines.append(current);
-                current = {word};
-                used = advance(word);
-            } else {
-                current.append(word);
-                used += extra;
-            }
-        }
-        lines.append(current);
-    }
     const int maxLines = qMax(1, block.maxLines);
-    if (lines.size() > maxLines)
-        lines.resize(maxLines);
+    const QList<QStringList> lines = wrap(text, maxLines, block.width, space, advance);
 
     const qreal pitch = qMax(1, height) + block.lineSpacing;
     struct Word

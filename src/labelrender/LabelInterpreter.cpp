@@ -1,6 +1,7 @@
 #include "LabelInterpreter.h"
 
 #include "LabelCanvas.h"
+#include "LabelRenderer.h"
 
 #include <QLocale>
 
@@ -8,11 +9,21 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-int intAt(const QStringList& p, qsizetype i, int fallback)
+// The largest number a printer takes for any dot measure.
+constexpr int kMaxDots = 32000;
+// Far beyond any label, and far inside int, so sums of bounds cannot overflow.
+constexpr qreal kMaxFieldExtent = 1 << 24;
+
+int signedIntAt(const QStringList& p, qsizetype i, int fallback, int bound)
 {
     bool ok = false;
-    const int value = i < p.size() ? p.at(i).trimmed().toInt(&ok) : 0;
-    return ok ? value : fallback;
+    const qlonglong value = i < p.size() ? p.at(i).trimmed().toLongLong(&ok) : 0;
+    return ok ? int(qBound(qlonglong(-bound), value, qlonglong(bound))) : fallback;
+}
+
+int intAt(const QStringList& p, qsizetype i, int fallback)
+{
+    return qMax(0, signedIntAt(p, i, fallback, kMaxDots));
 }
 
 QChar charAt(const QStringList& p, qsizetype i, QChar fallback)
@@ -97,8 +108,8 @@ QByteArray withoutInvocations(const QByteArray& data)
 
 } // namespace
 
-LabelInterpreter::LabelInterpreter(int dotsPerMm, const LabelFont& font)
-    : m_dotsPerMm(dotsPerMm), m_font(font)
+LabelInterpreter::LabelInterpreter(int dotsPerMm, const LabelFont& font, int maxLabels)
+    : m_dotsPerMm(dotsPerMm), m_font(font), m_maxLabels(maxLabels)
 {}
 
 const QHash<QString, LabelInterpreter::Handler>& LabelInterpreter::handlers()
@@ -150,7 +161,7 @@ void LabelInterpreter::apply(const ZplCommandReader::Command& command)
 
 void LabelInterpreter::startLabel(const Params&)
 {
-    if (m_inLabel && !m_placed.isEmpty())
+    if (m_inLabel && hasFields())
         endLabel({});
     m_inLabel = true;
     m_field = {};
@@ -159,10 +170,41 @@ void LabelInterpreter::startLabel(const Params&)
 void LabelInterpreter::endLabel(const Params&)
 {
     fieldSeparator({});
-    m_result.labels.append(
-        LabelCanvas::paint(m_placed, m_dotsPerMm, m_width, m_length, &m_result.notes));
+    if (drawing())
+        paintLabel();
+    ++m_result.labelCount;
     m_placed.clear();
+    m_fieldsSkipped = false;
     m_inLabel = false;
+}
+
+bool LabelInterpreter::hasFields() const
+{
+    return !m_placed.isEmpty() || m_fieldsSkipped;
+}
+
+bool LabelInterpreter::drawing() const
+{
+    return !m_outOfPixels && m_result.labels.size() < m_maxLabels;
+}
+
+void LabelInterpreter::paintLabel()
+{
+    const LabelCanvas::Size size = LabelCanvas::size(m_placed, m_dotsPerMm, m_width, m_length);
+    const qint64 pixels = qint64(size.dots.width()) * size.dots.height();
+    if (m_pixels + pixels > LabelRenderer::kMaxPixels) {
+        m_outOfPixels = true;
+        cut(u"Alleen de eerste %1 etiketten getoond: samen zouden ze meer dan 64 miljoen "
+            u"punten beslaan."_s.arg(m_result.labels.size()));
+        return;
+    }
+    m_pixels += pixels;
+    if (!size.widthKnown || !size.lengthKnown)
+        note(u"Etiketgrootte onbekend (geen ^PW of ^LL): het beeld toont wat getekend is, met "
+             u"een marge."_s);
+    if (size.shortened)
+        note(u"Etiket ingekort tot %1 bij %1 punten."_s.arg(LabelCanvas::kMaxSideDots));
+    m_result.labels.append(LabelCanvas::paint(m_placed, m_dotsPerMm, size));
 }
 
 void LabelInterpreter::fieldOrigin(const Params& p)
@@ -225,7 +267,9 @@ void LabelInterpreter::fieldOrientation(const Params& p)
 
 void LabelInterpreter::fieldData(const Params& p)
 {
-    m_field.data = m_field.data.value_or(QString()) + p.value(0);
+    if (!m_field.data)
+        m_field.data.emplace();
+    m_field.data->append(p.value(0));
 }
 
 void LabelInterpreter::fieldBlock(const Params& p)
@@ -233,7 +277,7 @@ void LabelInterpreter::fieldBlock(const Params& p)
     LabelFont::Block block;
     block.width = qMax(0, intAt(p, 0, 0));
     block.maxLines = qBound(1, intAt(p, 1, 1), 9999);
-    block.lineSpacing = intAt(p, 2, 0);
+    block.lineSpacing = signedIntAt(p, 2, 0, 9999);
     const QChar justification = charAt(p, 3, u'L');
     block.justification = justification == u'C'   ? LabelFont::Justification::Center
                           : justification == u'R' ? LabelFont::Justification::Right
@@ -377,13 +421,31 @@ std::optional<FieldGraphic> LabelInterpreter::fieldGraphic(const QByteArray& byt
         note(u"Lettertype %1 getekend als lettertype 0."_s.arg(font.name));
     if (!m_font.substitutionNote().isEmpty())
         note(m_font.substitutionNote());
+    // No printer prints a line longer than 32,000 dots, and no character is
+    // narrower than a dot; glyphs past that cost time and show nothing.
+    QString shown = text;
+    if (shown.size() > kMaxDots) {
+        shown.truncate(kMaxDots);
+        cut(u"Veldtekst ingekort tot de eerste %1 tekens."_s.arg(
+            QLocale(QLocale::Dutch).toString(kMaxDots)));
+    }
     if (m_field.block)
-        return m_font.block(text, font.height, font.width, *m_field.block);
-    return m_font.line(text, font.height, font.width);
+        return m_font.block(shown, font.height, font.width, *m_field.block);
+    return m_font.line(shown, font.height, font.width);
 }
 
 void LabelInterpreter::fieldSeparator(const Params&)
 {
+    const bool isField = m_field.box || m_field.data;
+    if (isField && m_fieldsDrawn == LabelRenderer::kMaxFields)
+        cut(u"Alleen de eerste %1 velden getoond."_s.arg(
+            QLocale(QLocale::Dutch).toString(LabelRenderer::kMaxFields)));
+    if (!drawing() || (isField && m_fieldsDrawn == LabelRenderer::kMaxFields)) {
+        m_fieldsSkipped = m_fieldsSkipped || isField;
+        m_field = {};
+        return;
+    }
+    m_fieldsDrawn += isField;
     if (m_field.box) {
         const Box box = *m_field.box;
         place(LabelCanvas::box(box.width, box.height, box.thickness, box.rounding), u'N', u"^GB"_s,
@@ -419,7 +481,10 @@ void LabelInterpreter::place(FieldGraphic graphic, QChar orientation, const QStr
     const QPointF shift = QPointF(m_field.origin) - anchor;
     const QTransform transform = rotation * QTransform::fromTranslate(shift.x(), shift.y());
     PlacedField placed;
-    placed.field = {command, transform.mapRect(graphic.ink).toAlignedRect(), data};
+    const QRectF limit(-kMaxFieldExtent, -kMaxFieldExtent, 2 * kMaxFieldExtent,
+                       2 * kMaxFieldExtent);
+    placed.field = {command, transform.mapRect(graphic.ink).intersected(limit).toAlignedRect(),
+                    data};
     placed.graphic = std::move(graphic);
     placed.transform = transform;
     placed.reverse = m_field.reverse;
@@ -427,23 +492,38 @@ void LabelInterpreter::place(FieldGraphic graphic, QChar orientation, const QStr
     m_placed.append(std::move(placed));
 }
 
+void LabelInterpreter::cut(const QString& text)
+{
+    if (!m_said.contains(text)) {
+        m_said.insert(text);
+        m_result.cuts.append(text);
+    }
+}
+
 void LabelInterpreter::note(const QString& text)
 {
-    if (!m_result.notes.contains(text))
+    if (!m_said.contains(text)) {
+        m_said.insert(text);
         m_result.notes.append(text);
+    }
 }
 
 void LabelInterpreter::notDrawn(const QString& name)
 {
-    if (!m_result.commandsNotDrawn.contains(name))
+    if (!m_said.contains(name)) {
+        m_said.insert(name);
         m_result.commandsNotDrawn.append(name);
+    }
 }
 
 LabelRenderResult LabelInterpreter::finish()
 {
-    if (!m_placed.isEmpty()) {
+    if (hasFields()) {
         note(u"^XZ ontbreekt aan het einde van het etiket."_s);
         endLabel({});
     }
+    if (m_result.labelCount > LabelRenderer::kMaxLabels && !m_outOfPixels &&
+        m_maxLabels == LabelRenderer::kMaxLabels)
+        cut(u"Alleen de eerste %1 etiketten getoond."_s.arg(LabelRenderer::kMaxLabels));
     return std::move(m_result);
 }

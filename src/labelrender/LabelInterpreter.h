@@ -9,16 +9,19 @@
 
 #include <QHash>
 #include <QPoint>
+#include <QSet>
 #include <QTransform>
 #include <optional>
 
 // Follows the commands of a ZPL text as a printer does, field by field, and
 // paints each finished label. State such as ^PW, ^LL, ^CI and ^BY carries
-// over to following labels, as on the printer.
+// over to following labels, as on the printer. Every number is clamped to
+// what a printer accepts, and only the first `maxLabels` labels that fit in
+// LabelRenderer::kMaxPixels are drawn; the rest are only counted.
 class LabelInterpreter
 {
 public:
-    LabelInterpreter(int dotsPerMm, const LabelFont& font);
+    LabelInterpreter(int dotsPerMm, const LabelFont& font, int maxLabels);
 
     void apply(const ZplCommandReader::Command& command);
     LabelRenderResult finish();
@@ -87,11 +90,19 @@ private:
     std::optional<FieldGraphic> fieldGraphic(const QByteArray& bytes, const QString& text);
     void place(FieldGraphic graphic, QChar orientation, const QString& command, const QString& data,
                bool white);
+    bool drawing() const;
+    bool hasFields() const;
+    void paintLabel();
+    void cut(const QString& text);
     void note(const QString& text);
     void notDrawn(const QString& name);
 
     int m_dotsPerMm;
     const LabelFont& m_font;
+    int m_maxLabels;
+    qint64 m_pixels = 0;
+    int m_fieldsDrawn = 0;
+    bool m_outOfPixels = false;
 
     QPoint m_home;
     std::optional<int> m_width;
@@ -105,6 +116,8 @@ private:
 
     Field m_field;
     QList<PlacedField> m_placed;
+    bool m_fieldsSkipped = false; // fields of a label that is only counted
     bool m_inLabel = false;
     LabelRenderResult m_result;
+    QSet<QString> m_said; // notes, cuts and commands not drawn, each kept once
 };

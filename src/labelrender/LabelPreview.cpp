@@ -4,13 +4,18 @@
 #include "services/ZPLService.h"
 
 LabelPreview LabelPreview::make(const LabelRenderer& renderer, const QString& zplTemplate,
-                                const Product* product)
+                                const Product* product, int maxLabels)
 {
     const ZPLService service;
     LabelPreview preview;
-    preview.zpl =
+    const std::optional<QString> zpl =
         product ? service.generateZPL(*product, zplTemplate) : service.previewZPL(zplTemplate);
-    preview.rendering = renderer.render(preview.zpl);
+    if (!zpl) {
+        preview.failure = ZPLService::labelTooLargeMessage();
+        return preview;
+    }
+    preview.zpl = *zpl;
+    preview.rendering = renderer.render(preview.zpl, maxLabels);
     preview.warnings = LabelWarnings::check(zplTemplate, product, preview.rendering);
     return preview;
 }

@@ -12,10 +12,15 @@
 struct LabelPreview
 {
     QString zpl; // the filled label text
+    // Why nothing was drawn: the label could not be filled within its bound.
+    // Empty otherwise.
+    QString failure;
     LabelRenderResult rendering;
     QStringList warnings; // LabelWarnings for this template and values
 
     // `product` nullptr: the sample values, as ZPLService::previewZPL fills.
+    // `maxLabels`: how many labels of the text to draw; the rest are counted.
     static LabelPreview make(const LabelRenderer& renderer, const QString& zplTemplate,
-                             const Product* product = nullptr);
+                             const Product* product = nullptr,
+                             int maxLabels = LabelRenderer::kMaxLabels);
 };

@@ -37,7 +37,8 @@ struct RenderedLabel
 
 struct LabelRenderResult
 {
-    QList<RenderedLabel> labels;
+    QList<RenderedLabel> labels; // the first labels of the text, as many as were drawn
+    qsizetype labelCount = 0;    // labels in the text, drawn or not
     // Commands seen but not drawn ("^PQ", "~SD", ...), each once, in order.
     QStringList commandsNotDrawn;
     // Dutch remarks on how the picture differs from print: font substitutes,

@@ -15,9 +15,9 @@ bool LabelRenderer::isSupportedDotsPerMm(int dotsPerMm)
     return dotsPerMm == 6 || dotsPerMm == 8 || dotsPerMm == 12 || dotsPerMm == 24;
 }
 
-LabelRenderResult LabelRenderer::render(const QString& zpl) const
+LabelRenderResult LabelRenderer::render(const QString& zpl, int maxLabels) const
 {
-    LabelInterpreter interpreter(m_dotsPerMm, m_font);
+    LabelInterpreter interpreter(m_dotsPerMm, m_font, qBound(0, maxLabels, kMaxLabels));
     for (const ZplCommandReader::Command& command : ZplCommandReader::read(zpl))
         interpreter.apply(command);
     LabelRenderResult result = interpreter.finish();

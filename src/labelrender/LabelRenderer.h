@@ -22,6 +22,12 @@ class LabelRenderer
 {
 public:
     static constexpr int kDefaultDotsPerMm = 8;
+    // Bounds of one render, whatever the text: a thousand ^XZ in a few
+    // kilobytes would otherwise ask for gigabytes of pictures.
+    static constexpr int kMaxLabels = 100;
+    static constexpr qint64 kMaxPixels = 64'000'000;
+    // A real label has tens of fields; a barcode costs tens of microseconds.
+    static constexpr int kMaxFields = 2'000;
 
     // dotsPerMm: 6, 8, 12 or 24 (203, 300 and 600 dpi printers: 8, 12, 24).
     // Any other value draws at 8 and says so in every result's notes.
@@ -31,8 +37,10 @@ public:
 
     int dotsPerMm() const { return m_dotsPerMm; }
 
-    // One image per ^XA...^XZ label in the text.
-    LabelRenderResult render(const QString& zpl) const;
+    // One image per ^XA...^XZ label in the text, for the first `maxLabels`
+    // (at most kMaxLabels) and as far as kMaxPixels reach; the result's cuts
+    // say when the bounds left labels out.
+    LabelRenderResult render(const QString& zpl, int maxLabels = kMaxLabels) const;
 
 private:
     int m_dotsPerMm;

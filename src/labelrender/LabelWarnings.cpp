@@ -89,7 +89,8 @@ QStringList LabelWarnings::check(const QString& zplTemplate, const Product* prod
         if (!zplTemplate.contains(it.key()))
             continue;
         const QString value =
-            product ? service.generateZPL(*product, it.key()) : service.previewZPL(it.key());
+            (product ? service.generateZPL(*product, it.key()) : service.previewZPL(it.key()))
+                .value_or(QString());
         const QString where =
             (product ? u"het veld %1"_s : u"de voorbeeldwaarde %1"_s).arg(it.value());
         if (!utf8 && !isAscii(value))
@@ -102,7 +103,8 @@ QStringList LabelWarnings::check(const QString& zplTemplate, const Product* prod
 
     // The sample barcode is a made-up number whose check digit is not right;
     // only its digits and length say something about the template.
-    const QString sampleBarcode = product ? QString() : service.previewZPL(u"{{BARCODE}}"_s);
+    const QString sampleBarcode =
+        product ? QString() : service.previewZPL(u"{{BARCODE}}"_s).value_or(QString());
     for (const RenderedLabel& label : rendering.labels) {
         for (const RenderedField& field : label.fields) {
             if (field.command == u"^BE" || field.command == u"^B8" || field.command == u"^BU") {

@@ -23,14 +23,32 @@ struct Fill
     QString barcode;
 };
 
-// The order matters: each step works on the result of the previous one.
-QString applyFill(QString text, const Fill& fill)
+// Replaces in place unless the result would pass the bound. UTF-8 never
+// takes fewer bytes than UTF-16 has units, so the length in units is an
+// early, cheap test.
+bool replaceWithin(QString& text, QLatin1StringView placeholder, const QString& value)
 {
-    text.replace(kArticleNumber, fill.articleNumber);
-    text.replace(kName, fill.name);
-    text.replace(kPrice, fill.price);
-    text.replace(kDescription, fill.description);
-    text.replace(kBarcode, fill.barcode);
+    const qsizetype count = text.count(placeholder);
+    if (count == 0)
+        return true;
+    const qsizetype grown = text.size() + count * (value.size() - placeholder.size());
+    if (grown > ZPLService::kMaxLabelBytes)
+        return false;
+    text.replace(placeholder, value);
+    return true;
+}
+
+// The order matters: each step works on the result of the previous one.
+std::optional<QString> applyFill(QString text, const Fill& fill)
+{
+    const bool within = replaceWithin(text, kArticleNumber, fill.articleNumber) &&
+                        replaceWithin(text, kName, fill.name) &&
+                        replaceWithin(text, kPrice, fill.price) &&
+                        replaceWithin(text, kDescription, fill.description) &&
+                        replaceWithin(text, kBarcode, fill.barcode);
+    if (!within || text.size() > ZPLService::kMaxLabelBytes ||
+        text.toUtf8().size() > ZPLService::kMaxLabelBytes)
+        return std::nullopt;
     return text;
 }
 
@@ -58,7 +76,13 @@ const QMap<QString, QString>& ZPLService::placeholders()
     return table;
 }
 
-QString ZPLService::generateZPL(const Product& product, const QString& zplTemplate) const
+QString ZPLService::labelTooLargeMessage()
+{
+    return u"Etiket is groter dan 1 MiB: controleer de productgegevens"_s;
+}
+
+std::optional<QString> ZPLService::generateZPL(const Product& product,
+                                               const QString& zplTemplate) const
 {
     const Fill fill{
         product.sku(),
@@ -90,7 +114,7 @@ ZPLService::Validation ZPLService::validateTemplate(const QString& zplTemplate) 
     return validation;
 }
 
-QString ZPLService::previewZPL(const QString& zplTemplate) const
+std::optional<QString> ZPLService::previewZPL(const QString& zplTemplate) const
 {
     static const Fill sample{
         u"TEST-001"_s,      u"Voorbeeld Product"_s, u"19,99"_s, u"Voorbeeld omschrijving"_s,

@@ -127,10 +127,14 @@ QCoro::Task<> ProductListViewModel::printLabel(Product product)
         co_return;
     }
 
-    const QString zpl = m_zplService.generateZPL(product, labelTemplate->zplContent);
+    const std::optional<QString> zpl = m_zplService.generateZPL(product, labelTemplate->zplContent);
+    if (!zpl) {
+        setErrorMessage(ZPLService::labelTooLargeMessage());
+        co_return;
+    }
     QPointer<ProductListViewModel> self(this);
     const std::optional<PrinterError> error =
-        co_await m_printerService.sendZPL(zpl, printer->ipAddress, printer->port);
+        co_await m_printerService.sendZPL(*zpl, printer->ipAddress, printer->port);
     if (!self)
         co_return;
     if (error) {

@@ -21,6 +21,7 @@ namespace {
 constexpr int kIconSize = 12;
 // The renderer's own remark when ^PW or ^LL is missing; the size line says it.
 constexpr QStringView kUnknownSizeNote = u"Etiketgrootte onbekend";
+constexpr qsizetype kMaxWarningRows = 20;
 
 QString millimetres(int dots, int dotsPerMm)
 {
@@ -82,7 +83,10 @@ LabelPreviewView::LabelPreviewView(QWidget* parent)
 void LabelPreviewView::showPreview(const LabelPreview& preview)
 {
     const QList<RenderedLabel>& labels = preview.rendering.labels;
-    if (labels.isEmpty()) {
+    if (!preview.failure.isEmpty()) {
+        m_picture->setImage({});
+        m_size->setText(preview.failure);
+    } else if (labels.isEmpty()) {
         m_picture->setImage({});
         m_size->setText(u"Geen etiket: de ZPL bevat geen ^XA ... ^XZ."_s);
     } else {
@@ -123,7 +127,8 @@ QStringList LabelPreviewView::warningsOf(const LabelPreview& preview)
         if (!note.startsWith(kUnknownSizeNote))
             warnings.append(note);
     }
-    if (const qsizetype count = preview.rendering.labels.size(); count > 1)
+    warnings += preview.rendering.cuts;
+    if (const qsizetype count = preview.rendering.labelCount; count > 1)
         warnings.append(u"De ZPL bevat %1 etiketten; het voorbeeld toont het eerste."_s.arg(count));
     return warnings;
 }
@@ -137,8 +142,12 @@ void LabelPreviewView::showWarnings(const QStringList& warnings)
         delete item->widget();
         delete item;
     }
-    for (const QString& warning : warnings)
+    // Hostile product values can raise thousands; a screenful says enough.
+    for (const QString& warning : warnings.first(qMin(warnings.size(), kMaxWarningRows)))
         m_warningRows->addWidget(warningRow(warning));
+    if (warnings.size() > kMaxWarningRows)
+        m_warningRows->addWidget(
+            warningRow(u"en %1 meer"_s.arg(warnings.size() - kMaxWarningRows)));
     m_warningsBox->setVisible(!warnings.isEmpty());
 }
 

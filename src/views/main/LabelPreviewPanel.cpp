@@ -85,7 +85,8 @@ void LabelPreviewPanel::refresh()
     m_subtitle->setText(u"%1 · %2"_s.arg(product->sku(), labelTemplate->name));
     if (!m_renderer)
         m_renderer.emplace();
-    m_preview->showPreview(LabelPreview::make(*m_renderer, labelTemplate->zplContent, &*product));
+    m_preview->showPreview(
+        LabelPreview::make(*m_renderer, labelTemplate->zplContent, &*product, 1));
     m_scroll->show();
 }
 

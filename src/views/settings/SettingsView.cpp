@@ -236,10 +236,16 @@ void SettingsView::testPrintTemplate(qsizetype index)
         emit templateTestChanged();
         return;
     }
+    const std::optional<QString> zpl = m_zplService.previewZPL(labelTemplate.zplContent);
+    if (!zpl) {
+        m_templateTestResult = u"Fout: "_s + ZPLService::labelTooLargeMessage();
+        emit templateTestChanged();
+        return;
+    }
     m_isTemplateTesting = true;
     m_templateTestResult.reset();
     emit templateTestChanged();
-    runTemplateTest(m_zplService.previewZPL(labelTemplate.zplContent), *printer);
+    runTemplateTest(*zpl, *printer);
 }
 
 QCoro::Task<> SettingsView::runTemplateTest(QString zpl, Printer printer)

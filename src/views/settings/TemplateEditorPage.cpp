@@ -198,7 +198,7 @@ void TemplateEditorPage::refreshPreview()
     // The sample values fill the text, as previewZPL does.
     m_previewTimer.stop();
     m_previewedZPL = m_zplText;
-    m_preview->showPreview(LabelPreview::make(m_renderer, m_previewedZPL));
+    m_preview->showPreview(LabelPreview::make(m_renderer, m_previewedZPL, nullptr, 1));
 }
 
 bool TemplateEditorPage::isDeleteShown() const

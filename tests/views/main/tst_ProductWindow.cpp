@@ -446,7 +446,10 @@ void ProductWindowTest::labelPreviewFollowsSelectionTemplateAndEdits()
     // The label exactly as printing fills and the printer draws it.
     const auto printed = [this](const Product& product) {
         const QString zpl = m_settings->selectedTemplate()->zplContent;
-        return LabelRenderer().render(ZPLService().generateZPL(product, zpl)).labels.at(0).image;
+        return LabelRenderer()
+            .render(ZPLService().generateZPL(product, zpl).value())
+            .labels.at(0)
+            .image;
     };
     const QImage& shown = panel->preview()->picture()->image();
     QTest::mouseClick(table()->viewport(), Qt::LeftButton, {},

@@ -424,8 +424,10 @@ void SettingsEditorsTest::previewFollowsTheText()
     page->zplEditor()->clear();
     page->zplEditor()->insertPlainText(typed);
     // Drawn with the sample values, once the typing paused.
-    const QImage expected =
-        LabelRenderer().render(harness.view().zplService().previewZPL(typed)).labels.at(0).image;
+    const QImage expected = LabelRenderer()
+                                .render(harness.view().zplService().previewZPL(typed).value())
+                                .labels.at(0)
+                                .image;
     QTRY_COMPARE(picture->image(), expected);
     QCOMPARE(preview->sizeText(), size);
     QCOMPARE(preview->warnings().size(), warning.isEmpty() ? 0 : 1);
