@@ -36,12 +36,42 @@ QUrl webURL(const QString& text)
     return url;
 }
 
+bool isLoopbackHost(const QString& host)
+{
+    return host == u"127.0.0.1" || host == u"::1" || host == u"localhost";
+}
+
+// What the user downloads and installs must not be open to change on the way:
+// https only, plain http just for a feed served on this machine.
+struct DownloadLink
+{
+    QUrl url;
+    bool isRefusedAsPlain = false;
+
+    DownloadLink() = default;
+    explicit DownloadLink(const QString& text)
+    {
+        const QUrl web = webURL(text);
+        if (web.scheme().toLower() == u"https" || (web.isValid() && isLoopbackHost(web.host())))
+            url = web;
+        else
+            isRefusedAsPlain = web.isValid();
+    }
+};
+
+struct ReadItem
+{
+    AppcastItem item;
+    // Left without a download only because its links were plain http.
+    bool isRefusedAsPlain = false;
+};
+
 // Older feeds carry the versions as attributes of the enclosure; the
 // elements of the item win when both are present.
-void readEnclosure(const QXmlStreamReader& xml, AppcastItem& item, QUrl& enclosureURL)
+void readEnclosure(const QXmlStreamReader& xml, AppcastItem& item, DownloadLink& enclosure)
 {
     const QXmlStreamAttributes attributes = xml.attributes();
-    enclosureURL = webURL(attributes.value(u"url"_s).toString());
+    enclosure = DownloadLink(attributes.value(u"url"_s).toString());
     if (item.version.isEmpty())
         item.version = attributes.value(kSparkleNamespace, u"version"_s).trimmed().toString();
     if (item.shortVersionString.isEmpty()) {
@@ -50,11 +80,11 @@ void readEnclosure(const QXmlStreamReader& xml, AppcastItem& item, QUrl& enclosu
     }
 }
 
-AppcastItem readItem(QXmlStreamReader& xml)
+ReadItem readItem(QXmlStreamReader& xml)
 {
     AppcastItem item;
-    QUrl enclosureURL;
-    QUrl link;
+    DownloadLink enclosure;
+    DownloadLink link;
     while (xml.readNextStartElement()) {
         if (isSparkle(xml, u"version")) {
             item.version = elementText(xml);
@@ -63,32 +93,40 @@ AppcastItem readItem(QXmlStreamReader& xml)
         } else if (isSparkle(xml, u"releaseNotesLink")) {
             item.releaseNotesURL = webURL(elementText(xml));
         } else if (isPlain(xml, u"enclosure")) {
-            readEnclosure(xml, item, enclosureURL);
+            readEnclosure(xml, item, enclosure);
             xml.skipCurrentElement();
         } else if (isPlain(xml, u"title")) {
             item.title = elementText(xml);
         } else if (isPlain(xml, u"link")) {
-            link = webURL(elementText(xml));
+            link = DownloadLink(elementText(xml));
         } else {
             xml.skipCurrentElement();
         }
     }
     // An item without a file still points somewhere people can download it.
-    item.downloadURL = enclosureURL.isValid() ? enclosureURL : link;
-    return item;
+    item.downloadURL = enclosure.url.isValid() ? enclosure.url : link.url;
+    const bool isRefusedAsPlain =
+        !item.downloadURL.isValid() && (enclosure.isRefusedAsPlain || link.isRefusedAsPlain);
+    return {item, isRefusedAsPlain};
 }
 
-void readChannel(QXmlStreamReader& xml, QList<AppcastItem>& items)
+// Returns whether an item with a version was left out only for plain http.
+bool readChannel(QXmlStreamReader& xml, QList<AppcastItem>& items)
 {
+    bool refusedPlain = false;
     while (xml.readNextStartElement()) {
         if (!isPlain(xml, u"item")) {
             xml.skipCurrentElement();
             continue;
         }
-        AppcastItem item = readItem(xml);
-        if (!item.version.isEmpty() && item.downloadURL.isValid())
-            items.append(item);
+        const ReadItem entry = readItem(xml);
+        if (entry.item.version.isEmpty())
+            continue;
+        if (entry.item.downloadURL.isValid())
+            items.append(entry.item);
+        refusedPlain = refusedPlain || entry.isRefusedAsPlain;
     }
+    return refusedPlain;
 }
 
 } // namespace
@@ -103,14 +141,17 @@ Expected<QList<AppcastItem>, QString> AppcastReader::read(const QByteArray& feed
     }
 
     QList<AppcastItem> items;
+    bool refusedPlain = false;
     while (xml.readNextStartElement()) {
         if (isPlain(xml, u"channel"))
-            readChannel(xml, items);
+            refusedPlain = readChannel(xml, items) || refusedPlain;
         else
             xml.skipCurrentElement();
     }
     if (xml.hasError())
         return u"De updatefeed is geen geldige XML: "_s + xml.errorString();
+    if (items.isEmpty() && refusedPlain)
+        return u"De updatefeed biedt geen enkele versie via https aan."_s;
     if (items.isEmpty())
         return u"De updatefeed noemt geen enkele versie."_s;
     return items;

@@ -16,8 +16,9 @@ public:
     AppcastReader() = delete;
 
     // Every usable item in feed order; an item without a version or without an
-    // http(s) download is left out. Fails on broken XML, on a document that is
-    // not RSS and when no usable item remains. Errors are Dutch user texts.
+    // https download is left out (plain http only from 127.0.0.1, ::1 or
+    // localhost). Fails on broken XML, on a document that is not RSS and when
+    // no usable item remains. Errors are Dutch user texts.
     static Expected<QList<AppcastItem>, QString> read(const QByteArray& feed);
 
     // The item with the highest version; the first of equal ones.

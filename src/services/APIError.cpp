@@ -2,6 +2,21 @@
 
 using namespace Qt::StringLiterals;
 
+namespace {
+
+QString shown(const QString& payload)
+{
+    if (payload.size() <= APIError::kMaxShownPayload)
+        return payload;
+    qsizetype end = APIError::kMaxShownPayload;
+    // Never half a character: a surrogate pair stays whole or goes whole.
+    if (payload.at(end - 1).isHighSurrogate())
+        --end;
+    return payload.left(end) + u'\u2026';
+}
+
+} // namespace
+
 APIError APIError::networkError(const QString& underlyingDescription)
 {
     return {Kind::networkError, underlyingDescription};
@@ -31,9 +46,9 @@ QString APIError::errorDescription() const
 {
     switch (m_kind) {
     case Kind::networkError:
-        return u"Netwerkfout: "_s + m_payload;
+        return u"Netwerkfout: "_s + shown(m_payload);
     case Kind::serverError:
-        return u"Serverfout: "_s + m_payload;
+        return u"Serverfout: "_s + shown(m_payload);
     case Kind::invalidURL:
         return u"Ongeldige API URL"_s;
     case Kind::noAPIKey:

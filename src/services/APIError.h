@@ -6,6 +6,9 @@
 class APIError
 {
 public:
+    // A service may send any amount of text; the alert shows its start.
+    static constexpr qsizetype kMaxShownPayload = 500;
+
     enum class Kind
     {
         networkError,
@@ -22,7 +25,9 @@ public:
     static APIError invalidResponse();
 
     Kind kind() const { return m_kind; }
+    // The whole text, as received.
     const QString& payload() const { return m_payload; }
+    // For the user: a payload longer than kMaxShownPayload is cut and ends in "…".
     QString errorDescription() const;
 
     friend bool operator==(const APIError&, const APIError&) = default;

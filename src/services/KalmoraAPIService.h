@@ -22,8 +22,9 @@ class KalmoraAPIService : public QObject
 
 public:
     static constexpr std::chrono::milliseconds kDefaultTimeout{60'000};
-    // Larger bodies end as invalidResponse instead of eating memory.
-    static constexpr qint64 kMaxBodyBytes = 64 * 1024 * 1024;
+    // Larger bodies end as invalidResponse instead of eating memory: 16 KB for
+    // each of the 1,000 products a page asks for.
+    static constexpr qint64 kMaxBodyBytes = 16 * 1024 * 1024;
 
     explicit KalmoraAPIService(QString baseURL, std::chrono::milliseconds timeout = kDefaultTimeout,
                                QObject* parent = nullptr);

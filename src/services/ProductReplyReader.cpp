@@ -132,6 +132,11 @@ ProductReplyReader::Result ProductReplyReader::classify() const
         return APIError::networkError(
             u"De verbinding werd verbroken voordat het antwoord compleet was"_s);
 
+    // The read guard normally stops it earlier; whatever way the bytes came,
+    // more than the cap is never decoded.
+    if (m_body.size() > m_maxBodyBytes)
+        return APIError::invalidResponse();
+
     QString decodingError;
     std::optional<ProductAPIResponse> response = ProductAPIResponse::decode(m_body, &decodingError);
     if (!response) {

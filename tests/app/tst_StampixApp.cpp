@@ -33,11 +33,12 @@ QByteArray feed(const QByteArray& items)
            items + "</channel></rss>";
 }
 
-QByteArray item(const QByteArray& build, const QByteArray& shortVersion = {})
+QByteArray item(const QByteArray& build, const QByteArray& shortVersion = {}, QByteArray url = {})
 {
+    if (url.isEmpty())
+        url = "https://s.example/" + build + ".zip";
     return "<item><sparkle:version>" + build + "</sparkle:version><sparkle:shortVersionString>" +
-           shortVersion + "</sparkle:shortVersionString><enclosure url=\"https://s.example/" +
-           build + ".zip\"/></item>";
+           shortVersion + "</sparkle:shortVersionString><enclosure url=\"" + url + "\"/></item>";
 }
 
 // The texts of the message box shown while `run` runs; the box is closed at once.
@@ -245,6 +246,25 @@ void StampixAppTest::readsTheNewestUsableItem_data()
                    <item><sparkle:version>7</sparkle:version><link>https://s.example/get</link></item>)")
         << u"7 7 https://s.example/get"_s;
     QTest::newRow("no items") << feed({}) << u"De updatefeed noemt geen enkele versie."_s;
+    // Downloads come over https; plain http only from this machine.
+    QTest::newRow("plain http skipped")
+        << feed(item("9", "1.9", "http://s.example/9.zip") + item("3", "1.3"))
+        << u"3 1.3 https://s.example/3.zip"_s;
+    QTest::newRow("https link behind a plain enclosure")
+        << feed(
+               R"(<item><sparkle:version>5</sparkle:version><enclosure url="http://s.example/5.zip"/><link>https://s.example/5</link></item>)")
+        << u"5 5 https://s.example/5"_s;
+    QTest::newRow("only plain http") << feed(item("9", {}, "http://s.example/9.zip") +
+                                             item("8", {}, "HTTP://localhost.s.example/"))
+                                     << u"De updatefeed biedt geen enkele versie via https aan."_s;
+    QTest::newRow("no host") << feed(item("9", {}, "https:///9.zip"))
+                             << u"De updatefeed noemt geen enkele versie."_s;
+    for (const char* loopback :
+         {"http://127.0.0.1:8080/9.zip", "http://[::1]:8080/9.zip", "http://LocalHost/9.zip"}) {
+        const QUrl url(QString::fromLatin1(loopback));
+        QTest::addRow("loopback %s", loopback)
+            << feed(item("9", {}, loopback)) << u"9 9 "_s + url.toString();
+    }
 }
 
 void StampixAppTest::readsTheNewestUsableItem()

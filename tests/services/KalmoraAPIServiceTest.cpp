@@ -5,6 +5,8 @@
 #include "StdoutCapture.h"
 
 #include <QNetworkProxy>
+#include <QSslKey>
+#include <QSslSocket>
 #include <QtTest>
 
 using namespace Qt::StringLiterals;
@@ -30,6 +32,16 @@ QString describe(const Result& result)
     return result ? u"%1 products"_s.arg(result.value().size()) : result.error().errorDescription();
 }
 
+// The body cap: 16 KB for each of the 1,000 products of a page.
+constexpr qint64 kBodyCap = 16 * 1024 * 1024;
+
+// A decodable envelope of exactly `size` bytes.
+QByteArray envelopeOfSize(qint64 size)
+{
+    QByteArray body = R"({"data":[{"ID":1}],"pad":")";
+    return body + QByteArray(size - body.size() - 2, 'x') + "\"}";
+}
+
 } // namespace
 
 class KalmoraAPIServiceTest : public QObject
@@ -44,6 +56,9 @@ private slots:
     void outcomes();
     void closingEndsAFetchStillOut_data();
     void closingEndsAFetchStillOut();
+    void untrustedCertificateIsRefused();
+    void longTextsAreCutForTheAlert_data();
+    void longTextsAreCutForTheAlert();
 };
 
 void KalmoraAPIServiceTest::sendsTheAgreedRequest()
@@ -146,12 +161,19 @@ void KalmoraAPIServiceTest::outcomes_data()
         response.mode = row.mode;
         response.trickleInterval = 30ms;
         response.declaredLength = 4096;
-        response.streamLength = KalmoraAPIService::kMaxBodyBytes * 2;
+        response.streamLength = kBodyCap + 1;
         QTest::newRow(row.name) << response << row.timeoutMs << QString::fromUtf8(row.expected);
     }
+    QTest::newRow("16 MiB") << Response::json(envelopeOfSize(kBodyCap)) << 20000 << u"1 products"_s;
+    QTest::newRow("16 MiB and a byte") << Response::json(envelopeOfSize(kBodyCap + 1)) << 20000
+                                       << u"Ongeldige respons van server"_s;
+    const QString longError = u"0123456789"_s.repeated(1000);
+    QTest::newRow("long error text")
+        << Response::json(R"({"error":")" + longError.toUtf8() + R"("})") << 5000
+        << u"Serverfout: "_s + longError.left(500) + u'\u2026';
 }
 
-// Only an undecodable 200 body writes its one decoding line.
+// Only an undecodable 200 body writes its one decoding line, and nothing else is printed.
 void KalmoraAPIServiceTest::outcomes()
 {
     QFETCH(Response, response);
@@ -179,9 +201,18 @@ void KalmoraAPIServiceTest::outcomes()
     for (const Request& request : server.requests())
         QCOMPARE(request.path == "/moved",
                  text == u"2 products"_s && &request != &server.requests()[0]);
-    const bool decoded = response.mode == Response::Mode::normal && response.status == 200;
-    QCOMPARE(printed.count(u"Decoding error: "_s),
-             decoded && text == u"Ongeldige respons van server"_s ? 1 : 0);
+    const bool decoded = response.mode == Response::Mode::normal && response.status == 200 &&
+                         response.body.size() <= kBodyCap;
+    const bool logged = decoded && text == u"Ongeldige respons van server"_s;
+    // QtTest's own messages land in the capture too; only the program's lines
+    // count, and a service's error text is never among them.
+    QStringList lines = printed.split(u'\n', Qt::SkipEmptyParts);
+    lines.removeIf([](const QString& line) {
+        static const QRegularExpression testLog(u"^Q[A-Z]+ *: "_s);
+        return testLog.match(line).hasMatch();
+    });
+    QCOMPARE(lines.size(), logged ? 1 : 0);
+    QVERIFY(!logged || lines.first().startsWith(u"Decoding error: "_s));
 }
 
 void KalmoraAPIServiceTest::closingEndsAFetchStillOut_data()
@@ -212,6 +243,57 @@ void KalmoraAPIServiceTest::closingEndsAFetchStillOut()
     service.reset();
     QTRY_VERIFY(result.has_value());
     QCOMPARE(describe(*result), u"Netwerkfout: De productdienst is afgesloten"_s);
+}
+
+void KalmoraAPIServiceTest::untrustedCertificateIsRefused()
+{
+    if (!QSslSocket::supportsSsl())
+        QSKIP("No TLS backend available");
+    QFile certificateFile(QStringLiteral(STAMPIX_TEST_DATA_DIR "/untrusted-selfsigned-test.crt"));
+    QFile keyFile(QStringLiteral(STAMPIX_TEST_DATA_DIR "/untrusted-selfsigned-test.key"));
+    QVERIFY(certificateFile.open(QIODevice::ReadOnly));
+    QVERIFY(keyFile.open(QIODevice::ReadOnly));
+    const QSslCertificate certificate(&certificateFile, QSsl::Pem);
+    const QSslKey key(&keyFile, QSsl::Ec, QSsl::Pem);
+    QVERIFY(!certificate.isNull());
+    QVERIFY(!key.isNull());
+
+    LoopbackHttpServer server;
+    QVERIFY(server.listenTls(certificate, key));
+    server.setHandler([](const Request&) { return Response::json(kTwoProducts); });
+    KalmoraAPIService service(server.baseUrl(), 5s);
+
+    const Result result = fetch(service);
+    const QString text = describe(result);
+    QVERIFY2(!result && result.error().kind() == APIError::Kind::networkError, qPrintable(text));
+    // The transport's own reason follows, whatever words it uses.
+    QVERIFY2(text.startsWith(u"Netwerkfout: "_s) && text.size() > 13, qPrintable(text));
+    QVERIFY(server.connectionCount() >= 1); // the handshake was tried...
+    QVERIFY(server.requests().isEmpty());   // ...and no request, no key, went over it
+}
+
+void KalmoraAPIServiceTest::longTextsAreCutForTheAlert_data()
+{
+    QTest::addColumn<QString>("payload");
+    QTest::addColumn<QString>("shown");
+    const QString fits = u"\u00e9"_s + QString(499, u'a');
+    QTest::newRow("empty") << QString() << QString();
+    QTest::newRow("500 characters") << fits << fits;
+    QTest::newRow("501 characters") << fits + u'b' << fits + u'\u2026';
+    // The pair at 500 and 501 would be split: it goes whole.
+    const QString pair = QString(499, u'a') + u"\U0001F600b"_s;
+    QTest::newRow("surrogate pair at the cut") << pair << QString(499, u'a') + u'\u2026';
+}
+
+// The whole text stays in the error; only what the alert shows is cut.
+void KalmoraAPIServiceTest::longTextsAreCutForTheAlert()
+{
+    QFETCH(QString, payload);
+    QFETCH(QString, shown);
+    const APIError server = APIError::serverError(payload);
+    QCOMPARE(server.errorDescription(), u"Serverfout: "_s + shown);
+    QCOMPARE(server.payload(), payload);
+    QCOMPARE(APIError::networkError(payload).errorDescription(), u"Netwerkfout: "_s + shown);
 }
 
 QTEST_GUILESS_MAIN(KalmoraAPIServiceTest)
