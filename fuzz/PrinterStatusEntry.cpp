@@ -1,6 +1,95 @@
+#include "FuzzCheck.h"
 #include "FuzzEntries.h"
+#include "services/PrinterStatus.h"
 
-int stampixfuzz::printerStatus(const std::uint8_t*, std::size_t)
+#include <algorithm>
+
+using namespace Qt::StringLiterals;
+
+// The input is the byte stream a printer sends after "~HS". It is fed the way
+// the query reads it, whole, in two reads (split where the first byte points)
+// and byte by byte; all three must end the same way.
+namespace {
+
+const QStringList kProblems{u"Papier op"_s, u"Gepauzeerd"_s,           u"Kop open"_s,
+                            u"Lint op"_s,   u"Ontvangstbuffer vol"_s,  u"Te warm"_s,
+                            u"Te koud"_s,   u"Configuratie verloren"_s};
+
+// Everything a status holds, so two outcomes compare as text.
+QString describe(const std::optional<PrinterStatus>& status)
 {
+    if (!status)
+        return u"need more"_s;
+    const PrinterStatus& s = *status;
+    const int values[] = {
+        s.paperOut,        s.paused,          s.headUp,           s.ribbonOut,
+        s.bufferFull,      s.overTemperature, s.underTemperature, s.configurationLost,
+        s.thermalTransfer, s.printMode,       s.labelLengthDots,  s.formatsInBuffer,
+        s.labelsRemaining};
+    QString text = s.failure();
+    for (int value : values)
+        text += u',' + QString::number(value);
+    return text;
+}
+
+// A first read of `firstRead` bytes, then reads of `piece` bytes, stopping at the first outcome as
+// the query does.
+std::optional<PrinterStatus> feed(const QByteArray& stream, qsizetype firstRead, qsizetype piece)
+{
+    QByteArray received;
+    for (qsizetype at = 0; at < stream.size();) {
+        const qsizetype size = at == 0 ? firstRead : piece;
+        received.append(stream.mid(at, size));
+        at += size;
+        if (std::optional<PrinterStatus> status = PrinterStatus::fromReceived(received))
+            return status;
+    }
+    return std::nullopt;
+}
+
+bool isKnownSummary(const PrinterStatus& status)
+{
+    const QString summary = status.summary();
+    if (!status.failure().isEmpty())
+        return summary == u"Onbekend antwoord van de printer"_s;
+    if (summary == u"Gereed"_s)
+        return true;
+    if (summary == u"Gereed, formaten in de buffer: %1"_s.arg(status.formatsInBuffer))
+        return status.formatsInBuffer > 0;
+    const QStringList parts = summary.split(u", "_s);
+    return std::all_of(parts.cbegin(), parts.cend(),
+                       [](const QString& part) { return kProblems.contains(part); });
+}
+
+} // namespace
+
+int stampixfuzz::printerStatus(const std::uint8_t* data, std::size_t size)
+{
+    const QByteArray stream = toBytes(data, size);
+    const qsizetype bound = PrinterStatus::kMaxAnswerBytes;
+    const std::optional<PrinterStatus> whole = PrinterStatus::fromReceived(stream);
+    const QString outcome = describe(whole);
+
+    const qsizetype split = stream.isEmpty() ? 0 : qsizetype(data[0]) * stream.size() / 256 + 1;
+    check(describe(feed(stream, split, stream.size())) == outcome, "two reads end as one does",
+          u"split at %1: %2"_s.arg(split).arg(outcome));
+    check(describe(feed(stream, 1, 1)) == outcome, "byte by byte ends as one read does", outcome);
+
+    const bool wholeInBound =
+        PrinterStatus::isWholeAnswer(stream.first(std::min(stream.size(), bound)));
+    if (!whole) {
+        check(stream.size() <= bound && !wholeInBound,
+              "the query waits only while a whole answer may still come within the bound");
+        return 0;
+    }
+    check(isKnownSummary(*whole), "a summary holds only known texts", whole->summary());
+    if (!whole->failure().isEmpty()) {
+        check(wholeInBound || stream.size() > bound,
+              "a failure comes from a whole answer or from too many bytes", outcome);
+        return 0;
+    }
+    check(wholeInBound, "a status comes from three strings within the bound", outcome);
+    check(whole->isReady() == whole->summary().startsWith(u"Gereed"_s),
+          "ready exactly when the summary says so", whole->summary());
     return 0;
 }

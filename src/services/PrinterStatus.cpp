@@ -106,6 +106,28 @@ bool PrinterStatus::isWholeAnswer(QByteArrayView received)
     return received.count(kEnd) >= kStrings;
 }
 
+std::optional<PrinterStatus> PrinterStatus::fromReceived(QByteArrayView received)
+{
+    // Where the third string ends, looked for in the bytes an answer may have.
+    const QByteArrayView window = received.first(std::min(received.size(), kMaxAnswerBytes));
+    qsizetype end = 0;
+    for (int found = 0; found < kStrings && end >= 0; ++found) {
+        end = window.indexOf(kEnd, end);
+        if (end >= 0)
+            end += kEnd.size();
+    }
+    if (end >= 0)
+        return fromAnswer(window.first(end)).value_or(unknownAnswer());
+    if (received.size() > kMaxAnswerBytes)
+        return unknownAnswer();
+    return std::nullopt;
+}
+
+PrinterStatus PrinterStatus::unknownAnswer()
+{
+    return failed(u"Onbekend antwoord van de printer"_s);
+}
+
 QStringList PrinterStatus::problems() const
 {
     if (!m_failure.isEmpty())

@@ -21,6 +21,15 @@ public:
     static PrinterStatus failed(QString text);
     // Whether `received` holds all three strings (well-formed or not).
     static bool isWholeAnswer(QByteArrayView received);
+    // How a query stands once `received` (all bytes so far) has arrived:
+    // nothing while the answer is still coming; the status once its three
+    // strings are in; unknownAnswer() when they make no answer or when more
+    // than kMaxAnswerBytes came without them. Bytes after the third string
+    // are never looked at, so the outcome does not depend on how the bytes
+    // were split into reads.
+    static std::optional<PrinterStatus> fromReceived(QByteArrayView received);
+    // The failure of a garbled, oversized or cut-short answer.
+    static PrinterStatus unknownAnswer();
 
     bool paperOut = false;
     bool paused = false;

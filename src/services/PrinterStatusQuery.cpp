@@ -6,15 +6,6 @@
 
 using namespace Qt::StringLiterals;
 
-namespace {
-
-PrinterStatus unknownAnswer()
-{
-    return PrinterStatus::failed(u"Onbekend antwoord van de printer"_s);
-}
-
-} // namespace
-
 PrinterStatusQuery::PrinterStatusQuery(std::chrono::milliseconds connectTimeout,
                                        std::chrono::milliseconds answerDeadline, QObject* parent)
     : QObject(parent), m_answerDeadline(answerDeadline)
@@ -44,13 +35,10 @@ void PrinterStatusQuery::onConnected()
 
 void PrinterStatusQuery::onReadyRead()
 {
-    m_answer.append(m_socket.readAll());
-    if (m_answer.size() > PrinterStatus::kMaxAnswerBytes) {
-        finish(unknownAnswer());
-    } else if (PrinterStatus::isWholeAnswer(m_answer)) {
-        const std::optional<PrinterStatus> status = PrinterStatus::fromAnswer(m_answer);
-        finish(status ? *status : unknownAnswer());
-    }
+    // One byte past the bound is enough to know the answer is too long.
+    m_answer.append(m_socket.read(PrinterStatus::kMaxAnswerBytes + 1 - m_answer.size()));
+    if (std::optional<PrinterStatus> status = PrinterStatus::fromReceived(m_answer))
+        finish(*std::move(status));
 }
 
 void PrinterStatusQuery::onTimeout()
@@ -60,7 +48,7 @@ void PrinterStatusQuery::onTimeout()
         finish(PrinterStatus::failed(
             u"Geen antwoord op de statusvraag: papier of lint op, kop open of te warm?"_s));
     else
-        finish(m_connected ? unknownAnswer()
+        finish(m_connected ? PrinterStatus::unknownAnswer()
                            : PrinterStatus::failed(PrinterError::timeout().errorDescription()));
 }
 
@@ -69,7 +57,7 @@ void PrinterStatusQuery::onError(QAbstractSocket::SocketError)
     // After connecting, any end before the whole answer is an answer cut short.
     if (m_connected) {
         onReadyRead();
-        finish(unknownAnswer()); // does nothing when the answer was whole
+        finish(PrinterStatus::unknownAnswer()); // does nothing when the answer was whole
     } else
         finish(PrinterStatus::failed(
             PrinterError::connectionFailed(m_socket.errorString()).errorDescription()));

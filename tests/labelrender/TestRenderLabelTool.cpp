@@ -40,36 +40,47 @@ void TestRenderLabelTool::run_data()
     QTest::addColumn<QByteArray>("input");      // standard input
     QTest::addColumn<QString>("message");       // part of standard error
     QTest::addColumn<QList<QSize>>("pictures"); // out.png, out-2.png, ...; none: a failure
+    QTest::addColumn<QByteArray>("earlier");    // already at the -o path; empty: nothing
 
-    QTest::newRow("sample values") << QStringList{u"--sample"_s, u"label.zpl"_s, u"-o"_s, u"OUT"_s}
-                                   << QByteArray() << u"^PQ"_s << QList<QSize>{{400, 200}};
+    QTest::newRow("sample values")
+        << QStringList{u"--sample"_s, u"label.zpl"_s, u"-o"_s, u"OUT"_s} << QByteArray() << u"^PQ"_s
+        << QList<QSize>{{400, 200}} << QByteArray();
     QTest::newRow("standard input, size unknown")
         << QStringList{u"--dpmm"_s, u"12"_s, u"-"_s, u"-o"_s, u"OUT"_s}
-        << QByteArray("^XA^FO0,0^GB10,10,1^FS^XZ") << u"onbekend"_s << QList<QSize>{{34, 34}};
+        << QByteArray("^XA^FO0,0^GB10,10,1^FS^XZ") << u"onbekend"_s << QList<QSize>{{34, 34}}
+        << QByteArray();
     QTest::newRow("product caret warned")
         << QStringList{u"--product"_s, u"product.json"_s, u"label.zpl"_s, u"-o"_s, u"OUT"_s}
-        << QByteArray() << u"^FH"_s << QList<QSize>{{400, 200}};
-    QTest::newRow("unreadable input") << QStringList{u"missing.zpl"_s, u"-o"_s, u"OUT"_s}
-                                      << QByteArray() << u"missing.zpl"_s << QList<QSize>();
+        << QByteArray() << u"^FH"_s << QList<QSize>{{400, 200}} << QByteArray();
+    QTest::newRow("unreadable input")
+        << QStringList{u"missing.zpl"_s, u"-o"_s, u"OUT"_s} << QByteArray() << u"missing.zpl"_s
+        << QList<QSize>() << QByteArray();
     QTest::newRow("output directory missing")
         << QStringList{u"label.zpl"_s, u"-o"_s, u"no/such/dir/out.png"_s} << QByteArray()
-        << u"no/such/dir/out.png"_s << QList<QSize>();
+        << u"no/such/dir/out.png"_s << QList<QSize>() << QByteArray();
     QTest::newRow("output is a directory")
         << QStringList{u"label.zpl"_s, u"-o"_s, u"out-is-a-dir.png"_s} << QByteArray()
-        << u"out-is-a-dir.png"_s << QList<QSize>();
+        << u"out-is-a-dir.png"_s << QList<QSize>() << QByteArray();
     QTest::newRow("two labels, two pictures")
         << QStringList{u"-"_s, u"-o"_s, u"OUT"_s} << QByteArray("^XA^PW80^LL40^XZ^XA^PW40^LL80^XZ")
-        << QString() << QList<QSize>{{80, 40}, {40, 80}};
+        << QString() << QList<QSize>{{80, 40}, {40, 80}} << QByteArray();
     QTest::newRow("second picture unwritable, first not kept")
         << QStringList{u"-"_s, u"-o"_s, u"out-2-is-a-dir.png"_s}
         << QByteArray("^XA^PW80^LL40^XZ^XA^PW40^LL80^XZ") << u"out-2-is-a-dir-2.png"_s
-        << QList<QSize>();
+        << QList<QSize>() << QByteArray();
+    QTest::newRow("second picture unwritable, earlier first kept")
+        << QStringList{u"-"_s, u"-o"_s, u"out-2-is-a-dir.png"_s}
+        << QByteArray("^XA^PW80^LL40^XZ^XA^PW40^LL80^XZ") << u"out-2-is-a-dir-2.png"_s
+        << QList<QSize>() << QByteArray("earlier picture");
+    QTest::newRow("earlier pictures replaced")
+        << QStringList{u"-"_s, u"-o"_s, u"OUT"_s} << QByteArray("^XA^PW80^LL40^XZ") << QString()
+        << QList<QSize>{{80, 40}} << QByteArray("earlier picture");
     QTest::newRow("unsupported resolution")
         << QStringList{u"--dpmm"_s, u"10"_s, u"label.zpl"_s, u"-o"_s, u"OUT"_s} << QByteArray()
-        << u"--dpmm"_s << QList<QSize>();
+        << u"--dpmm"_s << QList<QSize>() << QByteArray();
     QTest::newRow("product not JSON")
         << QStringList{u"--product"_s, u"broken.json"_s, u"label.zpl"_s, u"-o"_s, u"OUT"_s}
-        << QByteArray() << u"broken.json"_s << QList<QSize>();
+        << QByteArray() << u"broken.json"_s << QList<QSize>() << QByteArray();
 }
 
 void TestRenderLabelTool::run()
@@ -78,9 +89,14 @@ void TestRenderLabelTool::run()
     QFETCH(QByteArray, input);
     QFETCH(QString, message);
     QFETCH(QList<QSize>, pictures);
+    QFETCH(QByteArray, earlier);
 
     const QString out = m_dir->filePath(u"out.png"_s);
     arguments.replaceInStrings(QRegularExpression(u"^OUT$"_s), out);
+    QFile first(QDir(m_dir->path()).filePath(arguments.value(arguments.indexOf(u"-o"_s) + 1)));
+    if (!earlier.isEmpty())
+        QVERIFY(first.open(QIODevice::WriteOnly) && first.write(earlier) == earlier.size());
+    first.close();
     QProcess tool;
     tool.setWorkingDirectory(m_dir->path());
     tool.start(QStringLiteral(STAMPIX_RENDER_LABEL), arguments);
@@ -96,6 +112,12 @@ void TestRenderLabelTool::run()
     for (qsizetype i = 0; i < pictures.size(); ++i) {
         written << (i == 0 ? u"out.png"_s : u"out-%1.png"_s.arg(i + 1));
         QCOMPARE(QImage(m_dir->filePath(written.last())).size(), pictures.at(i));
+    }
+    // An earlier output survives a failure byte for byte.
+    if (pictures.isEmpty() && !earlier.isEmpty()) {
+        QVERIFY(first.open(QIODevice::ReadOnly));
+        QCOMPARE(first.readAll(), earlier);
+        written << QFileInfo(first).fileName();
     }
     written.sort();
     QCOMPARE(QDir(m_dir->path()).entryList(QDir::Files).filter(u"out"_s), written);

@@ -1,6 +1,7 @@
 #include "AwaitTask.h"
 #include "DemoHome.h"
 #include "LabelRenderer.h"
+#include "ProductService.h"
 #include "SimulatorOptions.h"
 #include "TestHome.h"
 #include "VirtualPrinter.h"
@@ -9,6 +10,8 @@
 
 #include <QDir>
 #include <QFile>
+#include <QSignalSpy>
+#include <QTcpSocket>
 #include <QTemporaryDir>
 #include <QTest>
 
@@ -25,6 +28,12 @@ private slots:
     void options();
     void printers_data();
     void printers();
+    void statusQueriesInAJob_data();
+    void statusQueriesInAJob();
+    void printerBoundsAJob_data();
+    void printerBoundsAJob();
+    void serviceBoundsABody_data();
+    void serviceBoundsABody();
     void demoSettingsStayOutOfTheOwnHome();
 };
 
@@ -120,6 +129,105 @@ void SimulatorTest::printers()
     // Beside it, the label drawn from exactly those bytes.
     QCOMPARE(QImage(jobs.filePath(u"job-000001.png"_s)).convertToFormat(QImage::Format_RGB32),
              LabelRenderer().render(u"^XA^FD\u00e9^FS^XZ"_s).labels.value(0).image);
+}
+
+void SimulatorTest::statusQueriesInAJob_data()
+{
+    QTest::addColumn<QByteArrayList>("reads"); // each written on its own, a moment apart
+    QTest::addColumn<int>("answers");
+    QTest::newRow("in one read") << QByteArrayList{"^XA~HS^XZ"} << 1;
+    QTest::newRow("byte by byte") << QByteArrayList{"^XA~", "H", "S^XZ"} << 1;
+    QTest::newRow("around another") << QByteArrayList{"^XA~H~HSS^XZ"} << 2;
+    QTest::newRow("around another, split") << QByteArrayList{"^XA~", "H~HSS^XZ"} << 2;
+}
+
+// A query is found wherever the reads split it, answered, and kept out of the job.
+void SimulatorTest::statusQueriesInAJob()
+{
+    QFETCH(QByteArrayList, reads);
+    QFETCH(int, answers);
+    QTemporaryDir jobs;
+    VirtualPrinter printer(u"P"_s, jobs.path());
+    QString error;
+    QVERIFY2(printer.start(0, &error), qPrintable(error));
+    QSignalSpy written(&printer, &VirtualPrinter::jobWritten);
+    QTcpSocket client;
+    client.connectToHost(QHostAddress::LocalHost, printer.port());
+    QVERIFY(client.waitForConnected(5000));
+    for (const QByteArray& read : std::as_const(reads)) {
+        client.write(read);
+        QVERIFY(client.waitForBytesWritten(5000));
+        QTest::qWait(20);
+    }
+    const QByteArray answer = VirtualPrinter::statusAnswer(VirtualPrinter::State::ready);
+    QTRY_VERIFY(client.bytesAvailable() >= answer.size() * answers);
+    QTest::qWait(20);
+    QCOMPARE(client.readAll(), answer.repeated(answers));
+    client.disconnectFromHost();
+    QTRY_COMPARE(written.size(), 1);
+    QCOMPARE(written.at(0).at(1).toByteArray(), "^XA^XZ");
+}
+
+void SimulatorTest::printerBoundsAJob_data()
+{
+    QTest::addColumn<qint64>("size");
+    QTest::addColumn<bool>("kept");
+    QTest::newRow("at the bound") << VirtualPrinter::kMaxJobBytes << true;
+    QTest::newRow("past the bound") << VirtualPrinter::kMaxJobBytes + 1 << false;
+}
+
+void SimulatorTest::printerBoundsAJob()
+{
+    QFETCH(qint64, size);
+    QFETCH(bool, kept);
+    QTemporaryDir jobs;
+    VirtualPrinter printer(u"P"_s, jobs.path());
+    QString error;
+    QVERIFY2(printer.start(0, &error), qPrintable(error));
+    QSignalSpy written(&printer, &VirtualPrinter::jobWritten);
+    QSignalSpy notWritten(&printer, &VirtualPrinter::jobNotWritten);
+    QTcpSocket client;
+    client.connectToHost(QHostAddress::LocalHost, printer.port());
+    QVERIFY(client.waitForConnected(5000));
+    client.write(QByteArray(size, 'x'));
+    if (kept)
+        client.disconnectFromHost();
+    // Past the bound the printer closes the connection itself.
+    QTRY_COMPARE_WITH_TIMEOUT(client.state(), QAbstractSocket::UnconnectedState, 10000);
+    QTRY_COMPARE(written.size() + notWritten.size(), 1);
+    QCOMPARE(written.size(), kept ? 1 : 0);
+    if (kept)
+        QCOMPARE(written.at(0).at(1).toByteArray().size(), size);
+    else
+        QVERIFY(QDir(jobs.path()).isEmpty());
+}
+
+void SimulatorTest::serviceBoundsABody_data()
+{
+    QTest::addColumn<QByteArray>("request");
+    QTest::addColumn<QByteArray>("status");
+    const QByteArray start = "POST /product HTTP/1.1\r\nContent-Length: ";
+    QTest::newRow("within 1 MiB") << start + "2\r\n\r\n{}" << QByteArray("405");
+    QTest::newRow("past 1 MiB") << start + "1048577\r\n\r\n" << QByteArray("413");
+    QTest::newRow("past any number") << start + "99999999999999999999\r\n\r\n" << QByteArray("400");
+    QTest::newRow("negative") << start + "-1\r\n\r\n" << QByteArray("400");
+}
+
+// A body the service would not take is refused at once, not waited for.
+void SimulatorTest::serviceBoundsABody()
+{
+    QFETCH(QByteArray, request);
+    QFETCH(QByteArray, status);
+    ProductService service(ProductCatalogue(1), u"k"_s);
+    QVERIFY(service.listen());
+    QTcpSocket client;
+    QByteArray answer;
+    connect(&client, &QTcpSocket::readyRead, this, [&] { answer += client.readAll(); });
+    client.connectToHost(QHostAddress::LocalHost, service.port());
+    QVERIFY(client.waitForConnected(5000));
+    client.write(request);
+    QTRY_COMPARE_WITH_TIMEOUT(client.state(), QAbstractSocket::UnconnectedState, 5000);
+    QVERIFY2(answer.startsWith("HTTP/1.1 " + status + ' '), answer.constData());
 }
 
 void SimulatorTest::demoSettingsStayOutOfTheOwnHome()

@@ -36,9 +36,11 @@ void LabelSink::acceptPending()
         ++m_connectionCount;
         // Owned by the sink rather than by the listening socket, so close() does not cut jobs.
         socket->setParent(this);
-        auto* connection = new LabelSinkConnection(socket, m_behaviour, m_statusAnswer);
+        auto* connection =
+            new LabelSinkConnection(socket, m_behaviour, m_statusAnswer, m_maxJobBytes);
         connect(connection, &LabelSinkConnection::jobComplete, this, &LabelSink::recordJob);
         connect(connection, &LabelSinkConnection::statusQueried, this, &LabelSink::statusQueried);
+        connect(connection, &LabelSinkConnection::jobTooLarge, this, &LabelSink::jobTooLarge);
         connection->begin();
     }
 }

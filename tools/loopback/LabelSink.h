@@ -39,6 +39,10 @@ public:
     // now on: with these bytes, or not at all when they are empty. The query
     // never becomes part of a job. Unset, "~HS" is job data like any other.
     void setStatusAnswer(std::optional<QByteArray> answer) { m_statusAnswer = std::move(answer); }
+    // A connection that sends more than this is closed without a job, on
+    // connections accepted from now on.
+    void setMaxJobBytes(qint64 bytes) { m_maxJobBytes = bytes; }
+    qint64 maxJobBytes() const { return m_maxJobBytes; }
 
     // Jobs from connections the peer closed; the sink's own resets leave none.
     const QList<QByteArray>& jobs() const { return m_jobs; }
@@ -47,6 +51,8 @@ public:
 signals:
     void jobReceived(const QByteArray& job);
     void statusQueried();
+    // A connection passed maxJobBytes() and was closed.
+    void jobTooLarge();
 
 private:
     void acceptPending();
@@ -55,6 +61,8 @@ private:
     QTcpServer m_server;
     Behaviour m_behaviour = Behaviour::normal;
     std::optional<QByteArray> m_statusAnswer;
+    // Far above any label the tests send, and still a bound.
+    qint64 m_maxJobBytes = qint64(64) * 1024 * 1024;
     QList<QByteArray> m_jobs;
     int m_connectionCount = 0;
 };

@@ -1,6 +1,7 @@
 #include "LabelSinkConnection.h"
 
 #include <QTcpSocket>
+#include <algorithm>
 
 #ifdef Q_OS_UNIX
 #include <sys/socket.h>
@@ -15,9 +16,9 @@ constexpr QByteArrayView kStatusQuery = "~HS";
 } // namespace
 
 LabelSinkConnection::LabelSinkConnection(QTcpSocket* socket, LabelSink::Behaviour behaviour,
-                                         std::optional<QByteArray> statusAnswer)
+                                         std::optional<QByteArray> statusAnswer, qint64 maxJobBytes)
     : QObject(socket), m_socket(socket), m_behaviour(behaviour),
-      m_statusAnswer(std::move(statusAnswer))
+      m_statusAnswer(std::move(statusAnswer)), m_maxJobBytes(maxJobBytes)
 {}
 
 void LabelSinkConnection::begin()
@@ -46,25 +47,45 @@ void LabelSinkConnection::begin()
 
 void LabelSinkConnection::onReadyRead()
 {
+    const qsizetype known = m_received.size();
     m_received.append(m_socket->readAll());
     if (m_behaviour == LabelSink::Behaviour::resetMidTransfer && !m_received.isEmpty())
         reset();
-    else
-        answerStatusQueries();
+    else if (!dropIfTooLarge())
+        answerStatusQueries(known);
 }
 
-void LabelSinkConnection::answerStatusQueries()
+// Only bytes from `newFrom` on are new; the ones before hold no query.
+void LabelSinkConnection::answerStatusQueries(qsizetype newFrom)
 {
     if (!m_statusAnswer)
         return;
+    // A query may begin in the last bytes before the new ones.
+    const auto overlapFrom = [](qsizetype at) {
+        return std::max<qsizetype>(0, at - (kStatusQuery.size() - 1));
+    };
     // Like a printer, the query is taken out of the stream and answered at once.
-    for (qsizetype at = m_received.indexOf(kStatusQuery); at >= 0;
-         at = m_received.indexOf(kStatusQuery)) {
+    // Taking it out joins the bytes around it, which may make a query of their own.
+    for (qsizetype at = m_received.indexOf(kStatusQuery, overlapFrom(newFrom)); at >= 0;
+         at = m_received.indexOf(kStatusQuery, overlapFrom(at))) {
         m_received.remove(at, kStatusQuery.size());
         m_socket->write(*m_statusAnswer);
         m_queried = true;
         emit statusQueried();
     }
+}
+
+bool LabelSinkConnection::dropIfTooLarge()
+{
+    if (m_received.size() <= m_maxJobBytes)
+        return false;
+    m_dropped = true;
+    m_received.clear();
+    m_slowTimer.stop();
+    emit jobTooLarge();
+    m_socket->abort();
+    m_socket->deleteLater();
+    return true;
 }
 
 void LabelSinkConnection::readSlowly()
@@ -74,6 +95,7 @@ void LabelSinkConnection::readSlowly()
         return;
     }
     m_received.append(m_socket->read(kSlowChunkBytes));
+    dropIfTooLarge();
 }
 
 void LabelSinkConnection::reset()

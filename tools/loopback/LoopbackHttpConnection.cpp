@@ -2,6 +2,8 @@
 
 #include <QList>
 #include <QTcpSocket>
+#include <algorithm>
+#include <utility>
 
 #ifdef Q_OS_UNIX
 #include <sys/socket.h>
@@ -10,6 +12,7 @@
 namespace {
 
 constexpr qsizetype kMaxHeaderBytes = 64 * 1024;
+constexpr qint64 kMaxBodyBytes = 1024 * 1024;
 constexpr qint64 kStreamChunk = 1024 * 1024;
 constexpr QByteArrayView kHeaderEnd = "\r\n\r\n";
 constexpr std::chrono::milliseconds kResetDelay{50};
@@ -27,12 +30,16 @@ QByteArray reasonPhrase(int status)
         return "Found";
     case 307:
         return "Temporary Redirect";
+    case 400:
+        return "Bad Request";
     case 401:
         return "Unauthorized";
     case 403:
         return "Forbidden";
     case 404:
         return "Not Found";
+    case 413:
+        return "Payload Too Large";
     case 500:
         return "Internal Server Error";
     default:
@@ -61,18 +68,21 @@ LoopbackHttpConnection::LoopbackHttpConnection(QTcpSocket* socket, Responder res
 
 void LoopbackHttpConnection::onReadyRead()
 {
-    m_buffer.append(m_socket->readAll());
-    if (m_answered)
-        return;
-    if (m_buffer.size() > kMaxHeaderBytes && !m_buffer.contains(kHeaderEnd)) {
-        m_socket->abort();
+    if (m_answered) {
+        // Nothing after the request is read, so a client that keeps sending costs no memory.
+        m_socket->skip(m_socket->bytesAvailable());
         return;
     }
-    std::optional<Request> request = takeRequest();
-    if (!request)
+    m_buffer.append(m_socket->readAll());
+    if (!m_header && !readHeader())
         return;
+    if (m_buffer.size() - m_bodyStart < m_bodyLength)
+        return;
+    Request request = *std::exchange(m_header, std::nullopt);
+    request.body = m_buffer.mid(m_bodyStart, m_bodyLength);
+    m_buffer = QByteArray();
     m_answered = true;
-    const Response response = m_responder(*request);
+    const Response response = m_responder(request);
     if (response.delay.count() > 0) {
         QTimer::singleShot(response.delay, this, [this, response] { answer(response); });
     } else {
@@ -80,11 +90,19 @@ void LoopbackHttpConnection::onReadyRead()
     }
 }
 
-std::optional<LoopbackHttpConnection::Request> LoopbackHttpConnection::takeRequest()
+// Parses the header once it is whole; false while it is not, or when the
+// request was refused for it.
+bool LoopbackHttpConnection::readHeader()
 {
-    const qsizetype headerEnd = m_buffer.indexOf(kHeaderEnd);
-    if (headerEnd < 0)
-        return std::nullopt;
+    // Only the new bytes, and the last ones before them, can complete the end mark.
+    const qsizetype headerEnd =
+        m_buffer.indexOf(kHeaderEnd, std::max<qsizetype>(0, m_searched - (kHeaderEnd.size() - 1)));
+    m_searched = m_buffer.size();
+    if (headerEnd < 0) {
+        if (m_buffer.size() > kMaxHeaderBytes)
+            m_socket->abort();
+        return false;
+    }
 
     const QList<QByteArray> lines = m_buffer.left(headerEnd).split('\n');
     const QList<QByteArray> requestLine = lines.value(0).trimmed().split(' ');
@@ -102,12 +120,32 @@ std::optional<LoopbackHttpConnection::Request> LoopbackHttpConnection::takeReque
                 {lines.at(i).left(colon).trimmed(), lines.at(i).mid(colon + 1).trimmed()});
     }
 
-    const qint64 bodyLength = request.header("Content-Length").toLongLong();
-    const qsizetype bodyStart = headerEnd + kHeaderEnd.size();
-    if (m_buffer.size() - bodyStart < bodyLength)
-        return std::nullopt;
-    request.body = m_buffer.mid(bodyStart, bodyLength);
-    return request;
+    bool isNumber = true;
+    const qint64 bodyLength = request.hasHeader("Content-Length")
+                                  ? request.header("Content-Length").toLongLong(&isNumber)
+                                  : 0;
+    if (!isNumber || bodyLength < 0) {
+        reject(400);
+        return false;
+    }
+    if (bodyLength > kMaxBodyBytes) {
+        reject(413);
+        return false;
+    }
+    m_header = std::move(request);
+    m_bodyStart = headerEnd + kHeaderEnd.size();
+    m_bodyLength = bodyLength;
+    return true;
+}
+
+// Answers a request that is never read whole, without asking the responder.
+void LoopbackHttpConnection::reject(int status)
+{
+    m_answered = true;
+    m_buffer = QByteArray();
+    Response refusal;
+    refusal.status = status;
+    answer(refusal);
 }
 
 QByteArray LoopbackHttpConnection::headerBlock(const Response& response, qint64 contentLength) const

@@ -24,7 +24,8 @@ public:
 
 private:
     void onReadyRead();
-    std::optional<Request> takeRequest();
+    bool readHeader();
+    void reject(int status);
     void answer(const Response& response);
     QByteArray headerBlock(const Response& response, qint64 contentLength) const;
     void trickleNext();
@@ -35,6 +36,10 @@ private:
     QTcpSocket* m_socket;
     Responder m_responder;
     QByteArray m_buffer;
+    qsizetype m_searched = 0;        // bytes of m_buffer searched for the header's end
+    std::optional<Request> m_header; // the request without its body, once its header is in
+    qsizetype m_bodyStart = 0;
+    qint64 m_bodyLength = 0;
     bool m_answered = false;
     QTimer m_trickleTimer;
     QByteArray m_pending; // trickle: bytes still to send

@@ -9,9 +9,7 @@
 #include <QFile>
 #include <QFileInfo>
 #include <QJsonDocument>
-#include <QSaveFile>
-#include <memory>
-#include <vector>
+#include <QTemporaryFile>
 
 using namespace Qt::StringLiterals;
 
@@ -58,24 +56,95 @@ QString outputName(const QString& output, qsizetype index)
         u"%1-%2.%3"_s.arg(info.completeBaseName()).arg(index + 1).arg(info.suffix()));
 }
 
-// Every picture goes to a temporary file first; the outputs appear only when
-// all were written, so a failure leaves none of them behind.
-void writePngs(const QList<RenderedLabel>& labels, const QString& output)
+QString cannotWrite(const QString& path, const QString& reason)
 {
-    std::vector<std::unique_ptr<QSaveFile>> files;
-    for (qsizetype i = 0; i < labels.size(); ++i) {
-        auto& file = files.emplace_back(std::make_unique<QSaveFile>(outputName(output, i)));
-        if (!file->open(QIODevice::WriteOnly) || !labels.at(i).image.save(file.get(), "PNG"))
-            throw Failure{
-                u"Kan %1 niet schrijven: %2"_s.arg(file->fileName(), file->errorString())};
+    return u"Kan %1 niet schrijven: %2"_s.arg(path, reason);
+}
+
+// One output and what stands in for it while the outputs are swapped.
+struct Output
+{
+    QString target;
+    QString fresh;  // the new picture, beside the target until it takes its place
+    QString backup; // the file that was at the target, moved aside; empty: none
+    bool placed = false;
+};
+
+// A new, empty file with a name of its own beside `target`.
+QString reserveBeside(const QString& target)
+{
+    QTemporaryFile file(target + u".XXXXXX"_s);
+    file.setAutoRemove(false);
+    if (!file.open())
+        throw Failure{cannotWrite(target, file.errorString())};
+    return file.fileName();
+}
+
+void writeFresh(Output& output, const QImage& image)
+{
+    output.fresh = reserveBeside(output.target);
+    QFile file(output.fresh);
+    if (!file.open(QIODevice::WriteOnly) || !image.save(&file, "PNG") || !file.flush())
+        throw Failure{cannotWrite(output.target, file.errorString())};
+    file.close();
+    if (file.error() != QFileDevice::NoError)
+        throw Failure{cannotWrite(output.target, file.errorString())};
+}
+
+void moveAside(Output& output)
+{
+    if (!QFileInfo(output.target).isFile())
+        return;
+    // QFile::rename never replaces a file, so the reserved name is freed first.
+    const QString backup = reserveBeside(output.target);
+    QFile::remove(backup);
+    QFile earlier(output.target);
+    if (!earlier.rename(backup))
+        throw Failure{cannotWrite(output.target, earlier.errorString())};
+    output.backup = backup;
+}
+
+void place(Output& output)
+{
+    QFile fresh(output.fresh);
+    if (!fresh.rename(output.target))
+        throw Failure{cannotWrite(output.target, fresh.errorString())};
+    output.placed = true;
+}
+
+// Leaves the outputs as they were before the run.
+void rollBack(const QList<Output>& outputs, QTextStream& errors)
+{
+    for (const Output& output : outputs) {
+        QFile::remove(output.placed ? output.target : output.fresh);
+        if (!output.backup.isEmpty() && !QFile::rename(output.backup, output.target))
+            errors << u"Het eerdere %1 staat nu in %2."_s.arg(output.target, output.backup)
+                   << Qt::endl;
     }
-    for (qsizetype i = 0; i < qsizetype(files.size()); ++i) {
-        if (files.at(i)->commit())
-            continue;
-        for (qsizetype done = 0; done < i; ++done)
-            QFile::remove(files.at(done)->fileName());
-        throw Failure{u"Kan %1 niet schrijven: %2"_s.arg(files.at(i)->fileName(),
-                                                         files.at(i)->errorString())};
+}
+
+// All pictures or none: each is written beside its output first; only when all
+// were written do earlier outputs move aside for them, and any failure puts
+// those back.
+void writePngs(const QList<RenderedLabel>& labels, const QString& output, QTextStream& errors)
+{
+    QList<Output> outputs;
+    try {
+        for (qsizetype i = 0; i < labels.size(); ++i) {
+            outputs.append(Output{outputName(output, i)});
+            writeFresh(outputs.last(), labels.at(i).image);
+        }
+        for (Output& each : outputs)
+            moveAside(each);
+        for (Output& each : outputs)
+            place(each);
+    } catch (const Failure&) {
+        rollBack(outputs, errors);
+        throw;
+    }
+    for (const Output& each : std::as_const(outputs)) {
+        if (!each.backup.isEmpty())
+            QFile::remove(each.backup);
     }
 }
 
@@ -113,7 +182,9 @@ int runParsed(const QCommandLineParser& parser, QTextStream& errors)
         errors << u"Waarschuwing: "_s << warning << Qt::endl;
     for (const QString& note : preview.rendering.notes)
         errors << u"Let op: "_s << note << Qt::endl;
-    writePngs(preview.rendering.labels, parser.value(u"o"_s));
+    for (const QString& cut : preview.rendering.cuts)
+        errors << u"Let op: "_s << cut << Qt::endl;
+    writePngs(preview.rendering.labels, parser.value(u"o"_s), errors);
     return 0;
 }
 

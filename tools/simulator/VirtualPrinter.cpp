@@ -135,6 +135,10 @@ VirtualPrinter::VirtualPrinter(QString name, QString jobDirectory, Failure failu
     connect(&m_sink, &LabelSink::jobReceived, this, &VirtualPrinter::onJob);
     connect(&m_sink, &LabelSink::statusQueried, this, &VirtualPrinter::statusQueried);
     m_sink.setStatusAnswer(statusAnswer(state));
+    m_sink.setMaxJobBytes(kMaxJobBytes);
+    connect(&m_sink, &LabelSink::jobTooLarge, this, [this] {
+        emit jobNotWritten(u"more than %1 bytes, connection closed"_s.arg(kMaxJobBytes));
+    });
 }
 
 VirtualPrinter::~VirtualPrinter() = default;

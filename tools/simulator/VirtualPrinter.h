@@ -52,6 +52,10 @@ public:
     static QStringList failureNames();
     static QString failureName(Failure failure);
 
+    // The program sends no label over 1 MiB; a connection that sends more than
+    // this is closed and kept as no job.
+    static constexpr qint64 kMaxJobBytes = 1024 * 1024 + 64 * 1024;
+
     VirtualPrinter(QString name, QString jobDirectory, Failure failure = Failure::none,
                    State state = State::ready, QObject* parent = nullptr);
     ~VirtualPrinter() override;
