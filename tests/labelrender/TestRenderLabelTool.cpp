@@ -78,6 +78,13 @@ void TestRenderLabelTool::run_data()
     QTest::newRow("unsupported resolution")
         << QStringList{u"--dpmm"_s, u"10"_s, u"label.zpl"_s, u"-o"_s, u"OUT"_s} << QByteArray()
         << u"--dpmm"_s << QList<QSize>() << QByteArray();
+    QTest::newRow("a hundred pictures at most")
+        << QStringList{u"-"_s, u"-o"_s, u"OUT"_s} << QByteArray("^XA^PW8^LL8^XZ").repeated(101)
+        << u"Alleen de eerste 100 etiketten getoond."_s << QList<QSize>(100, QSize(8, 8))
+        << QByteArray();
+    QTest::newRow("input over 1 MiB")
+        << QStringList{u"-"_s, u"-o"_s, u"OUT"_s} << QByteArray(1024 * 1024 + 1, ' ')
+        << u"groter dan 1 MiB"_s << QList<QSize>() << QByteArray();
     QTest::newRow("product not JSON")
         << QStringList{u"--product"_s, u"broken.json"_s, u"label.zpl"_s, u"-o"_s, u"OUT"_s}
         << QByteArray() << u"broken.json"_s << QList<QSize>() << QByteArray();

@@ -3,6 +3,7 @@
 #include "LabelPreview.h"
 #include "LabelRenderer.h"
 #include "LabelWarnings.h"
+#include "services/ZPLService.h"
 
 #include <QCommandLineParser>
 #include <QDir>
@@ -20,23 +21,31 @@ struct Failure
     QString message;
 };
 
-QByteArray readInput(const QString& path)
+// A label text is at most 1 MiB, as printing fills it; a product holds five
+// values of at most that each, with room for the JSON around them.
+constexpr qint64 kMaxTemplateBytes = ZPLService::kMaxLabelBytes;
+constexpr qint64 kMaxProductBytes = 8 * ZPLService::kMaxLabelBytes;
+
+QByteArray readInput(const QString& path, qint64 maxBytes)
 {
     QFile file;
     const bool opened = path == u"-" ? file.open(stdin, QIODevice::ReadOnly)
                                      : (file.setFileName(path), file.open(QIODevice::ReadOnly));
     if (!opened)
         throw Failure{u"Kan %1 niet lezen: %2"_s.arg(path, file.errorString())};
-    const QByteArray data = file.readAll();
+    const QByteArray data = file.read(maxBytes + 1);
     if (file.error() != QFileDevice::NoError)
         throw Failure{u"Kan %1 niet lezen: %2"_s.arg(path, file.errorString())};
+    if (data.size() > maxBytes)
+        throw Failure{u"%1 is groter dan %2 MiB."_s.arg(path).arg(maxBytes / (1024 * 1024))};
     return data;
 }
 
 Product readProduct(const QString& path)
 {
     QJsonParseError parseError;
-    const QJsonDocument document = QJsonDocument::fromJson(readInput(path), &parseError);
+    const QJsonDocument document =
+        QJsonDocument::fromJson(readInput(path, kMaxProductBytes), &parseError);
     if (parseError.error != QJsonParseError::NoError)
         throw Failure{u"Product %1 is geen JSON: %2"_s.arg(path, parseError.errorString())};
     QString error;
@@ -131,7 +140,7 @@ void writePngs(const QList<RenderedLabel>& labels, const QString& output, QTextS
     QList<Output> outputs;
     try {
         for (qsizetype i = 0; i < labels.size(); ++i) {
-            outputs.append(Output{outputName(output, i)});
+            outputs.append(Output{outputName(output, i), {}, {}, false});
             writeFresh(outputs.last(), labels.at(i).image);
         }
         for (Output& each : outputs)
@@ -159,7 +168,8 @@ int runParsed(const QCommandLineParser& parser, QTextStream& errors)
     if (parser.isSet(u"product"_s) && parser.isSet(u"sample"_s))
         throw Failure{u"--product en --sample gaan niet samen."_s};
 
-    const QString zplTemplate = QString::fromUtf8(readInput(parser.positionalArguments().first()));
+    const QString zplTemplate =
+        QString::fromUtf8(readInput(parser.positionalArguments().first(), kMaxTemplateBytes));
     std::optional<Product> product;
     if (parser.isSet(u"product"_s))
         product = readProduct(parser.value(u"product"_s));
@@ -175,6 +185,8 @@ int runParsed(const QCommandLineParser& parser, QTextStream& errors)
         const Product none;
         preview.warnings = LabelWarnings::check(zplTemplate, &none, preview.rendering);
     }
+    if (!preview.failure.isEmpty())
+        throw Failure{preview.failure};
     if (preview.rendering.labels.isEmpty())
         throw Failure{u"Geen etiket gevonden (^XA...^XZ)."_s};
 
