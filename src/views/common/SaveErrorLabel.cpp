@@ -10,7 +10,7 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-// Room for the start of the line when the row is tight.
+// Room for the start of the line in a narrow window.
 constexpr int kMinimumCharacters = 12;
 
 } // namespace
