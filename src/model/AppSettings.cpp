@@ -342,15 +342,22 @@ void AppSettings::scheduleSettingsSave()
 void AppSettings::saveSettings()
 {
     m_saveTimer.stop();
-    if (m_keepExistingFile) {
-        printLine(u"Failed to save settings: the unreadable file %1 could not be moved aside "
-                  u"and is not overwritten"_s.arg(m_settingsFile));
-        return;
-    }
     const std::optional<QString> error =
-        SettingsFile::writeAtomically(m_settingsFile, currentDocument().write());
+        m_keepExistingFile
+            ? u"the unreadable file %1 could not be moved aside and is not overwritten"_s.arg(
+                  m_settingsFile)
+            : SettingsFile::writeAtomically(m_settingsFile, currentDocument().write());
     if (error)
         printLine(u"Failed to save settings: "_s + *error);
+    setSaveError(error.value_or(QString()));
+}
+
+void AppSettings::setSaveError(const QString& description)
+{
+    if (description == m_saveError)
+        return;
+    m_saveError = description;
+    emit saveErrorChanged();
 }
 
 void AppSettings::loadSettings()

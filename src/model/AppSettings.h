@@ -86,6 +86,10 @@ public:
 
     QString settingsFilePath() const;
 
+    // Why the last save failed, as printed after "Failed to save settings: ";
+    // empty again once a save succeeds.
+    const QString& saveError() const { return m_saveError; }
+
 signals:
     void bookyearChanged();
     void dossiersChanged();
@@ -100,6 +104,7 @@ signals:
     void columnWidthNameChanged();
     void columnWidthPriceChanged();
     void columnWidthBarcodeChanged();
+    void saveErrorChanged();
 
 private:
     template <typename T> void assign(T& member, const T& value, void (AppSettings::*changed)());
@@ -110,6 +115,7 @@ private:
 
     void scheduleSettingsSave();
     void saveSettings();
+    void setSaveError(const QString& description);
     void loadSettings();
     void keepUnreadableFile(const QString& description);
     void applyLoadedValues(const SettingsData& data);
@@ -127,6 +133,7 @@ private:
     // Set when an unreadable settings file could not be moved aside: saves
     // then leave it alone rather than destroy what may still be recovered.
     bool m_keepExistingFile = false;
+    QString m_saveError;
 
     QString m_bookyear;
     QList<Dossier> m_dossiers;

@@ -5,9 +5,6 @@
 #include <QFile>
 #include <QFileInfo>
 #include <QSaveFile>
-#ifdef Q_OS_UNIX
-#include <sys/stat.h>
-#endif
 
 using namespace Qt::StringLiterals;
 
@@ -15,22 +12,18 @@ namespace {
 
 constexpr QFileDevice::Permissions kOwnerReadWrite =
     QFileDevice::ReadOwner | QFileDevice::WriteOwner;
+constexpr QFileDevice::Permissions kOwnerOnly = kOwnerReadWrite | QFileDevice::ExeOwner;
+constexpr QFileDevice::Permissions kGroupAndOthers =
+    QFileDevice::ReadGroup | QFileDevice::WriteGroup | QFileDevice::ExeGroup |
+    QFileDevice::ReadOther | QFileDevice::WriteOther | QFileDevice::ExeOther;
 
-// The temporary file of a save is created under a restrictive umask, so it is
-// owner-only from its first moment; the umask is process-wide, hence restored
-// at once.
+// QSaveFile gives the temporary file the permissions of the file it replaces,
+// or the default ones; narrow them before any byte is written. The settings
+// directory is owner-only, so nobody else can reach the file meanwhile. (Not
+// through the umask: it is process-wide, and other threads create files too.)
 bool openOwnerOnly(QSaveFile& file)
 {
-#ifdef Q_OS_UNIX
-    const mode_t previous = ::umask(S_IRWXG | S_IRWXO);
-    const bool opened = file.open(QIODevice::WriteOnly);
-    ::umask(previous);
-#else
-    const bool opened = file.open(QIODevice::WriteOnly);
-#endif
-    // QSaveFile gives the temporary file the permissions of the file it
-    // replaces, which may be wider; narrow them before any byte is written.
-    return opened && file.setPermissions(kOwnerReadWrite);
+    return file.open(QIODevice::WriteOnly) && file.setPermissions(kOwnerReadWrite);
 }
 
 } // namespace
@@ -66,11 +59,18 @@ std::optional<QString> SettingsFile::writeAtomically(const QString& path, const 
 void SettingsFile::createPrivateDirectory(const QString& path)
 {
     const QFileInfo info(path);
+    if (info.isDir()) {
+        // Left open to others by an earlier version or by hand: the file in it
+        // holds every API key. The owner's own bits stay as they are.
+        const QFileDevice::Permissions permissions = info.permissions();
+        if (permissions & kGroupAndOthers)
+            QFile::setPermissions(path, permissions & kOwnerOnly);
+        return;
+    }
     QDir parent = info.absoluteDir();
     if (!parent.exists())
         parent.mkpath(u"."_s);
-    parent.mkdir(info.fileName(),
-                 QFileDevice::ReadOwner | QFileDevice::WriteOwner | QFileDevice::ExeOwner);
+    parent.mkdir(info.fileName(), kOwnerOnly);
 }
 
 std::optional<QString> SettingsFile::moveAside(const QString& path, QString* error)

@@ -18,8 +18,9 @@ public:
     // error, if any.
     static std::optional<QString> writeAtomically(const QString& path, const QByteArray& bytes);
 
-    // Creates the directory (and missing parents) accessible to its owner only.
-    // Failures are left to the later writes to report.
+    // Creates the directory (and missing parents) accessible to its owner only,
+    // or takes group and others' access away from an existing one. Failures
+    // are left to the later writes to report.
     static void createPrivateDirectory(const QString& path);
 
     // Renames `path` to "<path>.unreadable-<yyyyMMdd-HHmmss>" in the same

@@ -6,6 +6,7 @@
 #include <QDir>
 #include <QElapsedTimer>
 #include <QRegularExpression>
+#include <QSignalSpy>
 #include <QTest>
 #include <sys/stat.h>
 #include <unistd.h>
@@ -23,6 +24,14 @@ QByteArray readFile(const QString& path)
 {
     QFile file(path);
     return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
+}
+
+// What a save prints.
+QString savedLog(AppSettings& settings)
+{
+    StdoutCapture output;
+    settings.savePendingChanges();
+    return output.text();
 }
 
 } // namespace
@@ -43,6 +52,8 @@ private slots:
     void legacyValuesOnlyFillEmptyLists();
     void unreadableFileIsKeptAside_data();
     void unreadableFileIsKeptAside();
+    void failedSaveIsKeptUntilASaveSucceeds_data();
+    void failedSaveIsKeptUntilASaveSucceeds();
     void filesAreOwnerOnly_data();
     void filesAreOwnerOnly();
 };
@@ -232,24 +243,77 @@ void TestAppSettings::unreadableFileIsKeptAside()
     }
 }
 
+void TestAppSettings::failedSaveIsKeptUntilASaveSucceeds_data()
+{
+    QTest::addColumn<bool>("directoryIsAFile");
+    QTest::newRow("a directory in the file's place") << false;
+    QTest::newRow("a file in the directory's place") << true;
+}
+
+void TestAppSettings::failedSaveIsKeptUntilASaveSucceeds()
+{
+    QFETCH(bool, directoryIsAFile);
+    TestHome home;
+    AppSettings settings;
+    settings.savePendingChanges();
+    QSignalSpy changed(&settings, &AppSettings::saveErrorChanged);
+    if (directoryIsAFile) {
+        QVERIFY(QDir(home.settingsDirectory()).removeRecursively());
+        QFile file(home.settingsDirectory());
+        QVERIFY(file.open(QIODevice::WriteOnly));
+    } else {
+        QVERIFY(TestHome::blockFile(home.settingsFilePath()));
+    }
+
+    for (const QString& year : {u"2031"_s, u"2032"_s}) {
+        settings.setBookyear(year);
+        const QString log = savedLog(settings);
+        QVERIFY(!settings.saveError().isEmpty());
+        QCOMPARE(log, u"Failed to save settings: "_s + settings.saveError() + u'\n');
+    }
+    // The same reason twice is one change.
+    QCOMPARE(changed.count(), 1);
+
+    if (directoryIsAFile)
+        QVERIFY(QFile::remove(home.settingsDirectory()) && QDir().mkdir(home.settingsDirectory()));
+    else
+        QVERIFY(TestHome::unblockFile(home.settingsFilePath()));
+    settings.setBookyear(u"2033"_s);
+    QCOMPARE(savedLog(settings), QString());
+    QCOMPARE(settings.saveError(), QString());
+    QCOMPARE(changed.count(), 2);
+    QVERIFY(home.readSettingsFile().contains("\"2033\""));
+}
+
 void TestAppSettings::filesAreOwnerOnly_data()
 {
     QTest::addColumn<bool>("exported");
     QTest::addColumn<bool>("replacesReadableFile");
-    QTest::newRow("settings file") << false << false;
-    QTest::newRow("settings file left readable") << false << true;
+    QTest::addColumn<bool>("directoryWasOpen");
+    QTest::newRow("settings file") << false << false << false;
+    QTest::newRow("settings file left readable") << false << true << false;
+    // Made by hand or by an earlier version: closed at start.
+    QTest::newRow("settings directory left open") << false << false << true;
     // An export holds every API key too.
-    QTest::newRow("export") << true << false;
-    QTest::newRow("export over a readable file") << true << true;
+    QTest::newRow("export") << true << false << false;
+    QTest::newRow("export over a readable file") << true << true << false;
 }
 
 void TestAppSettings::filesAreOwnerOnly()
 {
     QFETCH(bool, exported);
     QFETCH(bool, replacesReadableFile);
+    QFETCH(bool, directoryWasOpen);
     // Even with a permissive umask, nothing is readable by others.
     const mode_t previousUmask = ::umask(0);
     TestHome home;
+    if (directoryWasOpen) {
+        constexpr QFileDevice::Permissions kOpen = kOwnerReadWrite | QFileDevice::ExeOwner |
+                                                   QFileDevice::ReadGroup | QFileDevice::ExeGroup |
+                                                   QFileDevice::ReadOther | QFileDevice::ExeOther;
+        QVERIFY(QDir().mkdir(home.settingsDirectory(), kOpen));
+        QCOMPARE(int(QFile::permissions(home.settingsDirectory())) & kUnixBits, int(kOpen));
+    }
     AppSettings settings;
     QFile file(exported ? home.path() + u"/stampix-settings.json"_s : home.settingsFilePath());
     if (replacesReadableFile)

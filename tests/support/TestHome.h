@@ -54,6 +54,15 @@ public:
         return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
     }
 
+    // Puts a directory where a settings file goes: every save there fails,
+    // also for the superuser, whom permissions do not stop.
+    static bool blockFile(const QString& path)
+    {
+        QFile::remove(path);
+        return QDir().mkdir(path);
+    }
+    static bool unblockFile(const QString& path) { return QDir().rmdir(path); }
+
 private:
     QTemporaryDir m_dir;
     QByteArray m_previousHome;

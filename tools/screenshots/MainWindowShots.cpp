@@ -14,6 +14,7 @@
 
 #include <QApplication>
 #include <QDir>
+#include <QFile>
 #include <QLineEdit>
 #include <QMessageBox>
 #include <QPainter>
@@ -113,6 +114,7 @@ int MainWindowShots::run()
     empty();
     noResults();
     checkedWithSuccess();
+    saveFailed();
     labelPreview();
     errorAlert();
     darkTable();
@@ -178,6 +180,25 @@ void MainWindowShots::checkedWithSuccess()
             return !status->isPrinting() && model->successMessage().has_value();
         }))
         save(u"05-products-checked-success"_s, m_window);
+}
+
+void MainWindowShots::saveFailed()
+{
+    // A directory where the settings file goes makes the next save fail; the
+    // success message of the print run still shows beside the line.
+    AppSettings* settings = m_app->settings();
+    const QString file = settings->settingsFilePath();
+    QFile::remove(file);
+    QDir().mkdir(file);
+    settings->setBookyear(settings->bookyear());
+    settings->savePendingChanges();
+    save(u"09-save-failed"_s, m_window);
+    m_window->resize(600, kHeight);
+    save(u"09-save-failed-narrow"_s, m_window);
+    m_window->resize(kWidth, kHeight);
+    QDir().rmdir(file);
+    settings->setBookyear(settings->bookyear());
+    settings->savePendingChanges();
 }
 
 void MainWindowShots::labelPreview()

@@ -33,6 +33,7 @@ private:
     void empty();
     void noResults();
     void checkedWithSuccess();
+    void saveFailed();
     void labelPreview();
     void errorAlert();
     void darkTable();

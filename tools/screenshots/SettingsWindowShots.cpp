@@ -16,6 +16,7 @@
 #include <QCoreApplication>
 #include <QDeadlineTimer>
 #include <QDir>
+#include <QFile>
 #include <QPlainTextEdit>
 #include <QPushButton>
 #include <QScrollArea>
@@ -219,6 +220,17 @@ void renderSettingsShots(const QString& outDir)
 
     // Dossier page (opens on the first dossier).
     save(window, outDir, u"settings-dossier"_s);
+
+    // A save that failed: a directory stands where the settings file goes.
+    const QString settingsFile = settings->settingsFilePath();
+    QFile::remove(settingsFile);
+    QDir().mkdir(settingsFile);
+    settings->setBookyear(settings->bookyear());
+    settings->savePendingChanges();
+    save(window, outDir, u"settings-save-failed"_s);
+    QDir().rmdir(settingsFile);
+    settings->setBookyear(settings->bookyear());
+    settings->savePendingChanges();
 
     // Printer page after a successful connection test.
     select(Kind::printer, settings->printers().at(0).id);

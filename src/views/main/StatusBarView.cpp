@@ -7,9 +7,11 @@
 #include "ThemedLabel.h"
 #include "model/AppSettings.h"
 #include "viewmodels/ProductListViewModel.h"
+#include "views/common/SaveErrorLabel.h"
 
 #include <QHBoxLayout>
 #include <QLineEdit>
+#include <QVBoxLayout>
 
 using namespace Qt::StringLiterals;
 
@@ -23,21 +25,29 @@ StatusBarView::StatusBarView(AppSettings& settings, ProductListViewModel& viewMo
                              QWidget* parent)
     : QWidget(parent), m_settings(settings), m_viewModel(viewModel),
       m_countLabel(new ThemedLabel(QString(), Theme::caption(), &Theme::secondaryText, this)),
+      m_saveErrorLabel(new SaveErrorLabel(settings, Theme::caption(), this)),
       m_versionLabel(new ThemedLabel(u"v"_s + AppInfo::version(), Theme::caption(),
                                      &Theme::secondaryText, this))
 {
     m_countLabel->setObjectName(u"countLabel"_s);
     m_versionLabel->setObjectName(u"versionLabel"_s);
 
-    auto* layout = new QHBoxLayout(this);
-    layout->setContentsMargins(16, 12, 16, 12);
-    layout->setSpacing(12);
-    layout->addWidget(m_countLabel);
-    layout->addStretch();
-    layout->addWidget(buildSuccessRow());
-    layout->addWidget(buildPrintControls());
-    layout->addStretch();
-    layout->addWidget(m_versionLabel);
+    auto* row = new QHBoxLayout;
+    row->setSpacing(12);
+    row->addWidget(m_countLabel);
+    row->addStretch();
+    row->addWidget(buildSuccessRow());
+    row->addWidget(buildPrintControls());
+    row->addStretch();
+    row->addWidget(m_versionLabel);
+
+    auto* column = new QVBoxLayout(this);
+    column->setContentsMargins(16, 12, 16, 12);
+    column->setSpacing(4);
+    column->addLayout(row);
+    // A line of its own, so that it never squeezes the row, even in the
+    // narrowest window; hidden, and taking no room, while saves succeed.
+    column->addWidget(m_saveErrorLabel);
 
     connect(&m_viewModel, &ProductListViewModel::filteredProductsChanged, this,
             &StatusBarView::showCount);

@@ -7,9 +7,11 @@ class PrintButton;
 class ProductListViewModel;
 class QLabel;
 class QLineEdit;
+class SaveErrorLabel;
 
 // The bottom row: product count, success message, the print controls while
-// products are checked, and the version.
+// products are checked, and the version; below it, only after a failed save,
+// why the settings were not saved.
 class StatusBarView : public QWidget
 {
     Q_OBJECT
@@ -21,6 +23,7 @@ public:
     bool isPrinting() const { return m_isPrinting; }
 
     QLabel* countLabel() const { return m_countLabel; }
+    SaveErrorLabel* saveErrorLabel() const { return m_saveErrorLabel; }
     QWidget* successRow() const { return m_successRow; }
     QLabel* successLabel() const { return m_successLabel; }
     QWidget* printControls() const { return m_printControls; }
@@ -45,6 +48,7 @@ private:
     AppSettings& m_settings;
     ProductListViewModel& m_viewModel;
     QLabel* m_countLabel;
+    SaveErrorLabel* m_saveErrorLabel;
     QWidget* m_successRow = nullptr;
     QLabel* m_successLabel = nullptr;
     QWidget* m_printControls = nullptr;

@@ -94,6 +94,11 @@ QColor Theme::red()
     return QColor(255, 59, 48);
 }
 
+QColor Theme::errorText(const QPalette& palette)
+{
+    return readableOn(red(), palette.color(QPalette::Window));
+}
+
 QColor Theme::orange()
 {
     return QColor(255, 149, 0);

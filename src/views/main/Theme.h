@@ -24,6 +24,8 @@ public:
     // Green for text on the window background, darkened or lightened as far as it takes to read.
     static QColor successText(const QPalette& palette);
     static QColor red();
+    // Red for text on the window background, as successText is for green.
+    static QColor errorText(const QPalette& palette);
     static QColor orange();
     static QColor blue();
     static QColor badgeGreen(); // sRGB 65, 195, 145: the checked badge

@@ -1,6 +1,7 @@
 #include "SettingsFooterView.h"
 
 #include "ThemedLabel.h"
+#include "views/common/SaveErrorLabel.h"
 #include "views/main/Theme.h"
 
 #include <QHBoxLayout>
@@ -9,12 +10,16 @@
 
 using namespace Qt::StringLiterals;
 
-SettingsFooterView::SettingsFooterView(const QString& version, QWidget* parent) : QWidget(parent)
+SettingsFooterView::SettingsFooterView(const AppSettings& settings, const QString& version,
+                                       QWidget* parent)
+    : QWidget(parent), m_saveErrorLabel(new SaveErrorLabel(settings, Theme::systemFont(11), this))
 {
     auto* row = new QHBoxLayout(this);
     row->setContentsMargins(24, 12, 24, 12);
     row->addWidget(new ThemedLabel(u"Wijzigingen worden automatisch opgeslagen"_s,
                                    Theme::systemFont(11), &Theme::secondaryText));
+    // Beside the note it contradicts; hidden while saves succeed.
+    row->addWidget(m_saveErrorLabel);
     row->addStretch();
     row->addWidget(new ThemedLabel(version, Theme::systemFont(11), &Theme::secondaryText));
     setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Fixed);

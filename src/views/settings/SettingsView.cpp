@@ -59,7 +59,8 @@ void SettingsView::buildLayout()
     column->addWidget(makeDivider(Qt::Horizontal));
     column->addLayout(body, 1);
     column->addWidget(makeDivider(Qt::Horizontal));
-    column->addWidget(new SettingsFooterView(appVersion()));
+    m_footer = new SettingsFooterView(m_settings, appVersion());
+    column->addWidget(m_footer);
 }
 
 QString SettingsView::appVersion()

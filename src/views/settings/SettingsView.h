@@ -17,6 +17,7 @@ class AppSettings;
 class Divider;
 class PrinterService;
 class SettingsDetailArea;
+class SettingsFooterView;
 class SettingsSidebar;
 
 // Root of the settings window: header, sidebar, detail area and footer over
@@ -39,6 +40,7 @@ public:
     const ZPLService& zplService() const { return m_zplService; }
     SettingsSidebar* sidebar() const { return m_sidebar; }
     SettingsDetailArea* detailArea() const { return m_detailArea; }
+    SettingsFooterView* footer() const { return m_footer; }
 
     // "v" + short version + "." + build number, e.g. v2.3.45.
     static QString appVersion();
@@ -107,6 +109,7 @@ private:
     AppSettings& m_settings;
     SettingsSidebar* m_sidebar = nullptr;
     SettingsDetailArea* m_detailArea = nullptr;
+    SettingsFooterView* m_footer = nullptr;
     QString m_selectedTab;
     QList<Kind> m_collapsedGroups;
     std::optional<QString> m_printerTestResult;

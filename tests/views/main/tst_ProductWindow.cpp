@@ -10,8 +10,10 @@
 #include "ProductTableModel.h"
 #include "ProductWindowFixture.h"
 #include "StatusBarView.h"
+#include "TestHome.h"
 #include "model/AppSettings.h"
 #include "viewmodels/ProductListViewModel.h"
+#include "views/common/SaveErrorLabel.h"
 
 #include <QAccessible>
 #include <QApplication>
@@ -43,6 +45,7 @@ private slots:
     void appearingAndAlerts();
     void onlyAnotherDossierReloads();
     void printBadgeAndReloadButtons();
+    void aFailedSaveShowsUntilASaveSucceeds();
     void clickAnywhereInTheCheckCellToggles();
     void headerClicksSortAndKeepTheIndicator();
     void spaceBar_data();
@@ -230,7 +233,8 @@ void ProductWindowTest::printBadgeAndReloadButtons()
     QVERIFY(!print->isEnabled() && print->isBusy());
     QTRY_VERIFY_WITH_TIMEOUT(!m_view->statusBar()->isPrinting(), 10000);
     QVERIFY(print->isEnabled() && !print->isBusy());
-    QCOMPARE(m_fixture->sink().jobs().size(), m_products.size());
+    // The sink reads the last job when its own side of the connection closes.
+    QTRY_COMPARE_WITH_TIMEOUT(m_fixture->sink().jobs().size(), m_products.size(), 5000);
 
     CustomToolbar* toolbar = m_view->toolbar();
     QTest::mouseClick(toolbar->clearCheckedButton(), Qt::LeftButton);
@@ -239,6 +243,49 @@ void ProductWindowTest::printBadgeAndReloadButtons()
     QTest::mouseClick(toolbar->reloadButton(), Qt::LeftButton);
     QVERIFY(!toolbar->reloadButton()->isEnabled());
     QTRY_VERIFY_WITH_TIMEOUT(toolbar->reloadButton()->isEnabled(), 5000);
+}
+
+// Under the status row, whose print controls and success message stay as
+// they are, even in the narrowest window.
+void ProductWindowTest::aFailedSaveShowsUntilASaveSucceeds()
+{
+    showCheckedTable();
+    m_view->resize(600, 640);
+    StatusBarView* status = m_view->statusBar();
+    SaveErrorLabel* line = status->saveErrorLabel();
+    QTest::mouseClick(status->printButton(), Qt::LeftButton);
+    QTRY_VERIFY_WITH_TIMEOUT(!status->isPrinting(), 10000);
+    QVERIFY(status->successRow()->isVisible() && !line->isVisible());
+    const QList<QWidget*> row{status->countLabel(),    status->successLabel(),
+                              status->successRow(),    status->printButton(),
+                              status->printControls(), status->versionLabel()};
+    const auto geometries = [&row] {
+        QList<QRect> rects;
+        for (const QWidget* widget : row)
+            rects.append(widget->geometry());
+        return rects;
+    };
+    QTest::qWait(50);
+    const QList<QRect> before = geometries();
+    const QString success = status->successLabel()->text();
+
+    QVERIFY(TestHome::blockFile(m_settings->settingsFilePath()));
+    m_settings->setColumnWidthName(280);
+    m_settings->savePendingChanges();
+    QVERIFY(!m_settings->saveError().isEmpty());
+    const QString expected = u"Instellingen niet opgeslagen: "_s + m_settings->saveError();
+    QVERIFY(line->isVisible());
+    QTRY_COMPARE(line->text(), expected);
+    QAccessibleInterface* item = QAccessible::queryAccessibleInterface(line);
+    QCOMPARE(item->text(QAccessible::Name), expected);
+    QCOMPARE(item->role(), QAccessible::StaticText);
+    QCOMPARE(geometries(), before);
+    QCOMPARE(status->successLabel()->text(), success);
+
+    QVERIFY(TestHome::unblockFile(m_settings->settingsFilePath()));
+    m_settings->setColumnWidthName(290);
+    m_settings->savePendingChanges();
+    QVERIFY(!line->isVisible());
 }
 
 void ProductWindowTest::everyControlHasANameAndARole_data()

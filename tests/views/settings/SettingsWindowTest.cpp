@@ -2,15 +2,29 @@
 
 #include "TestHome.h"
 #include "model/AppSettings.h"
+#include "views/common/SaveErrorLabel.h"
+#include "views/settings/SettingsFooterView.h"
 #include "views/settings/SettingsView.h"
 
+#include <QAccessible>
 #include <QScreen>
 #include <QTest>
 #include <QWindow>
 
 using namespace Qt::StringLiterals;
 
-// The settings window's size memory.
+namespace {
+
+// An assignment and the save it schedules, at once.
+void saveNow(AppSettings& settings)
+{
+    settings.setBookyear(settings.bookyear());
+    settings.savePendingChanges();
+}
+
+} // namespace
+
+// The settings window's size memory and its line about a failed save.
 class SettingsWindowTest : public QObject
 {
     Q_OBJECT
@@ -19,6 +33,8 @@ private slots:
     void openingWritesNothing_data();
     void openingWritesNothing();
     void aUserResizeIsKeptAsTheContentSize();
+    void aFailedSaveShowsUntilASaveSucceeds_data();
+    void aFailedSaveShowsUntilASaveSucceeds();
 };
 
 void SettingsWindowTest::openingWritesNothing_data()
@@ -78,6 +94,44 @@ void SettingsWindowTest::aUserResizeIsKeptAsTheContentSize()
         QCOMPARE(reopened.size(), QSize(900, 650));
     }
     QCOMPARE(settings.settingsWindowWidth(), 900.0);
+}
+
+void SettingsWindowTest::aFailedSaveShowsUntilASaveSucceeds_data()
+{
+    QTest::addColumn<bool>("failedBeforeOpening");
+    QTest::newRow("while open") << false;
+    QTest::newRow("before opening") << true;
+}
+
+void SettingsWindowTest::aFailedSaveShowsUntilASaveSucceeds()
+{
+    QFETCH(bool, failedBeforeOpening);
+    TestHome home;
+    AppSettings settings;
+    settings.savePendingChanges();
+    QVERIFY(TestHome::blockFile(home.settingsFilePath()));
+    if (failedBeforeOpening)
+        saveNow(settings);
+
+    SettingsWindow window(settings);
+    window.show();
+    QVERIFY(QTest::qWaitForWindowExposed(&window));
+    SaveErrorLabel* line = window.view()->footer()->saveErrorLabel();
+    QCOMPARE(line->isVisible(), failedBeforeOpening);
+    if (!failedBeforeOpening)
+        saveNow(settings);
+    QVERIFY(!settings.saveError().isEmpty());
+    const QString expected = u"Instellingen niet opgeslagen: "_s + settings.saveError();
+    QVERIFY(line->isVisible());
+    // Whole: the footer has room for it.
+    QTRY_COMPARE(line->text(), expected);
+    QAccessibleInterface* item = QAccessible::queryAccessibleInterface(line);
+    QCOMPARE(item->text(QAccessible::Name), expected);
+    QCOMPARE(item->role(), QAccessible::StaticText);
+
+    QVERIFY(TestHome::unblockFile(home.settingsFilePath()));
+    saveNow(settings);
+    QVERIFY(!line->isVisible());
 }
 
 QTEST_MAIN(SettingsWindowTest)
