@@ -1,5 +1,6 @@
 #include "ProductWindowFixture.h"
 #include "model/AppSettings.h"
+#include "services/ZPLService.h"
 #include "viewmodels/ProductListViewModel.h"
 
 #include <QCoroTask>
@@ -237,6 +238,11 @@ void ProductListViewModelTest::printLabelReportsEachMissingPiece()
 
     run(m_model->printLabel(appel));
     QCOMPARE(m_model->successMessage(), u"Etiket geprint voor A"_s);
+
+    // A name that would grow the label past 1 MiB sends nothing.
+    run(m_model->printLabel(
+        Fixture::product(2, u"B"_s, QString(ZPLService::kMaxLabelBytes, u'x'))));
+    QCOMPARE(m_model->errorMessage(), ZPLService::labelTooLargeMessage());
 
     // Failures leave the earlier success in place, a refused printer first.
     QTcpServer closed;

@@ -17,7 +17,8 @@ std::optional<QString> JobPictureWriter::write(const QString& jobPath, const QBy
     if (!m_renderer)
         m_renderer.emplace();
     // The printer transport sends the text as UTF-8; the renderer takes it back as such.
-    const LabelRenderResult rendering = m_renderer->render(QString::fromUtf8(job));
+    // Only the first label is kept, so only the first is drawn.
+    const LabelRenderResult rendering = m_renderer->render(QString::fromUtf8(job), 1);
     if (rendering.labels.isEmpty()) {
         *error = u"no label (^XA...^XZ) in the job"_s;
         return std::nullopt;

@@ -515,6 +515,24 @@ void ProductWindowTest::labelPreviewFollowsSelectionTemplateAndEdits()
     QCOMPARE(shown, printed(m_products.at(2)));
     QVERIFY(panel->preview()->warnings().isEmpty());
 
+    // Thirty warnings: twenty are shown, and how many more there are.
+    m_settings->updateTemplate(1, [](LabelTemplate& t) {
+        t.zplContent = u"^XA^PW400^LL200"_s + u"^FO500,0^FD{{NAAM}}^FS"_s.repeated(30) + u"^XZ"_s;
+    });
+    QStringList rows;
+    for (const QLabel* label : panel->preview()->findChildren<QLabel*>())
+        if (label->isVisibleTo(panel) && !label->text().isEmpty())
+            rows << label->text();
+    QCOMPARE(rows.filter(u"begint buiten de etiketbreedte"_s).size(), 20);
+    QVERIFY(rows.contains(u"en %1 meer"_s.arg(panel->preview()->warnings().size() - 20)));
+
+    // A label too large to fill says so in place of the picture.
+    m_settings->updateTemplate(1, [](LabelTemplate& t) {
+        t.zplContent = u"^XA^FD{{NAAM}}"_s + QString(ZPLService::kMaxLabelBytes, u'x');
+    });
+    QVERIFY(!panel->preview()->picture()->isVisible());
+    QCOMPARE(panel->preview()->sizeText(), ZPLService::labelTooLargeMessage());
+
     m_viewModel->setSelectedProductID(std::nullopt);
     QVERIFY(!panel->isPreviewShown());
     m_view->setLabelPreviewShown(false);
