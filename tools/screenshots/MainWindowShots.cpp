@@ -10,6 +10,7 @@
 #include "StampixApp.h"
 #include "StatusBarView.h"
 #include "model/AppSettings.h"
+#include "services/ZPLService.h"
 #include "viewmodels/ProductListViewModel.h"
 
 #include <QApplication>
@@ -215,9 +216,31 @@ void MainWindowShots::labelPreview()
     });
     QTest::keyClick(m_window, Qt::Key_L, Qt::ControlModifier);
     if (waitFor("label preview panel",
-                [this] { return m_window->contentView()->isLabelPreviewShown(); }))
+                [this] { return m_window->contentView()->isLabelPreviewShown(); })) {
         save(u"08-label-preview"_s, m_window);
+        hostileLabelPreviews();
+    }
     m_app->labelPreviewAction()->trigger();
+}
+
+void MainWindowShots::hostileLabelPreviews()
+{
+    // Thirty fields off the label: twenty warnings, and how many more.
+    const QString shelfLabel = m_app->settings()->templates().at(0).zplContent;
+    m_app->settings()->updateTemplate(0, [](LabelTemplate& t) {
+        t.zplContent =
+            u"^XA^PW480^LL320"_s + u"^FO500,0^A0N,30^FD{{NAAM}}^FS"_s.repeated(30) + u"^XZ"_s;
+    });
+    QTest::qWait(50);
+    save(u"08-label-preview-many-warnings"_s, m_window);
+    // A label that filling would grow past 1 MiB.
+    m_app->settings()->updateTemplate(0, [](LabelTemplate& t) {
+        t.zplContent = u"^XA^FD{{NAAM}}^FS^FX"_s + QString(ZPLService::kMaxLabelBytes, u'x');
+    });
+    QTest::qWait(50);
+    save(u"08-label-preview-too-large"_s, m_window);
+    m_app->settings()->updateTemplate(
+        0, [&shelfLabel](LabelTemplate& t) { t.zplContent = shelfLabel; });
 }
 
 void MainWindowShots::errorAlert()

@@ -35,6 +35,7 @@ private:
     void checkedWithSuccess();
     void saveFailed();
     void labelPreview();
+    void hostileLabelPreviews();
     void errorAlert();
     void darkTable();
 
