@@ -1,23 +1,16 @@
 #include "FuzzCheck.h"
 #include "FuzzEntries.h"
 #include "LabelCanvas.h"
+#include "LabelInput.h"
 #include "LabelPreview.h"
 
 #include <QGuiApplication>
 
 using namespace Qt::StringLiterals;
 
-// Input layout as for zplTemplate: template, Sku, Name, Description, BarCode,
-// separated by NUL bytes; a missing field is absent. The label is filled as
-// printing fills it and drawn at 8 and at 24 dots per millimetre.
+// Input layout: see LabelInput.h. The label is filled as printing fills it and
+// drawn at 8 and at 24 dots per millimetre.
 namespace {
-
-std::optional<QString> field(const QList<QByteArray>& fields, qsizetype index)
-{
-    if (index >= fields.size())
-        return std::nullopt;
-    return QString::fromUtf8(fields.at(index));
-}
 
 // Fonts need a QGuiApplication; libFuzzer gives the entry no place to make
 // one but the first call.
@@ -60,14 +53,7 @@ int stampixfuzz::labelRender(const std::uint8_t* data, std::size_t size)
 {
     ensureApplication();
     static const LabelRenderer renderers[] = {LabelRenderer(8), LabelRenderer(24)};
-    const QList<QByteArray> fields = toBytes(data, size).split('\0');
-    Product product;
-    product.ID = 1;
-    product.Sku = field(fields, 1);
-    product.Name = field(fields, 2);
-    product.Description = field(fields, 3);
-    product.BarCode = field(fields, 4);
-    const QString zplTemplate = field(fields, 0).value_or(QString());
+    const auto [zplTemplate, product] = LabelInput::read(data, size);
     for (const LabelRenderer& renderer : renderers) {
         const LabelPreview preview = LabelPreview::make(renderer, zplTemplate, &product);
         check(preview.failure.isEmpty() || preview.rendering.labelCount == 0,

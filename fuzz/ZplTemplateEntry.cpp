@@ -1,27 +1,18 @@
 #include "FuzzCheck.h"
 #include "FuzzEntries.h"
+#include "LabelInput.h"
 #include "services/ZPLService.h"
 
 #include <algorithm>
 
 using namespace Qt::StringLiterals;
 
-// Input layout: fields separated by NUL bytes, in this order: template, Sku,
-// Name, Description, BarCode, price (as text, e.g. "12.5"). A field that is
-// missing at the end, or that is the single byte 0x7F, is absent; an
-// unparsable price is absent too.
+// Input layout: see LabelInput.h.
 namespace {
 
 const QStringList kMessages{
     u"Ontbreekt ^XA (etiket start)"_s, u"Ontbreekt ^XZ (etiket einde)"_s,
     u"Geen placeholders gevonden. Gebruik {{ARTIKELNR}}, {{NAAM}}, of {{PRIJS}}"_s};
-
-std::optional<QString> field(const QList<QByteArray>& fields, qsizetype index)
-{
-    if (index >= fields.size() || fields.at(index) == "\x7f")
-        return std::nullopt;
-    return QString::fromUtf8(fields.at(index));
-}
 
 bool holdsPlaceholder(const QString& text)
 {
@@ -42,18 +33,7 @@ bool isInert(const QString& value)
 
 int stampixfuzz::zplTemplate(const std::uint8_t* data, std::size_t size)
 {
-    const QList<QByteArray> fields = toBytes(data, size).split('\0');
-    const QString zplTemplate = field(fields, 0).value_or(QString());
-    Product product;
-    product.ID = 1;
-    product.Sku = field(fields, 1);
-    product.Name = field(fields, 2);
-    product.Description = field(fields, 3);
-    product.BarCode = field(fields, 4);
-    bool parsed = false;
-    const double price = field(fields, 5).value_or(QString()).toDouble(&parsed);
-    if (parsed)
-        product.SellPrice1WithVat = price;
+    const auto [zplTemplate, product] = LabelInput::read(data, size);
 
     const ZPLService zpl;
     const std::optional<QString> label = zpl.generateZPL(product, zplTemplate);

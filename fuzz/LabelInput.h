@@ -1,0 +1,44 @@
+#pragma once
+
+#include "FuzzCheck.h"
+#include "services/Product.h"
+
+#include <QList>
+
+namespace stampixfuzz {
+
+// A label template and a product from one input: fields separated by NUL
+// bytes, in this order: template, Sku, Name, Description, BarCode, price (as
+// text, e.g. "12.5"). A field that is missing at the end, or that is the
+// single byte 0x7F, is absent; an unparsable price is absent too.
+struct LabelInput
+{
+    QString zplTemplate;
+    Product product;
+
+    static std::optional<QString> field(const QList<QByteArray>& fields, qsizetype index)
+    {
+        if (index >= fields.size() || fields.at(index) == "\x7f")
+            return std::nullopt;
+        return QString::fromUtf8(fields.at(index));
+    }
+
+    static LabelInput read(const std::uint8_t* data, std::size_t size)
+    {
+        const QList<QByteArray> fields = toBytes(data, size).split('\0');
+        LabelInput input;
+        input.zplTemplate = field(fields, 0).value_or(QString());
+        input.product.ID = 1;
+        input.product.Sku = field(fields, 1);
+        input.product.Name = field(fields, 2);
+        input.product.Description = field(fields, 3);
+        input.product.BarCode = field(fields, 4);
+        bool parsed = false;
+        const double price = field(fields, 5).value_or(QString()).toDouble(&parsed);
+        if (parsed)
+            input.product.SellPrice1WithVat = price;
+        return input;
+    }
+};
+
+} // namespace stampixfuzz
