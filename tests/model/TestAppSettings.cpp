@@ -20,12 +20,6 @@ constexpr QFileDevice::Permissions kOwnerReadWrite =
 // Owner, group and other; the "User" bits only mirror the owner's.
 constexpr int kUnixBits = 0x7077;
 
-QByteArray readFile(const QString& path)
-{
-    QFile file(path);
-    return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
-}
-
 // What a save prints.
 QString savedLog(AppSettings& settings)
 {
@@ -239,7 +233,7 @@ void TestAppSettings::unreadableFileIsKeptAside()
     for (const QString& name : kept) {
         QVERIFY2(kName.match(name).hasMatch(), qPrintable(name));
         QFile::setPermissions(directory.filePath(name), kOwnerReadWrite);
-        QCOMPARE(readFile(directory.filePath(name)), content);
+        QCOMPARE(TestHome::readFile(directory.filePath(name)), content);
     }
 }
 
@@ -326,7 +320,7 @@ void TestAppSettings::filesAreOwnerOnly()
     else
         settings.savePendingChanges();
     ::umask(previousUmask);
-    QVERIFY(SettingsData::read(readFile(file.fileName()), nullptr));
+    QVERIFY(SettingsData::read(TestHome::readFile(file.fileName()), nullptr));
     QCOMPARE(int(file.permissions()) & kUnixBits, int(kOwnerReadWrite));
     QCOMPARE(int(QFile::permissions(home.settingsDirectory())) & kUnixBits,
              int(kOwnerReadWrite | QFileDevice::ExeOwner));

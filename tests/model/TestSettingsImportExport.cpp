@@ -23,18 +23,6 @@ struct ScriptedDialogs : SettingsFileDialogs
     void showMessage(const Message& message) override { messages.append(message); }
 };
 
-QByteArray readFile(const QString& path)
-{
-    QFile file(path);
-    return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
-}
-
-bool writeFile(const QString& path, const QByteArray& bytes)
-{
-    QFile file(path);
-    return file.open(QIODevice::WriteOnly) && file.write(bytes) == bytes.size();
-}
-
 // The one message shown; a failure's reason follows `informativeText`.
 void verifyMessage(const ScriptedDialogs& dialogs, Style style, const QString& text,
                    const QString& informativeText)
@@ -85,7 +73,7 @@ void TestSettingsImportExport::importThenExportKeepsEverything()
     AppSettings settings;
     ScriptedDialogs dialogs;
     dialogs.chosenPath = home.path() + u"/import.json"_s;
-    QVERIFY(writeFile(*dialogs.chosenPath, document));
+    QVERIFY(TestHome::writeFile(*dialogs.chosenPath, document));
     SettingsFileHelper::importSettings(settings, dialogs);
     verifyMessage(dialogs, Style::Informational, u"Instellingen Geïmporteerd"_s,
                   u"De instellingen zijn succesvol geïmporteerd."_s);
@@ -96,12 +84,12 @@ void TestSettingsImportExport::importThenExportKeepsEverything()
 
     // An existing, longer file at the chosen place is replaced as a whole.
     dialogs.chosenPath = home.path() + u"/stampix-settings.json"_s;
-    QVERIFY(writeFile(*dialogs.chosenPath, QByteArray(10000, 'x')));
+    QVERIFY(TestHome::writeFile(*dialogs.chosenPath, QByteArray(10000, 'x')));
     dialogs.messages.clear();
     SettingsFileHelper::exportSettings(settings, dialogs);
     verifyMessage(dialogs, Style::Informational, u"Instellingen Geëxporteerd"_s,
                   u"De instellingen zijn opgeslagen naar:\n"_s + *dialogs.chosenPath);
-    QCOMPARE(readFile(*dialogs.chosenPath), saved);
+    QCOMPARE(TestHome::readFile(*dialogs.chosenPath), saved);
 }
 
 void TestSettingsImportExport::importTakesDefaultsForWhatTheFileLacks_data()
@@ -128,7 +116,7 @@ void TestSettingsImportExport::importTakesDefaultsForWhatTheFileLacks()
     settings.addDossier();
     settings.addTemplate();
     settings.setColumnWidthBarcode(1);
-    QVERIFY(writeFile(home.path() + u"/import.json"_s, content));
+    QVERIFY(TestHome::writeFile(home.path() + u"/import.json"_s, content));
     QCOMPARE(settings.importSettings(home.path() + u"/import.json"_s), std::nullopt);
     QCOMPARE(settings.bookyear(), SettingsData::currentYear());
     QCOMPARE(settings.dossiers(), QList<Dossier>{Dossier::defaultDossier()});
@@ -166,7 +154,7 @@ void TestSettingsImportExport::failuresAreReportedAndChangeNothing()
     settings.addPrinter();
     settings.savePendingChanges();
     const QByteArray before = home.readSettingsFile();
-    QVERIFY(content.isEmpty() || writeFile(home.path() + u"/file.json"_s, content));
+    QVERIFY(content.isEmpty() || TestHome::writeFile(home.path() + u"/file.json"_s, content));
     ScriptedDialogs dialogs;
     // A dialog that returns an empty path has not chosen anything either.
     dialogs.chosenPath = chosenFile.isEmpty() ? QString() : home.path() + u'/' + chosenFile;

@@ -41,7 +41,6 @@ void SettingsCrashSafetyTest::killedWhileSavingLeavesACompleteFile()
     QVERIFY(loop.waitForReadyRead(10000));
     const int firstSaveMs = int(started.elapsed());
     qint64 onDisk = -1;
-    qint64 saves = 0;
     for (int kill = 0; kill < kills; ++kill) {
         if (kill > 0) {
             loop.start(QStringLiteral(STAMPIX_SAVE_LOOP));
@@ -62,10 +61,8 @@ void SettingsCrashSafetyTest::killedWhileSavingLeavesACompleteFile()
         QVERIFY2(found == reported || found == reported + 1,
                  qPrintable(u"reported %1, found %2"_s.arg(reported).arg(found)));
         QVERIFY2(saveloop::matches(*data, found), "the file is not its sequence's document");
-        saves += onDisk < 0 ? 0 : found - onDisk;
         onDisk = found;
     }
-    qInfo("%d kills, %lld saves between them", kills, saves);
     // A save killed before its rename leaves its temporary file, which must be
     // the owner's only; nothing was kept aside as unreadable.
     const QDir directory(home.settingsDirectory());

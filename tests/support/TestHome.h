@@ -40,19 +40,23 @@ public:
         return settingsDirectory() + QStringLiteral("/settings.json");
     }
 
+    // A file's bytes; empty when it cannot be read.
+    static QByteArray readFile(const QString& path)
+    {
+        QFile file(path);
+        return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
+    }
+    static bool writeFile(const QString& path, const QByteArray& bytes)
+    {
+        QFile file(path);
+        return file.open(QIODevice::WriteOnly) && file.write(bytes) == bytes.size();
+    }
     // Writes the settings file as a previous run would have left it.
     bool writeSettingsFile(const QByteArray& bytes) const
     {
-        QFile file(settingsFilePath());
-        return QDir().mkpath(settingsDirectory()) && file.open(QIODevice::WriteOnly) &&
-               file.write(bytes) == bytes.size();
+        return QDir().mkpath(settingsDirectory()) && writeFile(settingsFilePath(), bytes);
     }
-    // The settings file's bytes; empty when it cannot be read.
-    QByteArray readSettingsFile() const
-    {
-        QFile file(settingsFilePath());
-        return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
-    }
+    QByteArray readSettingsFile() const { return readFile(settingsFilePath()); }
 
     // Puts a directory where a settings file goes: every save there fails,
     // also for the superuser, whom permissions do not stop.

@@ -31,12 +31,6 @@ QByteArray expectedLabel(const QString& sku, const QString& name, const QString&
         .toUtf8();
 }
 
-QByteArray readFile(const QString& path)
-{
-    QFile file(path);
-    return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
-}
-
 } // namespace
 
 // The demo from the user's side: the demo settings, the product list model
@@ -99,7 +93,7 @@ void DemoPathTest::printFromTheProductWindow()
     const QByteArray second = expectedLabel(withoutPrice.sku(), *withoutPrice.Name, u"-"_s);
     const QList<QByteArray> expected{first, first, second, second};
     for (int i = 0; i < expected.size(); ++i)
-        QCOMPARE(readFile(folder.filePath(LabelJobWriter::fileName(i + 1))), expected[i]);
+        QCOMPARE(TestHome::readFile(folder.filePath(LabelJobWriter::fileName(i + 1))), expected[i]);
     QCOMPARE(model.errorMessage(), std::nullopt);
     QCOMPARE(model.successMessage(), u"Etiket geprint voor "_s + withoutPrice.sku());
 }
