@@ -42,52 +42,34 @@ void TestRenderLabelTool::run_data()
     QTest::addColumn<QList<QSize>>("pictures"); // out.png, out-2.png, ...; none: a failure
     QTest::addColumn<QByteArray>("earlier");    // already at the -o path; empty: nothing
 
-    QTest::newRow("sample values")
-        << QStringList{u"--sample"_s, u"label.zpl"_s, u"-o"_s, u"OUT"_s} << QByteArray() << u"^PQ"_s
-        << QList<QSize>{{400, 200}} << QByteArray();
-    QTest::newRow("standard input, size unknown")
-        << QStringList{u"--dpmm"_s, u"12"_s, u"-"_s, u"-o"_s, u"OUT"_s}
-        << QByteArray("^XA^FO0,0^GB10,10,1^FS^XZ") << u"onbekend"_s << QList<QSize>{{34, 34}}
-        << QByteArray();
-    QTest::newRow("product caret warned")
-        << QStringList{u"--product"_s, u"product.json"_s, u"label.zpl"_s, u"-o"_s, u"OUT"_s}
-        << QByteArray() << u"^FH"_s << QList<QSize>{{400, 200}} << QByteArray();
-    QTest::newRow("unreadable input")
-        << QStringList{u"missing.zpl"_s, u"-o"_s, u"OUT"_s} << QByteArray() << u"missing.zpl"_s
-        << QList<QSize>() << QByteArray();
-    QTest::newRow("output directory missing")
-        << QStringList{u"label.zpl"_s, u"-o"_s, u"no/such/dir/out.png"_s} << QByteArray()
-        << u"no/such/dir/out.png"_s << QList<QSize>() << QByteArray();
-    QTest::newRow("output is a directory")
-        << QStringList{u"label.zpl"_s, u"-o"_s, u"out-is-a-dir.png"_s} << QByteArray()
-        << u"out-is-a-dir.png"_s << QList<QSize>() << QByteArray();
-    QTest::newRow("two labels, two pictures")
-        << QStringList{u"-"_s, u"-o"_s, u"OUT"_s} << QByteArray("^XA^PW80^LL40^XZ^XA^PW40^LL80^XZ")
-        << QString() << QList<QSize>{{80, 40}, {40, 80}} << QByteArray();
-    QTest::newRow("second picture unwritable, first not kept")
-        << QStringList{u"-"_s, u"-o"_s, u"out-2-is-a-dir.png"_s}
-        << QByteArray("^XA^PW80^LL40^XZ^XA^PW40^LL80^XZ") << u"out-2-is-a-dir-2.png"_s
-        << QList<QSize>() << QByteArray();
-    QTest::newRow("second picture unwritable, earlier first kept")
-        << QStringList{u"-"_s, u"-o"_s, u"out-2-is-a-dir.png"_s}
-        << QByteArray("^XA^PW80^LL40^XZ^XA^PW40^LL80^XZ") << u"out-2-is-a-dir-2.png"_s
-        << QList<QSize>() << QByteArray("earlier picture");
-    QTest::newRow("earlier pictures replaced")
-        << QStringList{u"-"_s, u"-o"_s, u"OUT"_s} << QByteArray("^XA^PW80^LL40^XZ") << QString()
-        << QList<QSize>{{80, 40}} << QByteArray("earlier picture");
-    QTest::newRow("unsupported resolution")
-        << QStringList{u"--dpmm"_s, u"10"_s, u"label.zpl"_s, u"-o"_s, u"OUT"_s} << QByteArray()
-        << u"--dpmm"_s << QList<QSize>() << QByteArray();
-    QTest::newRow("a hundred pictures at most")
-        << QStringList{u"-"_s, u"-o"_s, u"OUT"_s} << QByteArray("^XA^PW8^LL8^XZ").repeated(101)
-        << u"Alleen de eerste 100 etiketten getoond."_s << QList<QSize>(100, QSize(8, 8))
-        << QByteArray();
-    QTest::newRow("input over 1 MiB")
-        << QStringList{u"-"_s, u"-o"_s, u"OUT"_s} << QByteArray(1024 * 1024 + 1, ' ')
-        << u"groter dan 1 MiB"_s << QList<QSize>() << QByteArray();
-    QTest::newRow("product not JSON")
-        << QStringList{u"--product"_s, u"broken.json"_s, u"label.zpl"_s, u"-o"_s, u"OUT"_s}
-        << QByteArray() << u"broken.json"_s << QList<QSize>() << QByteArray();
+    const auto add = [](const char* name, const QString& arguments, const QString& message,
+                        const QList<QSize>& pictures, const QByteArray& input = {},
+                        const QByteArray& earlier = {}) {
+        QTest::newRow(name) << arguments.split(u' ') << input << message << pictures << earlier;
+    };
+    const QByteArray two = "^XA^PW80^LL40^XZ^XA^PW40^LL80^XZ";
+    add("sample values", u"--sample label.zpl -o OUT"_s, u"^PQ"_s, {{400, 200}});
+    add("standard input, size unknown", u"--dpmm 12 - -o OUT"_s, u"onbekend"_s, {{34, 34}},
+        "^XA^FO0,0^GB10,10,1^FS^XZ");
+    add("product caret warned", u"--product product.json label.zpl -o OUT"_s, u"^FH"_s,
+        {{400, 200}});
+    add("unreadable input", u"missing.zpl -o OUT"_s, u"missing.zpl"_s, {});
+    add("output directory missing", u"label.zpl -o no/such/dir/out.png"_s, u"no/such/dir/out.png"_s,
+        {});
+    add("output is a directory", u"label.zpl -o out-is-a-dir.png"_s, u"out-is-a-dir.png"_s, {});
+    add("two labels, two pictures", u"- -o OUT"_s, QString(), {{80, 40}, {40, 80}}, two);
+    add("second picture unwritable, first not kept", u"- -o out-2-is-a-dir.png"_s,
+        u"out-2-is-a-dir-2.png"_s, {}, two);
+    add("second picture unwritable, earlier first kept", u"- -o out-2-is-a-dir.png"_s,
+        u"out-2-is-a-dir-2.png"_s, {}, two, "earlier picture");
+    add("earlier pictures replaced", u"- -o OUT"_s, QString(), {{80, 40}}, "^XA^PW80^LL40^XZ",
+        "earlier picture");
+    add("unsupported resolution", u"--dpmm 10 label.zpl -o OUT"_s, u"--dpmm"_s, {});
+    add("a hundred pictures at most", u"- -o OUT"_s, u"Alleen de eerste 100 etiketten getoond."_s,
+        QList<QSize>(100, QSize(8, 8)), QByteArray("^XA^PW8^LL8^XZ").repeated(101));
+    add("input over 1 MiB", u"- -o OUT"_s, u"groter dan 1 MiB"_s, {},
+        QByteArray(1024 * 1024 + 1, ' '));
+    add("product not JSON", u"--product broken.json label.zpl -o OUT"_s, u"broken.json"_s, {});
 }
 
 void TestRenderLabelTool::run()

@@ -13,14 +13,14 @@ using namespace std::chrono_literals;
 namespace {
 
 // Answers as a printer does: its first string, then the two others.
-QByteArray answer(const QByteArray& first, const QByteArray& second,
+const QByteArray kSecond = "000,0,0,0,1,2,6,0,00000000,1,000";
+QByteArray answer(const QByteArray& first, const QByteArray& second = kSecond,
                   const QByteArray& third = "1234,0")
 {
     return "\x02" + first + "\x03\r\n\x02" + second + "\x03\r\n\x02" + third + "\x03\r\n";
 }
 
-const QByteArray kReady =
-    answer("030,0,0,1218,000,0,0,0,000,0,0,0", "000,0,0,0,1,2,6,0,00000000,1,000");
+const QByteArray kReady = answer("030,0,0,1218,000,0,0,0,000,0,0,0");
 
 } // namespace
 
@@ -46,11 +46,8 @@ void PrinterStatusTest::readsTheAnswer_data()
 
     QTest::newRow("ready") << kReady << u"Gereed"_s << 0;
     QTest::newRow("formats waiting")
-        << answer("030,0,0,1218,003,0,0,0,000,0,0,0", "000,0,0,0,1,2,6,0,00000000,1,000")
-        << u"Gereed, formaten in de buffer: 3"_s << 0;
-    QTest::newRow("paper out") << answer("030,1,0,1218,000,0,0,0,000,0,0,0",
-                                         "000,0,0,0,1,2,6,0,00000000,1,000")
-                               << u"Papier op"_s << 0;
+        << answer("030,0,0,1218,003,0,0,0,000,0,0,0") << u"Gereed, formaten in de buffer: 3"_s << 0;
+    QTest::newRow("paper out") << answer("030,1,0,1218,000,0,0,0,000,0,0,0") << u"Papier op"_s << 0;
     QTest::newRow("paused, head up, labels remaining")
         << answer("030,0,1,1218,001,0,0,0,000,0,0,0", "000,0,1,0,1,2,6,0,00000025,1,000")
         << u"Gepauzeerd, Kop open"_s << 25;
@@ -59,22 +56,17 @@ void PrinterStatusTest::readsTheAnswer_data()
         << u"Papier op, Gepauzeerd, Kop open, Lint op, Ontvangstbuffer vol, Te warm, Te koud, "
            u"Configuratie verloren"_s
         << 0;
-    QTest::newRow("field missing")
-        << answer("030,0,0,1218,000,0,0,0,000,0,0", "000,0,0,0,1,2,6,0,00000000,1,000") << QString()
-        << 0;
+    QTest::newRow("field missing") << answer("030,0,0,1218,000,0,0,0,000,0,0") << QString() << 0;
     QTest::newRow("flag not 0 or 1")
-        << answer("030,2,0,1218,000,0,0,0,000,0,0,0", "000,0,0,0,1,2,6,0,00000000,1,000")
-        << QString() << 0;
+        << answer("030,2,0,1218,000,0,0,0,000,0,0,0") << QString() << 0;
     QTest::newRow("count not a number")
-        << answer("030,0,0,-218,000,0,0,0,000,0,0,0", "000,0,0,0,1,2,6,0,00000000,1,000")
-        << QString() << 0;
+        << answer("030,0,0,-218,000,0,0,0,000,0,0,0") << QString() << 0;
     QTest::newRow("no STX") << kReady.mid(1) << QString() << 0;
     QTest::newRow("cut short") << kReady.left(kReady.size() - 3) << QString() << 0;
     QTest::newRow("more after the end") << kReady + "x" << QString() << 0;
     QTest::newRow("oversized") << kReady + QByteArray(1024, ' ') << QString() << 0;
     QTest::newRow("well-formed but oversized")
-        << answer("030,0,0,1218,000,0,0,0,000,0,0,0", "000,0,0,0,1,2,6,0,00000000,1,000",
-                  QByteArray(1100, '1') + ",0")
+        << answer("030,0,0,1218,000,0,0,0,000,0,0,0", kSecond, QByteArray(1100, '1') + ",0")
         << QString() << 0;
     QTest::newRow("empty") << QByteArray() << QString() << 0;
 }

@@ -28,10 +28,8 @@ private slots:
     void options();
     void printers_data();
     void printers();
-    void statusQueriesInAJob_data();
-    void statusQueriesInAJob();
-    void printerBoundsAJob_data();
-    void printerBoundsAJob();
+    void jobs_data();
+    void jobs();
     void serviceBoundsABody_data();
     void serviceBoundsABody();
     void demoSettingsStayOutOfTheOwnHome();
@@ -131,55 +129,30 @@ void SimulatorTest::printers()
              LabelRenderer().render(u"^XA^FD\u00e9^FS^XZ"_s).labels.value(0).image);
 }
 
-void SimulatorTest::statusQueriesInAJob_data()
+void SimulatorTest::jobs_data()
 {
     QTest::addColumn<QByteArrayList>("reads"); // each written on its own, a moment apart
     QTest::addColumn<int>("answers");
-    QTest::newRow("in one read") << QByteArrayList{"^XA~HS^XZ"} << 1;
-    QTest::newRow("byte by byte") << QByteArrayList{"^XA~", "H", "S^XZ"} << 1;
-    QTest::newRow("around another") << QByteArrayList{"^XA~H~HSS^XZ"} << 2;
-    QTest::newRow("around another, split") << QByteArrayList{"^XA~", "H~HSS^XZ"} << 2;
+    QTest::addColumn<QByteArray>("job"); // null: not kept
+    // A query is found wherever the reads split it, answered, and kept out of the job.
+    QTest::newRow("query in one read") << QByteArrayList{"^XA~HS^XZ"} << 1 << QByteArray("^XA^XZ");
+    QTest::newRow("query byte by byte")
+        << QByteArrayList{"^XA~", "H", "S^XZ"} << 1 << QByteArray("^XA^XZ");
+    QTest::newRow("query around another")
+        << QByteArrayList{"^XA~H~HSS^XZ"} << 2 << QByteArray("^XA^XZ");
+    QTest::newRow("query around another, split")
+        << QByteArrayList{"^XA~", "H~HSS^XZ"} << 2 << QByteArray("^XA^XZ");
+    const QByteArray bound(VirtualPrinter::kMaxJobBytes, 'x');
+    QTest::newRow("at the bound") << QByteArrayList{bound} << 0 << bound;
+    // Past the bound the printer closes the connection itself.
+    QTest::newRow("past the bound") << QByteArrayList{bound + 'x'} << 0 << QByteArray();
 }
 
-// A query is found wherever the reads split it, answered, and kept out of the job.
-void SimulatorTest::statusQueriesInAJob()
+void SimulatorTest::jobs()
 {
     QFETCH(QByteArrayList, reads);
     QFETCH(int, answers);
-    QTemporaryDir jobs;
-    VirtualPrinter printer(u"P"_s, jobs.path());
-    QString error;
-    QVERIFY2(printer.start(0, &error), qPrintable(error));
-    QSignalSpy written(&printer, &VirtualPrinter::jobWritten);
-    QTcpSocket client;
-    client.connectToHost(QHostAddress::LocalHost, printer.port());
-    QVERIFY(client.waitForConnected(5000));
-    for (const QByteArray& read : std::as_const(reads)) {
-        client.write(read);
-        QVERIFY(client.waitForBytesWritten(5000));
-        QTest::qWait(20);
-    }
-    const QByteArray answer = VirtualPrinter::statusAnswer(VirtualPrinter::State::ready);
-    QTRY_VERIFY(client.bytesAvailable() >= answer.size() * answers);
-    QTest::qWait(20);
-    QCOMPARE(client.readAll(), answer.repeated(answers));
-    client.disconnectFromHost();
-    QTRY_COMPARE(written.size(), 1);
-    QCOMPARE(written.at(0).at(1).toByteArray(), "^XA^XZ");
-}
-
-void SimulatorTest::printerBoundsAJob_data()
-{
-    QTest::addColumn<qint64>("size");
-    QTest::addColumn<bool>("kept");
-    QTest::newRow("at the bound") << VirtualPrinter::kMaxJobBytes << true;
-    QTest::newRow("past the bound") << VirtualPrinter::kMaxJobBytes + 1 << false;
-}
-
-void SimulatorTest::printerBoundsAJob()
-{
-    QFETCH(qint64, size);
-    QFETCH(bool, kept);
+    QFETCH(QByteArray, job);
     QTemporaryDir jobs;
     VirtualPrinter printer(u"P"_s, jobs.path());
     QString error;
@@ -189,17 +162,24 @@ void SimulatorTest::printerBoundsAJob()
     QTcpSocket client;
     client.connectToHost(QHostAddress::LocalHost, printer.port());
     QVERIFY(client.waitForConnected(5000));
-    client.write(QByteArray(size, 'x'));
-    if (kept)
+    for (const QByteArray& read : std::as_const(reads)) {
+        client.write(read);
+        client.waitForBytesWritten(5000);
+        QTest::qWait(20);
+    }
+    const QByteArray answer = VirtualPrinter::statusAnswer(VirtualPrinter::State::ready);
+    QTRY_VERIFY(client.bytesAvailable() >= answer.size() * answers);
+    QTest::qWait(20);
+    QCOMPARE(client.readAll(), answer.repeated(answers));
+    if (!job.isNull())
         client.disconnectFromHost();
-    // Past the bound the printer closes the connection itself.
     QTRY_COMPARE_WITH_TIMEOUT(client.state(), QAbstractSocket::UnconnectedState, 10000);
     QTRY_COMPARE(written.size() + notWritten.size(), 1);
-    QCOMPARE(written.size(), kept ? 1 : 0);
-    if (kept)
-        QCOMPARE(written.at(0).at(1).toByteArray().size(), size);
-    else
+    QCOMPARE(written.size(), job.isNull() ? 0 : 1);
+    if (job.isNull())
         QVERIFY(QDir(jobs.path()).isEmpty());
+    else
+        QCOMPARE(written.at(0).at(1).toByteArray(), job);
 }
 
 void SimulatorTest::serviceBoundsABody_data()
