@@ -48,16 +48,15 @@ void resetPeak()
 }
 
 Product product(const QString& name, const QString& sku = u"A-1"_s,
-                const QString& description = QString(), const QString& barcode = QString())
+                const QString& description = QString())
 {
-    Product product;
-    product.ID = 1;
-    product.Sku = sku;
-    product.Name = name;
-    product.Description = description;
-    product.BarCode = barcode;
-    product.SellPrice1WithVat = 2.5;
-    return product;
+    return {.ID = 1,
+            .Sku = sku,
+            .Name = name,
+            .Description = description,
+            .SellPrice1WithVat = 2.5,
+            .BarCode = QString(),
+            .Active = {}};
 }
 
 } // namespace

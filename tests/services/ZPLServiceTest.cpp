@@ -12,14 +12,13 @@ namespace {
 Product product(std::optional<QString> sku, std::optional<QString> name,
                 std::optional<double> price = 3.5)
 {
-    Product product;
-    product.ID = 42;
-    product.Sku = std::move(sku);
-    product.Name = std::move(name);
-    product.Description = u"Lavendel, 250 ml"_s;
-    product.SellPrice1WithVat = price;
-    product.BarCode = u"8711111111111"_s;
-    return product;
+    return {.ID = 42,
+            .Sku = std::move(sku),
+            .Name = std::move(name),
+            .Description = u"Lavendel, 250 ml"_s,
+            .SellPrice1WithVat = price,
+            .BarCode = u"8711111111111"_s,
+            .Active = {}};
 }
 
 } // namespace

@@ -57,18 +57,12 @@ std::unique_ptr<AppSettings> ProductWindowFixture::makeConfiguredSettings() cons
 
 void ProductWindowFixture::configure(AppSettings& settings) const
 {
-    Dossier dossier;
-    dossier.name = u"Winkel"_s;
-    dossier.apiKey = u"key-1"_s;
-    Printer printer;
-    printer.name = u"Balie"_s;
-    printer.ipAddress = u"127.0.0.1"_s;
-    printer.port = m_sink.port();
-    LabelTemplate label;
-    label.name = u"Schap"_s;
+    const Dossier dossier{.name = u"Winkel"_s, .apiKey = u"key-1"_s};
+    const Printer printer{.name = u"Balie"_s, .ipAddress = u"127.0.0.1"_s, .port = m_sink.port()};
     // Two placeholders, so every job at the sink names its product.
-    label.zplContent = u"^XA^FD{{ARTIKELNR}}|{{NAAM}}^FS^XZ"_s;
-    label.printerID = printer.id;
+    const LabelTemplate label{
+        QUuid::createUuid(), u"Schap"_s, u"^XA^FD{{ARTIKELNR}}|{{NAAM}}^FS^XZ"_s,
+        printer.id,          {},         {}};
     settings.setDossiers({dossier});
     settings.setSelectedDossierID(dossier.id);
     settings.setPrinters({printer});

@@ -196,8 +196,7 @@ void ProductWindowTest::appearingAndAlerts()
 void ProductWindowTest::onlyAnotherDossierReloads()
 {
     showWindow();
-    Dossier second;
-    second.apiKey = u"key-2"_s;
+    const Dossier second{QUuid::createUuid(), {}, u"key-2"_s};
     const QUuid first = m_settings->dossiers().at(0).id;
     m_settings->setDossiers({m_settings->dossiers().at(0), second});
     QComboBox* picker = m_view->toolbar()->dossierPicker();
@@ -256,14 +255,11 @@ void ProductWindowTest::aFailedSaveShowsUntilASaveSucceeds()
     QTest::mouseClick(status->printButton(), Qt::LeftButton);
     QTRY_VERIFY_WITH_TIMEOUT(!status->isPrinting(), 10000);
     QVERIFY(status->successRow()->isVisible() && !line->isVisible());
-    const QList<QWidget*> row{status->countLabel(),    status->successLabel(),
-                              status->successRow(),    status->printButton(),
-                              status->printControls(), status->versionLabel()};
-    const auto geometries = [&row] {
-        QList<QRect> rects;
-        for (const QWidget* widget : row)
-            rects.append(widget->geometry());
-        return rects;
+    const auto geometries = [status] {
+        return QList<QRect>{
+            status->countLabel()->geometry(),    status->successLabel()->geometry(),
+            status->successRow()->geometry(),    status->printButton()->geometry(),
+            status->printControls()->geometry(), status->versionLabel()->geometry()};
     };
     QTest::qWait(50);
     const QList<QRect> before = geometries();
@@ -479,9 +475,12 @@ void ProductWindowTest::columnWidthsComeFromTheStoreAndKeepTheirMinimum()
 
 void ProductWindowTest::labelPreviewFollowsSelectionTemplateAndEdits()
 {
-    LabelTemplate accented;
-    accented.name = u"Klein"_s;
-    accented.zplContent = u"^XA^PW400^LL200^FO10,10^A0N,30^FDé {{NAAM}}^FS^XZ"_s;
+    const LabelTemplate accented{QUuid::createUuid(),
+                                 u"Klein"_s,
+                                 u"^XA^PW400^LL200^FO10,10^A0N,30^FDé {{NAAM}}^FS^XZ"_s,
+                                 {},
+                                 {},
+                                 {}};
     m_settings->setTemplates({m_settings->templates().at(0), accented});
     showTable();
     QVERIFY(!m_view->isLabelPreviewShown());

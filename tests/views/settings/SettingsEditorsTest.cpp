@@ -32,16 +32,14 @@ class SettingsEditorsTest : public QObject
     Q_OBJECT
 
 private slots:
-    void testButtonFollowsTheAddress();
+    void addressAndPortFields();
     void statusButtonAsksThePrinter_data();
     void statusButtonAsksThePrinter();
     void fieldsShowTheirEdgeInEitherPalette_data();
     void fieldsShowTheirEdgeInEitherPalette();
-    void portTakesOnlyWholeNumbers();
     void writesThroughAStaleIndexAreIgnored();
     void templatePrinterChoice();
     void addingAPrinterFromTheTemplatePage();
-    void testPrintNeedsAPrinterAndADeleteNeedsASecondTemplate();
     void chipsAndValidationFollowTheText();
     void templateTextIsKeptExactly_data();
     void templateTextIsKeptExactly();
@@ -49,8 +47,14 @@ private slots:
     void previewFollowsTheText();
 };
 
-void SettingsEditorsTest::testButtonFollowsTheAddress()
+void SettingsEditorsTest::addressAndPortFields()
 {
+    QCOMPARE(PrinterEditorPage::parsePort(u"9100"_s), 9100);
+    QCOMPARE(PrinterEditorPage::parsePort(u"-3"_s), -3);
+    QCOMPARE(PrinterEditorPage::parsePort(u"abc"_s), std::nullopt);
+    QCOMPARE(PrinterEditorPage::parsePort(u"12.5"_s), std::nullopt);
+    QCOMPARE(PrinterEditorPage::parsePort(u"9.100"_s), std::nullopt);
+    QCOMPARE(PrinterEditorPage::parsePort(QString()), std::nullopt);
     SettingsViewHarness harness;
     harness.setPrinters({SettingsViewHarness::printer(u"Balie"_s, QString())});
     QVERIFY(harness.show());
@@ -73,6 +77,21 @@ void SettingsEditorsTest::testButtonFollowsTheAddress()
     // Delete is offered even for the only printer.
     QVERIFY(page->deleteButton()->isVisible());
     QCOMPARE(page->deleteButton()->text(), u"Verwijder Printer"_s);
+
+    // A port that is not a whole number is not stored; leaving the field shows
+    // the port in force again.
+    QLineEdit* port = page->portField();
+    QCOMPARE(port->text(), u"9100"_s);
+    port->setFocus();
+    port->selectAll();
+    QTest::keyClicks(port, u"abc"_s);
+    QCOMPARE(harness.settings().printers().at(0).port, 9100);
+    page->nameField()->setFocus();
+    QTRY_COMPARE(port->text(), u"9100"_s);
+    port->setFocus();
+    port->selectAll();
+    QTest::keyClicks(port, u"6101"_s);
+    QCOMPARE(harness.settings().printers().at(0).port, 6101);
 }
 
 void SettingsEditorsTest::statusButtonAsksThePrinter_data()
@@ -147,36 +166,6 @@ void SettingsEditorsTest::fieldsShowTheirEdgeInEitherPalette()
     editor->setFocus();
     QTRY_VERIFY(editor->hasFocus());
     QCOMPARE(editor->grab().toImage().pixelColor(0, editor->height() / 2), Theme::accent(palette));
-}
-
-void SettingsEditorsTest::portTakesOnlyWholeNumbers()
-{
-    QCOMPARE(PrinterEditorPage::parsePort(u"9100"_s), 9100);
-    QCOMPARE(PrinterEditorPage::parsePort(u"-3"_s), -3);
-    QCOMPARE(PrinterEditorPage::parsePort(u"abc"_s), std::nullopt);
-    QCOMPARE(PrinterEditorPage::parsePort(u"12.5"_s), std::nullopt);
-    QCOMPARE(PrinterEditorPage::parsePort(u"9.100"_s), std::nullopt);
-    QCOMPARE(PrinterEditorPage::parsePort(QString()), std::nullopt);
-
-    SettingsViewHarness harness;
-    harness.setPrinters({SettingsViewHarness::printer(u"Balie"_s, u"10.0.0.5"_s, 9100)});
-    QVERIFY(harness.show());
-    auto* page = harness.open<PrinterEditorPage>(Kind::printer);
-    QLineEdit* port = page->portField();
-    QCOMPARE(port->text(), u"9100"_s);
-
-    port->setFocus();
-    port->selectAll();
-    QTest::keyClicks(port, u"abc"_s);
-    QCOMPARE(harness.settings().printers().at(0).port, 9100);
-    // Leaving the field shows the port in force again.
-    page->nameField()->setFocus();
-    QTRY_COMPARE(port->text(), u"9100"_s);
-
-    port->setFocus();
-    port->selectAll();
-    QTest::keyClicks(port, u"6101"_s);
-    QCOMPARE(harness.settings().printers().at(0).port, 6101);
 }
 
 void SettingsEditorsTest::writesThroughAStaleIndexAreIgnored()
@@ -254,6 +243,27 @@ void SettingsEditorsTest::templatePrinterChoice()
     emit choice->activated(0);
     QCOMPARE(harness.settings().templates().at(0).printerID, std::nullopt);
     QVERIFY(page->printerHint()->isVisible());
+
+    // The test print needs a printer, and a delete a second template.
+    QVERIFY(!page->testButton()->isEnabled());
+    QVERIFY(!page->isDeleteShown());
+    harness.settings().updateTemplate(
+        0, [&withAddress](LabelTemplate& t) { t.printerID = withAddress.id; });
+    QVERIFY(page->testButton()->isEnabled());
+    // Bound to a printer that has no address: enabled, and the press says why
+    // nothing was sent, in red with the cross.
+    harness.settings().updatePrinter(0, [](Printer& p) { p.ipAddress.clear(); });
+    QVERIFY(page->testButton()->isEnabled());
+    clickOn(page->testButton());
+    QCOMPARE(harness.view().templateTestResult(), u"Geen printer geconfigureerd"_s);
+    QVERIFY(!harness.view().isTemplateTesting());
+    QVERIFY(page->resultRow()->isVisible());
+    QCOMPARE(page->resultLabel()->text(), u"Geen printer geconfigureerd"_s);
+    QCOMPARE(page->resultLabel()->palette().color(QPalette::WindowText),
+             SettingsEditorPage::red(page->palette()));
+    harness.settings().addTemplate();
+    QVERIFY(page->isDeleteShown());
+    QCOMPARE(page->deleteButton()->text(), u"Verwijder Etiket"_s);
 }
 
 void SettingsEditorsTest::addingAPrinterFromTheTemplatePage()
@@ -277,37 +287,6 @@ void SettingsEditorsTest::addingAPrinterFromTheTemplatePage()
     // Neither bound to the template nor opening the Printers group.
     QCOMPARE(harness.settings().templates().at(0).printerID, std::nullopt);
     QVERIFY(!harness.view().isExpanded(Kind::printer));
-}
-
-void SettingsEditorsTest::testPrintNeedsAPrinterAndADeleteNeedsASecondTemplate()
-{
-    SettingsViewHarness harness;
-    const Printer printer = SettingsViewHarness::printer(u"Balie"_s, u"10.0.0.5"_s);
-    harness.setPrinters({printer});
-    QVERIFY(harness.show());
-    auto* page = harness.open<TemplateEditorPage>(Kind::labelTemplate);
-
-    QVERIFY(!page->testButton()->isEnabled());
-    QVERIFY(!page->isDeleteShown());
-    harness.settings().updateTemplate(0,
-                                      [&printer](LabelTemplate& t) { t.printerID = printer.id; });
-    QVERIFY(page->testButton()->isEnabled());
-
-    // Bound to a printer that has no address: enabled, and the press says why
-    // nothing was sent, in red with the cross.
-    harness.settings().updatePrinter(0, [](Printer& p) { p.ipAddress.clear(); });
-    QVERIFY(page->testButton()->isEnabled());
-    clickOn(page->testButton());
-    QCOMPARE(harness.view().templateTestResult(), u"Geen printer geconfigureerd"_s);
-    QVERIFY(!harness.view().isTemplateTesting());
-    QVERIFY(page->resultRow()->isVisible());
-    QCOMPARE(page->resultLabel()->text(), u"Geen printer geconfigureerd"_s);
-    QCOMPARE(page->resultLabel()->palette().color(QPalette::WindowText),
-             SettingsEditorPage::red(page->palette()));
-
-    harness.settings().addTemplate();
-    QVERIFY(page->isDeleteShown());
-    QCOMPARE(page->deleteButton()->text(), u"Verwijder Etiket"_s);
 }
 
 void SettingsEditorsTest::chipsAndValidationFollowTheText()

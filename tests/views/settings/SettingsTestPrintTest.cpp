@@ -30,17 +30,21 @@ class SettingsTestPrintTest : public QObject
     Q_OBJECT
 
 private slots:
-    void printerTestSucceedsInGreen();
-    void templateTestPrintSendsThePreview();
+    void testPrintsSucceedInGreen();
     void aTestOutlivesItsWindow();
 };
 
-void SettingsTestPrintTest::printerTestSucceedsInGreen()
+void SettingsTestPrintTest::testPrintsSucceedInGreen()
 {
     LabelSink sink;
     QVERIFY(sink.listen());
     SettingsViewHarness harness;
-    harness.setPrinters({SettingsViewHarness::printer(u"Balie"_s, u"127.0.0.1"_s, sink.port())});
+    const Printer printer = SettingsViewHarness::printer(u"Balie"_s, u"127.0.0.1"_s, sink.port());
+    harness.setPrinters({printer});
+    harness.settings().updateTemplate(0, [&printer](LabelTemplate& t) {
+        t.printerID = printer.id;
+        t.zplContent = u"^XA^FD{{NAAM}} {{PRIJS}} é^FS^XZ"_s;
+    });
     QVERIFY(harness.show());
     auto* page = harness.open<PrinterEditorPage>(Kind::printer);
     QVERIFY(page->testButton()->isEnabled());
@@ -68,37 +72,25 @@ void SettingsTestPrintTest::printerTestSucceedsInGreen()
     harness.settings().addPrinter();
     QCOMPARE(harness.open<PrinterEditorPage>(Kind::printer, 1)->resultLabel()->text(),
              u"Verbinding gelukt! Test etiket verstuurd."_s);
-}
 
-void SettingsTestPrintTest::templateTestPrintSendsThePreview()
-{
-    LabelSink sink;
-    QVERIFY(sink.listen());
-    SettingsViewHarness harness;
-    const Printer printer = SettingsViewHarness::printer(u"Balie"_s, u"127.0.0.1"_s, sink.port());
-    harness.setPrinters({printer});
-    harness.settings().updateTemplate(0, [&printer](LabelTemplate& t) {
-        t.printerID = printer.id;
-        t.zplContent = u"^XA^FD{{NAAM}} {{PRIJS}} é^FS^XZ"_s;
-    });
-    QVERIFY(harness.show());
-    auto* page = harness.open<TemplateEditorPage>(Kind::labelTemplate);
-
-    clickOn(page->testButton());
+    // The template's test print sends the label with the preview's sample values.
+    auto* templatePage = harness.open<TemplateEditorPage>(Kind::labelTemplate);
+    clickOn(templatePage->testButton());
     QVERIFY(harness.view().isTemplateTesting());
-    QVERIFY(page->testingRow()->isVisible());
-    QVERIFY(!page->resultRow()->isVisible());
-    QVERIFY(!page->testButton()->isEnabled());
+    QVERIFY(templatePage->testingRow()->isVisible());
+    QVERIFY(!templatePage->resultRow()->isVisible());
+    QVERIFY(!templatePage->testButton()->isEnabled());
 
     QTRY_VERIFY(!harness.view().isTemplateTesting());
     const QString expected = u"✓ Test etiket verstuurd naar Balie"_s;
     QCOMPARE(harness.view().templateTestResult(), expected);
-    QVERIFY(!page->testingRow()->isVisible());
-    QVERIFY(page->resultRow()->isVisible());
-    QCOMPARE(page->resultLabel()->text(), expected);
-    QCOMPARE(textColor(page->resultLabel()), SettingsEditorPage::green(page->palette()));
-    QTRY_COMPARE(sink.jobs().size(), 1);
-    QCOMPARE(sink.jobs().at(0), u"^XA^FDVoorbeeld Product 19,99 é^FS^XZ"_s.toUtf8());
+    QVERIFY(!templatePage->testingRow()->isVisible());
+    QVERIFY(templatePage->resultRow()->isVisible());
+    QCOMPARE(templatePage->resultLabel()->text(), expected);
+    QCOMPARE(textColor(templatePage->resultLabel()),
+             SettingsEditorPage::green(templatePage->palette()));
+    QTRY_COMPARE(sink.jobs().size(), 2);
+    QCOMPARE(sink.jobs().at(1), u"^XA^FDVoorbeeld Product 19,99 é^FS^XZ"_s.toUtf8());
 }
 
 void SettingsTestPrintTest::aTestOutlivesItsWindow()

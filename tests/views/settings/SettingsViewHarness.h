@@ -59,11 +59,7 @@ public:
 
     static Printer printer(const QString& name, const QString& ip, qint64 port = 9100)
     {
-        Printer printer;
-        printer.name = name;
-        printer.ipAddress = ip;
-        printer.port = port;
-        return printer;
+        return {.name = name, .ipAddress = ip, .port = port};
     }
 
 private:
