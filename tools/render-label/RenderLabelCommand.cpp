@@ -33,7 +33,14 @@ QByteArray readInput(const QString& path, qint64 maxBytes)
                                      : (file.setFileName(path), file.open(QIODevice::ReadOnly));
     if (!opened)
         throw Failure{u"Kan %1 niet lezen: %2"_s.arg(path, file.errorString())};
-    const QByteArray data = file.read(maxBytes + 1);
+    // A pipe hands its bytes over in pieces; one read may see only the first.
+    QByteArray data;
+    while (data.size() <= maxBytes) {
+        const QByteArray piece = file.read(maxBytes + 1 - data.size());
+        if (piece.isEmpty())
+            break;
+        data += piece;
+    }
     if (file.error() != QFileDevice::NoError)
         throw Failure{u"Kan %1 niet lezen: %2"_s.arg(path, file.errorString())};
     if (data.size() > maxBytes)
