@@ -3,8 +3,8 @@
 #include "LabelPictureButton.h"
 #include "LabelPreview.h"
 #include "ThemedLabel.h"
-#include "views/main/SymbolIcons.h"
-#include "views/main/Theme.h"
+#include "views/common/SymbolIcons.h"
+#include "views/common/Theme.h"
 
 #include <QHBoxLayout>
 #include <QLocale>

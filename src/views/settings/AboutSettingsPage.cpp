@@ -3,9 +3,9 @@
 #include "Divider.h"
 #include "SettingsView.h"
 #include "ThemedLabel.h"
+#include "views/common/SymbolIcons.h"
+#include "views/common/Theme.h"
 #include "views/main/AboutView.h"
-#include "views/main/SymbolIcons.h"
-#include "views/main/Theme.h"
 
 #include <QDate>
 #include <QDesktopServices>

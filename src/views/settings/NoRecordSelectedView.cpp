@@ -2,7 +2,7 @@
 
 #include "SettingsRecordKind.h"
 #include "ThemedLabel.h"
-#include "views/main/SymbolIcons.h"
+#include "views/common/SymbolIcons.h"
 
 #include <QVBoxLayout>
 

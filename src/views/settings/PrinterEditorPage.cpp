@@ -6,7 +6,7 @@
 #include "SettingsView.h"
 #include "ThemedLabel.h"
 #include "model/AppSettings.h"
-#include "views/main/Theme.h"
+#include "views/common/Theme.h"
 
 #include <QHBoxLayout>
 #include <QLabel>

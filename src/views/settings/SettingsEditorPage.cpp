@@ -3,8 +3,8 @@
 #include "FieldEdge.h"
 #include "SettingsSectionCard.h"
 #include "ThemedLabel.h"
-#include "views/main/SymbolIcons.h"
-#include "views/main/Theme.h"
+#include "views/common/SymbolIcons.h"
+#include "views/common/Theme.h"
 
 #include <QHBoxLayout>
 #include <QLabel>

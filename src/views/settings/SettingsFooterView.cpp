@@ -2,7 +2,7 @@
 
 #include "ThemedLabel.h"
 #include "views/common/SaveErrorLabel.h"
-#include "views/main/Theme.h"
+#include "views/common/Theme.h"
 
 #include <QHBoxLayout>
 #include <QLabel>

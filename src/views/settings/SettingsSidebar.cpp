@@ -5,7 +5,7 @@
 #include "SidebarGroup.h"
 #include "SidebarGroupHeader.h"
 #include "SidebarRow.h"
-#include "views/main/Theme.h"
+#include "views/common/Theme.h"
 
 #include <QKeyEvent>
 #include <QPainter>

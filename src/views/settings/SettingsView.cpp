@@ -8,8 +8,8 @@
 #include "SettingsSidebar.h"
 #include "model/AppSettings.h"
 #include "services/PrinterService.h"
-#include "views/main/AppInfo.h"
-#include "views/main/Theme.h"
+#include "views/common/AppInfo.h"
+#include "views/common/Theme.h"
 
 #include <QClipboard>
 #include <QGuiApplication>

@@ -11,8 +11,8 @@
 #include "TemplatePrinterField.h"
 #include "ThemedLabel.h"
 #include "model/AppSettings.h"
-#include "views/main/SymbolIcons.h"
-#include "views/main/Theme.h"
+#include "views/common/SymbolIcons.h"
+#include "views/common/Theme.h"
 
 #include <QGridLayout>
 #include <QHBoxLayout>

@@ -4,7 +4,7 @@
 #include "SettingsViewHarness.h"
 #include "VirtualPrinter.h"
 #include "views/common/BusyIndicator.h"
-#include "views/main/Theme.h"
+#include "views/common/Theme.h"
 #include "views/settings/DossierEditorPage.h"
 #include "views/settings/InfoBox.h"
 #include "views/settings/PlaceholderChip.h"

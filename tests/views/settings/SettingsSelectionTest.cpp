@@ -1,5 +1,5 @@
 #include "SettingsViewHarness.h"
-#include "views/main/Theme.h"
+#include "views/common/Theme.h"
 #include "views/settings/AboutSettingsPage.h"
 #include "views/settings/DossierEditorPage.h"
 #include "views/settings/NoRecordSelectedView.h"

@@ -2,7 +2,7 @@
 #include "SettingsViewHarness.h"
 #include "services/PrinterService.h"
 #include "views/common/BusyIndicator.h"
-#include "views/main/Theme.h"
+#include "views/common/Theme.h"
 #include "views/settings/PrinterEditorPage.h"
 #include "views/settings/TemplateEditorPage.h"
 
