@@ -1,4 +1,4 @@
-#include "LabelRenderer.h"
+#include "labelrender/LabelRenderer.h"
 
 #include <QtTest>
 #include <zbar.h>

@@ -1,5 +1,5 @@
-#include "LabelPreview.h"
-#include "LabelRenderer.h"
+#include "labelrender/LabelPreview.h"
+#include "labelrender/LabelRenderer.h"
 
 #include <QJsonDocument>
 #include <QtTest>

@@ -1,4 +1,4 @@
-#include "AppInfo.h"
+#include "views/common/AppInfo.h"
 
 #include "BuildConfig.h"
 

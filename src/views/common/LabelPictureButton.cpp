@@ -1,4 +1,4 @@
-#include "LabelPictureButton.h"
+#include "views/common/LabelPictureButton.h"
 
 #include "views/common/Theme.h"
 

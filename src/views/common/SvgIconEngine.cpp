@@ -1,4 +1,4 @@
-#include "SvgIconEngine.h"
+#include "views/common/SvgIconEngine.h"
 
 #include <QFile>
 #include <QImage>

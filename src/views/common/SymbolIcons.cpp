@@ -1,7 +1,7 @@
-#include "SymbolIcons.h"
+#include "views/common/SymbolIcons.h"
 
-#include "SvgIconEngine.h"
-#include "TintedIconEngine.h"
+#include "views/common/SvgIconEngine.h"
+#include "views/common/TintedIconEngine.h"
 
 #include <QFile>
 #include <array>

@@ -1,6 +1,6 @@
-#include "SymbolLabel.h"
+#include "views/common/SymbolLabel.h"
 
-#include "SymbolIcons.h"
+#include "views/common/SymbolIcons.h"
 
 #include <QEvent>
 #include <QPainter>

@@ -1,4 +1,4 @@
-#include "Theme.h"
+#include "views/common/Theme.h"
 
 #include <QApplication>
 #include <QFontDatabase>

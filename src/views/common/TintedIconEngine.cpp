@@ -1,4 +1,4 @@
-#include "TintedIconEngine.h"
+#include "views/common/TintedIconEngine.h"
 
 #include <QGuiApplication>
 #include <QPainter>

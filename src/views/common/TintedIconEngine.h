@@ -1,6 +1,6 @@
 #pragma once
 
-#include "SvgIconEngine.h"
+#include "views/common/SvgIconEngine.h"
 
 #include <QColor>
 #include <optional>

@@ -1,4 +1,4 @@
-#include "SpacebarHandler.h"
+#include "views/main/SpacebarHandler.h"
 
 #include <QCoreApplication>
 #include <QKeyEvent>

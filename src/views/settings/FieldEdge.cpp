@@ -1,4 +1,4 @@
-#include "FieldEdge.h"
+#include "views/settings/FieldEdge.h"
 
 #include "views/common/Theme.h"
 

@@ -1,4 +1,4 @@
-#include "PlaceholderChip.h"
+#include "views/settings/PlaceholderChip.h"
 
 #include "views/common/Theme.h"
 

@@ -1,4 +1,4 @@
-#include "PrinterChoiceDelegate.h"
+#include "views/settings/PrinterChoiceDelegate.h"
 
 #include "views/common/Theme.h"
 

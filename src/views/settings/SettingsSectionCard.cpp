@@ -1,4 +1,4 @@
-#include "SettingsSectionCard.h"
+#include "views/settings/SettingsSectionCard.h"
 
 #include "views/common/Theme.h"
 

@@ -1,4 +1,4 @@
-#include "SidebarGroupHeader.h"
+#include "views/settings/SidebarGroupHeader.h"
 
 #include "views/common/SymbolIcons.h"
 #include "views/common/Theme.h"

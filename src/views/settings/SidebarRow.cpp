@@ -1,4 +1,4 @@
-#include "SidebarRow.h"
+#include "views/settings/SidebarRow.h"
 
 #include "views/common/SymbolIcons.h"
 #include "views/common/Theme.h"

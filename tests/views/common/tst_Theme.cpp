@@ -1,5 +1,5 @@
-#include "SymbolIcons.h"
-#include "Theme.h"
+#include "views/common/SymbolIcons.h"
+#include "views/common/Theme.h"
 #include "views/settings/SettingsEditorPage.h"
 
 #include <QImage>
