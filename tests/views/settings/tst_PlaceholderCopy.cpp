@@ -81,4 +81,4 @@ void PlaceholderCopyTest::feedbackEndsWithTheRightClick()
 }
 
 QTEST_MAIN(PlaceholderCopyTest)
-#include "PlaceholderCopyTest.moc"
+#include "tst_PlaceholderCopy.moc"

@@ -172,4 +172,4 @@ void TestSettingsData::unreadableDocuments()
 }
 
 QTEST_GUILESS_MAIN(TestSettingsData)
-#include "TestSettingsData.moc"
+#include "tst_SettingsData.moc"

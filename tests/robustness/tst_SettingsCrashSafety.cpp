@@ -78,4 +78,4 @@ void SettingsCrashSafetyTest::killedWhileSavingLeavesACompleteFile()
 }
 
 QTEST_GUILESS_MAIN(SettingsCrashSafetyTest)
-#include "SettingsCrashSafetyTest.moc"
+#include "tst_SettingsCrashSafety.moc"

@@ -1,8 +1,7 @@
-#include "services/PrinterService.h"
-
 #include "AwaitTask.h"
 #include "LabelSink.h"
 #include "UnansweredPort.h"
+#include "services/PrinterService.h"
 
 #include <QElapsedTimer>
 #include <QNetworkProxy>
@@ -183,4 +182,4 @@ void PrinterServiceTest::connectionTest()
 }
 
 QTEST_GUILESS_MAIN(PrinterServiceTest)
-#include "PrinterServiceTest.moc"
+#include "tst_PrinterService.moc"

@@ -333,4 +333,4 @@ void TestAppSettings::filesAreOwnerOnly()
 }
 
 QTEST_GUILESS_MAIN(TestAppSettings)
-#include "TestAppSettings.moc"
+#include "tst_AppSettings.moc"

@@ -171,4 +171,4 @@ void TestLabelRenderer::boxEdgesAndReverseField()
 }
 
 QTEST_MAIN(TestLabelRenderer)
-#include "TestLabelRenderer.moc"
+#include "tst_LabelRenderer.moc"

@@ -286,4 +286,4 @@ void ProductListViewModelTest::successMessageClearsUnlessReplaced()
 }
 
 QTEST_GUILESS_MAIN(ProductListViewModelTest)
-#include "TestProductListViewModel.moc"
+#include "tst_ProductListViewModel.moc"

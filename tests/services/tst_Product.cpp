@@ -1,5 +1,4 @@
 #include "services/Product.h"
-
 #include "services/ProductAPIResponse.h"
 
 #include <QtTest>
@@ -93,4 +92,4 @@ void ProductTest::equalityAndEncoding()
 }
 
 QTEST_GUILESS_MAIN(ProductTest)
-#include "ProductTest.moc"
+#include "tst_Product.moc"

@@ -83,4 +83,4 @@ void TestLabelWarnings::warnings()
 }
 
 QTEST_MAIN(TestLabelWarnings)
-#include "TestLabelWarnings.moc"
+#include "tst_LabelWarnings.moc"

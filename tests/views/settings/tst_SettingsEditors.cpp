@@ -442,4 +442,4 @@ void SettingsEditorsTest::previewFollowsTheText()
 }
 
 QTEST_MAIN(SettingsEditorsTest)
-#include "SettingsEditorsTest.moc"
+#include "tst_SettingsEditors.moc"

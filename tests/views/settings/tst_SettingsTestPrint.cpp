@@ -126,4 +126,4 @@ void SettingsTestPrintTest::aTestOutlivesItsWindow()
 }
 
 QTEST_MAIN(SettingsTestPrintTest)
-#include "SettingsTestPrintTest.moc"
+#include "tst_SettingsTestPrint.moc"

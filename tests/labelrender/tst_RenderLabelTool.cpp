@@ -131,4 +131,4 @@ void TestRenderLabelTool::run()
 }
 
 QTEST_GUILESS_MAIN(TestRenderLabelTool)
-#include "TestRenderLabelTool.moc"
+#include "tst_RenderLabelTool.moc"

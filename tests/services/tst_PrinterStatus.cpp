@@ -169,4 +169,4 @@ void PrinterStatusTest::queriesThePrinter()
 }
 
 QTEST_GUILESS_MAIN(PrinterStatusTest)
-#include "PrinterStatusTest.moc"
+#include "tst_PrinterStatus.moc"

@@ -193,4 +193,4 @@ void TestSettingsImportExport::failuresAreReportedAndChangeNothing()
 }
 
 QTEST_GUILESS_MAIN(TestSettingsImportExport)
-#include "TestSettingsImportExport.moc"
+#include "tst_SettingsImportExport.moc"

@@ -130,4 +130,4 @@ void ZPLServiceTest::validationMessagesInOrder()
 }
 
 QTEST_GUILESS_MAIN(ZPLServiceTest)
-#include "ZPLServiceTest.moc"
+#include "tst_ZPLService.moc"

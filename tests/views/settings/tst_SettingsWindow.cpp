@@ -1,10 +1,9 @@
-#include "views/settings/SettingsWindow.h"
-
 #include "TestHome.h"
 #include "model/AppSettings.h"
 #include "views/common/SaveErrorLabel.h"
 #include "views/settings/SettingsFooterView.h"
 #include "views/settings/SettingsView.h"
+#include "views/settings/SettingsWindow.h"
 
 #include <QAccessible>
 #include <QScreen>
@@ -135,4 +134,4 @@ void SettingsWindowTest::aFailedSaveShowsUntilASaveSucceeds()
 }
 
 QTEST_MAIN(SettingsWindowTest)
-#include "SettingsWindowTest.moc"
+#include "tst_SettingsWindow.moc"

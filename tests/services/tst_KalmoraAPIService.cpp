@@ -1,8 +1,7 @@
-#include "services/KalmoraAPIService.h"
-
 #include "AwaitTask.h"
 #include "LoopbackHttpServer.h"
 #include "StdoutCapture.h"
+#include "services/KalmoraAPIService.h"
 
 #include <QNetworkProxy>
 #include <QSslKey>
@@ -297,4 +296,4 @@ void KalmoraAPIServiceTest::longTextsAreCutForTheAlert()
 }
 
 QTEST_GUILESS_MAIN(KalmoraAPIServiceTest)
-#include "KalmoraAPIServiceTest.moc"
+#include "tst_KalmoraAPIService.moc"

@@ -141,4 +141,4 @@ void SettingsAccessibilityTest::aPrinterIsOpenedAndRenamedWithTheKeyboard()
 }
 
 QTEST_MAIN(SettingsAccessibilityTest)
-#include "SettingsAccessibilityTest.moc"
+#include "tst_SettingsAccessibility.moc"

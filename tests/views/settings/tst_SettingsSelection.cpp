@@ -200,4 +200,4 @@ void SettingsSelectionTest::deletingMovesTheSelection()
 }
 
 QTEST_MAIN(SettingsSelectionTest)
-#include "SettingsSelectionTest.moc"
+#include "tst_SettingsSelection.moc"
