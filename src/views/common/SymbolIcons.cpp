@@ -103,11 +103,6 @@ QIcon SymbolIcons::tinted(QStringView symbolName, const QColor& color)
     return bundledIcon(symbolName, color);
 }
 
-QIcon SymbolIcons::bundled(QStringView symbolName)
-{
-    return bundledIcon(symbolName, std::nullopt);
-}
-
 QStringList SymbolIcons::symbolNames()
 {
     QStringList names;

@@ -13,8 +13,6 @@ public:
     static QIcon icon(QStringView symbolName);
     // The bundled monochrome symbol, tinted; for places where the colour matters.
     static QIcon tinted(QStringView symbolName, const QColor& color);
-    // The bundled symbol alone, in the palette's text colour (never the theme's icon).
-    static QIcon bundled(QStringView symbolName);
     // Every symbol name that has an icon.
     static QStringList symbolNames();
     // The program's own icon: a label with a barcode.

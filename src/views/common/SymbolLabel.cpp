@@ -13,14 +13,6 @@ SymbolLabel::SymbolLabel(const QString& symbolName, int pixelSize, Theme::Palett
     tint();
 }
 
-void SymbolLabel::setSymbolName(const QString& symbolName)
-{
-    if (symbolName == m_symbolName)
-        return;
-    m_symbolName = symbolName;
-    tint();
-}
-
 void SymbolLabel::changeEvent(QEvent* event)
 {
     QWidget::changeEvent(event);

@@ -15,7 +15,6 @@ public:
                 QWidget* parent = nullptr);
 
     const QString& symbolName() const { return m_symbolName; }
-    void setSymbolName(const QString& symbolName);
 
 protected:
     void paintEvent(QPaintEvent* event) override;

@@ -118,7 +118,5 @@ QString AboutView::copyrightText()
 
 void AboutView::openLink(const QString& link)
 {
-    const QUrl url(link);
-    QDesktopServices::openUrl(url);
-    emit linkOpened(url);
+    QDesktopServices::openUrl(QUrl(link));
 }

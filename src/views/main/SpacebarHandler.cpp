@@ -15,11 +15,6 @@ SpacebarHandler::~SpacebarHandler()
         application->removeEventFilter(this);
 }
 
-void SpacebarHandler::setOnSpacebar(std::function<void()> onSpacebar)
-{
-    m_onSpacebar = std::move(onSpacebar);
-}
-
 bool SpacebarHandler::eventFilter(QObject* watched, QEvent* event)
 {
     const QEvent::Type type = event->type();
