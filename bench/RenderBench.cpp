@@ -2,7 +2,7 @@
 // against plain QPainter drawing the same texts with the same face plus zint
 // drawing the same barcode: what drawing it costs before any ZPL is read.
 
-#include "LabelRenderer.h"
+#include "labelrender/LabelRenderer.h"
 
 #include <QFont>
 #include <QGuiApplication>

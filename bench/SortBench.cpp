@@ -5,8 +5,8 @@
 
 #include "BenchCatalogue.h"
 #include "LoadedModel.h"
-#include "ProductSortProxy.h"
-#include "ProductTableModel.h"
+#include "views/main/ProductSortProxy.h"
+#include "views/main/ProductTableModel.h"
 
 #include <QCollator>
 #include <QCollatorSortKey>

@@ -2,10 +2,10 @@
 // service given on the command line and a report once the product table has
 // painted its rows. Started by stampix_startup_bench, not by hand.
 
-#include "AppInfo.h"
 #include "FirstPaintReporter.h"
-#include "StampixApp.h"
-#include "SymbolIcons.h"
+#include "app/StampixApp.h"
+#include "views/common/AppInfo.h"
+#include "views/common/SymbolIcons.h"
 
 #include <QAbstractItemView>
 #include <QApplication>

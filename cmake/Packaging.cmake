@@ -21,7 +21,7 @@ install(FILES ${packaging_out}/${STAMPIX_APP_ID}.metainfo.xml
         DESTINATION ${CMAKE_INSTALL_DATADIR}/metainfo)
 
 # The icon: the scalable SVG as drawn, plus PNG sizes rendered from it.
-set(STAMPIX_ICON_SVG ${CMAKE_SOURCE_DIR}/src/views/main/icons/stampix.svg)
+set(STAMPIX_ICON_SVG ${CMAKE_SOURCE_DIR}/src/views/common/icons/stampix.svg)
 set(STAMPIX_ICON_SIZES 16 24 32 48 64 128 256 512)
 set(icon_theme_dir ${CMAKE_INSTALL_DATADIR}/icons/hicolor)
 

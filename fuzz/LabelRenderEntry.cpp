@@ -1,8 +1,8 @@
 #include "FuzzCheck.h"
 #include "FuzzEntries.h"
-#include "LabelCanvas.h"
 #include "LabelInput.h"
-#include "LabelPreview.h"
+#include "labelrender/LabelCanvas.h"
+#include "labelrender/LabelPreview.h"
 
 #include <QGuiApplication>
 

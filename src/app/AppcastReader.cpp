@@ -1,6 +1,6 @@
-#include "AppcastReader.h"
+#include "app/AppcastReader.h"
 
-#include "VersionComparator.h"
+#include "app/VersionComparator.h"
 
 #include <QXmlStreamReader>
 

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "AppcastItem.h"
+#include "app/AppcastItem.h"
 #include "services/Expected.h"
 
 #include <QByteArray>

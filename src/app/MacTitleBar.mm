@@ -1,4 +1,4 @@
-#include "MacTitleBar.h"
+#include "app/MacTitleBar.h"
 
 #import <AppKit/AppKit.h>
 #include <QWidget>

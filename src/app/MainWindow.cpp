@@ -1,11 +1,11 @@
-#include "MainWindow.h"
+#include "app/MainWindow.h"
 
-#include "ContentView.h"
+#include "views/main/ContentView.h"
 
 #include <QMenuBar>
 
 #ifdef Q_OS_MACOS
-#include "MacTitleBar.h"
+#include "app/MacTitleBar.h"
 #endif
 
 using namespace Qt::StringLiterals;

@@ -1,4 +1,4 @@
-#include "MessageBoxUpdateDialogs.h"
+#include "app/MessageBoxUpdateDialogs.h"
 
 #include <QDesktopServices>
 #include <QLabel>

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "UpdateDialogs.h"
+#include "app/UpdateDialogs.h"
 
 #include <QMessageBox>
 #include <QPointer>

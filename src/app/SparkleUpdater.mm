@@ -1,4 +1,4 @@
-#include "SparkleUpdater.h"
+#include "app/SparkleUpdater.h"
 
 #import <Sparkle/Sparkle.h>
 

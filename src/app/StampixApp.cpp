@@ -1,13 +1,13 @@
-#include "StampixApp.h"
+#include "app/StampixApp.h"
 
-#include "AboutWindow.h"
-#include "AppInfo.h"
-#include "ContentView.h"
-#include "NativeSettingsFileDialogs.h"
-#include "UpdaterViewModel.h"
+#include "app/UpdaterViewModel.h"
 #include "model/AppSettings.h"
 #include "model/SettingsFileHelper.h"
 #include "viewmodels/ProductListViewModel.h"
+#include "views/common/AppInfo.h"
+#include "views/main/AboutWindow.h"
+#include "views/main/ContentView.h"
+#include "views/main/NativeSettingsFileDialogs.h"
 #include "views/settings/SettingsWindow.h"
 
 #include <QAction>

@@ -1,7 +1,7 @@
 #pragma once
 
-#include "AboutWindow.h"
-#include "MainWindow.h"
+#include "app/MainWindow.h"
+#include "views/main/AboutWindow.h"
 #include "views/settings/SettingsWindow.h"
 
 #include <QList>

@@ -1,4 +1,4 @@
-#include "UpdateCheckSchedule.h"
+#include "app/UpdateCheckSchedule.h"
 
 #include <QDir>
 #include <QFile>

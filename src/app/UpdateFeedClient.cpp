@@ -1,4 +1,4 @@
-#include "UpdateFeedClient.h"
+#include "app/UpdateFeedClient.h"
 
 #include <QCoroSignal>
 #include <QNetworkAccessManager>

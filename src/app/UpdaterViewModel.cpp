@@ -1,14 +1,14 @@
-#include "UpdaterViewModel.h"
+#include "app/UpdaterViewModel.h"
 
-#include "AppInfo.h"
-#include "AppcastReader.h"
 #include "BuildConfig.h"
-#include "MessageBoxUpdateDialogs.h"
-#include "UpdateCheckSchedule.h"
-#include "UpdateFeedClient.h"
-#include "VersionComparator.h"
+#include "app/AppcastReader.h"
+#include "app/MessageBoxUpdateDialogs.h"
+#include "app/UpdateCheckSchedule.h"
+#include "app/UpdateFeedClient.h"
+#include "app/VersionComparator.h"
+#include "views/common/AppInfo.h"
 #ifdef STAMPIX_HAVE_SPARKLE
-#include "SparkleUpdater.h"
+#include "app/SparkleUpdater.h"
 #endif
 
 #include <QDateTime>

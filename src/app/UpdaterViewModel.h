@@ -1,7 +1,7 @@
 #pragma once
 
-#include "UpdateDialogs.h"
-#include "UpdateFeedClient.h"
+#include "app/UpdateDialogs.h"
+#include "app/UpdateFeedClient.h"
 #include "services/Expected.h"
 
 #include <QCoro/QCoroTask>

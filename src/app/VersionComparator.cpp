@@ -1,4 +1,4 @@
-#include "VersionComparator.h"
+#include "app/VersionComparator.h"
 
 #include <QList>
 #include <algorithm>

@@ -1,6 +1,6 @@
-#include "AppInfo.h"
-#include "StampixApp.h"
-#include "SymbolIcons.h"
+#include "app/StampixApp.h"
+#include "views/common/AppInfo.h"
+#include "views/common/SymbolIcons.h"
 
 #include <QApplication>
 

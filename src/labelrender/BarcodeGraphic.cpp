@@ -1,4 +1,4 @@
-#include "BarcodeGraphic.h"
+#include "labelrender/BarcodeGraphic.h"
 
 #include <QFontMetricsF>
 #include <QList>

@@ -1,7 +1,7 @@
 #pragma once
 
-#include "FieldGraphic.h"
-#include "LabelFont.h"
+#include "labelrender/FieldGraphic.h"
+#include "labelrender/LabelFont.h"
 
 #include <QByteArray>
 #include <QString>

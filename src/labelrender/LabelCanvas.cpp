@@ -1,4 +1,4 @@
-#include "LabelCanvas.h"
+#include "labelrender/LabelCanvas.h"
 
 #include <QPainterPath>
 

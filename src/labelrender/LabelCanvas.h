@@ -1,8 +1,8 @@
 #pragma once
 
-#include "FieldGraphic.h"
-#include "LabelRenderResult.h"
-#include "PlacedField.h"
+#include "labelrender/FieldGraphic.h"
+#include "labelrender/LabelRenderResult.h"
+#include "labelrender/PlacedField.h"
 
 #include <optional>
 

@@ -1,4 +1,4 @@
-#include "LabelFont.h"
+#include "labelrender/LabelFont.h"
 
 #include <QFontDatabase>
 #include <QFontInfo>

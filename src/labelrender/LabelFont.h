@@ -1,6 +1,6 @@
 #pragma once
 
-#include "FieldGraphic.h"
+#include "labelrender/FieldGraphic.h"
 
 #include <QFont>
 #include <QString>

@@ -1,7 +1,7 @@
-#include "LabelInterpreter.h"
+#include "labelrender/LabelInterpreter.h"
 
-#include "LabelCanvas.h"
-#include "LabelRenderer.h"
+#include "labelrender/LabelCanvas.h"
+#include "labelrender/LabelRenderer.h"
 
 #include <QLocale>
 

@@ -1,11 +1,11 @@
 #pragma once
 
-#include "BarcodeGraphic.h"
-#include "FieldGraphic.h"
-#include "LabelFont.h"
-#include "LabelRenderResult.h"
-#include "PlacedField.h"
-#include "ZplCommandReader.h"
+#include "labelrender/BarcodeGraphic.h"
+#include "labelrender/FieldGraphic.h"
+#include "labelrender/LabelFont.h"
+#include "labelrender/LabelRenderResult.h"
+#include "labelrender/PlacedField.h"
+#include "labelrender/ZplCommandReader.h"
 
 #include <QHash>
 #include <QPoint>

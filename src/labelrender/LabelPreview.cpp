@@ -1,6 +1,6 @@
-#include "LabelPreview.h"
+#include "labelrender/LabelPreview.h"
 
-#include "LabelWarnings.h"
+#include "labelrender/LabelWarnings.h"
 #include "services/ZPLService.h"
 
 LabelPreview LabelPreview::make(const LabelRenderer& renderer, const QString& zplTemplate,

@@ -1,7 +1,7 @@
 #pragma once
 
-#include "LabelRenderResult.h"
-#include "LabelRenderer.h"
+#include "labelrender/LabelRenderResult.h"
+#include "labelrender/LabelRenderer.h"
 #include "services/Product.h"
 
 #include <QString>

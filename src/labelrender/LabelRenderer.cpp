@@ -1,7 +1,7 @@
-#include "LabelRenderer.h"
+#include "labelrender/LabelRenderer.h"
 
-#include "LabelInterpreter.h"
-#include "ZplCommandReader.h"
+#include "labelrender/LabelInterpreter.h"
+#include "labelrender/ZplCommandReader.h"
 
 using namespace Qt::StringLiterals;
 

@@ -1,7 +1,7 @@
 #pragma once
 
-#include "LabelFont.h"
-#include "LabelRenderResult.h"
+#include "labelrender/LabelFont.h"
+#include "labelrender/LabelRenderResult.h"
 
 #include <QString>
 

@@ -1,4 +1,4 @@
-#include "LabelWarnings.h"
+#include "labelrender/LabelWarnings.h"
 
 #include "services/ZPLService.h"
 

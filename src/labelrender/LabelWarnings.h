@@ -1,6 +1,6 @@
 #pragma once
 
-#include "LabelRenderResult.h"
+#include "labelrender/LabelRenderResult.h"
 #include "services/Product.h"
 
 #include <QString>

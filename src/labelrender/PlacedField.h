@@ -1,7 +1,7 @@
 #pragma once
 
-#include "FieldGraphic.h"
-#include "LabelRenderResult.h"
+#include "labelrender/FieldGraphic.h"
+#include "labelrender/LabelRenderResult.h"
 
 #include <QTransform>
 

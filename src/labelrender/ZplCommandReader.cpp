@@ -1,4 +1,4 @@
-#include "ZplCommandReader.h"
+#include "labelrender/ZplCommandReader.h"
 
 namespace {
 

@@ -1,6 +1,6 @@
-#include "AppSettings.h"
+#include "model/AppSettings.h"
 
-#include "SettingsFile.h"
+#include "model/SettingsFile.h"
 
 #include <QDir>
 #include <QFileInfo>

@@ -1,9 +1,9 @@
 #pragma once
 
-#include "Dossier.h"
-#include "LabelTemplate.h"
-#include "Printer.h"
-#include "SettingsData.h"
+#include "model/Dossier.h"
+#include "model/LabelTemplate.h"
+#include "model/Printer.h"
+#include "model/SettingsData.h"
 
 #include <QList>
 #include <QObject>

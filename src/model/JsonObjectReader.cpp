@@ -1,7 +1,7 @@
-#include "JsonObjectReader.h"
+#include "model/JsonObjectReader.h"
 
-#include "JsonTypeName.h"
-#include "UuidText.h"
+#include "model/JsonTypeName.h"
+#include "model/UuidText.h"
 
 using namespace Qt::StringLiterals;
 

@@ -1,4 +1,4 @@
-#include "JsonTextWriter.h"
+#include "model/JsonTextWriter.h"
 
 #include <QLocale>
 #include <QtNumeric>

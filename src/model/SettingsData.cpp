@@ -1,8 +1,8 @@
-#include "SettingsData.h"
+#include "model/SettingsData.h"
 
-#include "JsonObjectReader.h"
-#include "JsonTextWriter.h"
-#include "UuidText.h"
+#include "model/JsonObjectReader.h"
+#include "model/JsonTextWriter.h"
+#include "model/UuidText.h"
 
 #include <QDate>
 #include <QJsonDocument>

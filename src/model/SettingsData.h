@@ -1,8 +1,8 @@
 #pragma once
 
-#include "Dossier.h"
-#include "LabelTemplate.h"
-#include "Printer.h"
+#include "model/Dossier.h"
+#include "model/LabelTemplate.h"
+#include "model/Printer.h"
 
 #include <QByteArray>
 #include <QList>

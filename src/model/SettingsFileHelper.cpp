@@ -1,7 +1,7 @@
-#include "SettingsFileHelper.h"
+#include "model/SettingsFileHelper.h"
 
-#include "AppSettings.h"
-#include "SettingsFileDialogs.h"
+#include "model/AppSettings.h"
+#include "model/SettingsFileDialogs.h"
 
 #include <QDir>
 

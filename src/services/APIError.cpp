@@ -1,4 +1,4 @@
-#include "APIError.h"
+#include "services/APIError.h"
 
 using namespace Qt::StringLiterals;
 

@@ -1,6 +1,6 @@
-#include "KalmoraAPIService.h"
+#include "services/KalmoraAPIService.h"
 
-#include "ProductReplyReader.h"
+#include "services/ProductReplyReader.h"
 
 #include <QCoroFuture>
 #include <QNetworkRequest>

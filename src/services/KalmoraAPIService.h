@@ -1,8 +1,8 @@
 #pragma once
 
-#include "APIError.h"
-#include "Expected.h"
-#include "Product.h"
+#include "services/APIError.h"
+#include "services/Expected.h"
+#include "services/Product.h"
 
 #include <QCoroTask>
 #include <QList>

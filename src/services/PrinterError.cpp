@@ -1,4 +1,4 @@
-#include "PrinterError.h"
+#include "services/PrinterError.h"
 
 using namespace Qt::StringLiterals;
 

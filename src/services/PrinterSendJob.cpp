@@ -1,4 +1,4 @@
-#include "PrinterSendJob.h"
+#include "services/PrinterSendJob.h"
 
 #include <QNetworkProxy>
 

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "PrinterError.h"
+#include "services/PrinterError.h"
 
 #include <QAbstractSocket>
 #include <QByteArray>

@@ -1,6 +1,6 @@
-#include "PrinterService.h"
+#include "services/PrinterService.h"
 
-#include "PrinterSendJob.h"
+#include "services/PrinterSendJob.h"
 
 #include <QCoroSignal>
 #include <QCoroTimer>

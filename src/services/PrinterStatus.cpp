@@ -1,4 +1,4 @@
-#include "PrinterStatus.h"
+#include "services/PrinterStatus.h"
 
 #include <QByteArrayList>
 #include <algorithm>

@@ -1,6 +1,6 @@
-#include "PrinterStatusQuery.h"
+#include "services/PrinterStatusQuery.h"
 
-#include "PrinterError.h"
+#include "services/PrinterError.h"
 
 #include <QNetworkProxy>
 

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "PrinterStatus.h"
+#include "services/PrinterStatus.h"
 
 #include <QAbstractSocket>
 #include <QByteArray>

@@ -1,7 +1,7 @@
-#include "PrinterStatusService.h"
+#include "services/PrinterStatusService.h"
 
-#include "PrinterService.h"
-#include "PrinterStatusQuery.h"
+#include "services/PrinterService.h"
+#include "services/PrinterStatusQuery.h"
 
 #include <QCoroSignal>
 #include <memory>

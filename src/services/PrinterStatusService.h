@@ -1,7 +1,7 @@
 #pragma once
 
-#include "PrinterService.h"
-#include "PrinterStatus.h"
+#include "services/PrinterService.h"
+#include "services/PrinterStatus.h"
 
 #include <QCoroTask>
 #include <QString>

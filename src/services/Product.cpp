@@ -1,7 +1,7 @@
-#include "Product.h"
+#include "services/Product.h"
 
-#include "JsonInteger.h"
 #include "model/JsonTypeName.h"
+#include "services/JsonInteger.h"
 
 #include <QHash>
 #include <QJsonObject>

@@ -1,6 +1,6 @@
-#include "ProductAPIResponse.h"
+#include "services/ProductAPIResponse.h"
 
-#include "JsonInteger.h"
+#include "services/JsonInteger.h"
 
 #include <QJsonArray>
 #include <QJsonDocument>

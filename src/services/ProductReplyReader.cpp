@@ -1,6 +1,6 @@
-#include "ProductReplyReader.h"
+#include "services/ProductReplyReader.h"
 
-#include "ProductAPIResponse.h"
+#include "services/ProductAPIResponse.h"
 
 #include <QTextStream>
 

@@ -1,4 +1,4 @@
-#include "ZPLService.h"
+#include "services/ZPLService.h"
 
 #include <algorithm>
 #include <array>

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "Product.h"
+#include "services/Product.h"
 
 #include <QMap>
 #include <QString>

@@ -1,4 +1,4 @@
-#include "ProductListViewModel.h"
+#include "viewmodels/ProductListViewModel.h"
 
 #include "BuildConfig.h"
 

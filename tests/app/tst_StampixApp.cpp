@@ -1,13 +1,13 @@
-#include "AboutView.h"
-#include "AppInfo.h"
-#include "AppcastReader.h"
-#include "ContentView.h"
-#include "MessageBoxUpdateDialogs.h"
 #include "ModalDialogProbe.h"
 #include "ProductWindowFixture.h"
-#include "StampixApp.h"
-#include "UpdaterViewModel.h"
+#include "app/AppcastReader.h"
+#include "app/MessageBoxUpdateDialogs.h"
+#include "app/StampixApp.h"
+#include "app/UpdaterViewModel.h"
 #include "viewmodels/ProductListViewModel.h"
+#include "views/common/AppInfo.h"
+#include "views/main/AboutView.h"
+#include "views/main/ContentView.h"
 
 #include <QAction>
 #include <QFileDialog>

@@ -1,4 +1,4 @@
-#include "LabelPreview.h"
+#include "labelrender/LabelPreview.h"
 #include "services/ZPLService.h"
 
 #include <QElapsedTimer>

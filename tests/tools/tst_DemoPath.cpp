@@ -1,14 +1,14 @@
-#include "ContentView.h"
 #include "DemoHome.h"
 #include "LabelJobWriter.h"
-#include "PrintButton.h"
 #include "ProductService.h"
-#include "StampixApp.h"
-#include "StatusBarView.h"
 #include "TestHome.h"
 #include "VirtualPrinter.h"
+#include "app/StampixApp.h"
 #include "model/AppSettings.h"
 #include "viewmodels/ProductListViewModel.h"
+#include "views/main/ContentView.h"
+#include "views/main/PrintButton.h"
+#include "views/main/StatusBarView.h"
 
 #include <QCoroTask>
 #include <QDir>

@@ -1,10 +1,10 @@
 #include "AwaitTask.h"
 #include "DemoHome.h"
-#include "LabelRenderer.h"
 #include "ProductService.h"
 #include "SimulatorOptions.h"
 #include "TestHome.h"
 #include "VirtualPrinter.h"
+#include "labelrender/LabelRenderer.h"
 #include "services/PrinterService.h"
 #include "services/PrinterStatusService.h"
 

@@ -1,8 +1,8 @@
 #include "RenderLabelCommand.h"
 
-#include "LabelPreview.h"
-#include "LabelRenderer.h"
-#include "LabelWarnings.h"
+#include "labelrender/LabelPreview.h"
+#include "labelrender/LabelRenderer.h"
+#include "labelrender/LabelWarnings.h"
 #include "services/ZPLService.h"
 
 #include <QCommandLineParser>

@@ -1,8 +1,8 @@
 // Pictures of the settings export and import file dialogs, as the File menu
 // opens them.
 
-#include "NativeSettingsFileDialogs.h"
 #include "TestHome.h"
+#include "views/main/NativeSettingsFileDialogs.h"
 
 #include <QApplication>
 #include <QDialog>

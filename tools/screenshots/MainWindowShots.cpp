@@ -1,17 +1,17 @@
 #include "MainWindowShots.h"
 
-#include "ContentView.h"
-#include "CustomToolbar.h"
-#include "MainWindow.h"
-#include "PrintButton.h"
-#include "ProductListView.h"
-#include "ProductTableModel.h"
 #include "ProductWindowFixture.h"
-#include "StampixApp.h"
-#include "StatusBarView.h"
+#include "app/MainWindow.h"
+#include "app/StampixApp.h"
 #include "model/AppSettings.h"
 #include "services/ZPLService.h"
 #include "viewmodels/ProductListViewModel.h"
+#include "views/main/ContentView.h"
+#include "views/main/CustomToolbar.h"
+#include "views/main/PrintButton.h"
+#include "views/main/ProductListView.h"
+#include "views/main/ProductTableModel.h"
+#include "views/main/StatusBarView.h"
 
 #include <QApplication>
 #include <QDir>

@@ -1,11 +1,11 @@
 // Pictures of the settings window (every editor, each empty state, "Over")
 // and of the About window, for looking at the layout without a desktop.
 
-#include "LabelPictureButton.h"
-#include "LabelPreviewView.h"
 #include "MainWindowShots.h"
 #include "VirtualPrinter.h"
 #include "model/AppSettings.h"
+#include "views/common/LabelPictureButton.h"
+#include "views/common/LabelPreviewView.h"
 #include "views/main/AboutWindow.h"
 #include "views/settings/PrinterEditorPage.h"
 #include "views/settings/SettingsView.h"

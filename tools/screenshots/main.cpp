@@ -1,6 +1,6 @@
-#include "AppInfo.h"
 #include "MainWindowShots.h"
-#include "SymbolIcons.h"
+#include "views/common/AppInfo.h"
+#include "views/common/SymbolIcons.h"
 
 #include <QApplication>
 

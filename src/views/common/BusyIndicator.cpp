@@ -1,4 +1,4 @@
-#include "BusyIndicator.h"
+#include "views/common/BusyIndicator.h"
 
 #include <QPainter>
 

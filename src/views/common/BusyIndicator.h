@@ -1,6 +1,6 @@
 #pragma once
 
-#include "views/main/Theme.h"
+#include "views/common/Theme.h"
 
 #include <QTimer>
 #include <QWidget>

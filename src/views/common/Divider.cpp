@@ -1,4 +1,4 @@
-#include "Divider.h"
+#include "views/common/Divider.h"
 
 #include <QPainter>
 

@@ -1,6 +1,6 @@
-#include "LabelPictureButton.h"
+#include "views/common/LabelPictureButton.h"
 
-#include "views/main/Theme.h"
+#include "views/common/Theme.h"
 
 #include <QKeyEvent>
 #include <QPainter>

@@ -1,10 +1,10 @@
-#include "LabelPreviewView.h"
+#include "views/common/LabelPreviewView.h"
 
-#include "LabelPictureButton.h"
-#include "LabelPreview.h"
-#include "ThemedLabel.h"
-#include "views/main/SymbolIcons.h"
-#include "views/main/Theme.h"
+#include "labelrender/LabelPreview.h"
+#include "views/common/LabelPictureButton.h"
+#include "views/common/SymbolIcons.h"
+#include "views/common/Theme.h"
+#include "views/common/ThemedLabel.h"
 
 #include <QHBoxLayout>
 #include <QLocale>

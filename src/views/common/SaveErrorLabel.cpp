@@ -1,4 +1,4 @@
-#include "SaveErrorLabel.h"
+#include "views/common/SaveErrorLabel.h"
 
 #include "model/AppSettings.h"
 

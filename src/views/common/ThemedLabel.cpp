@@ -1,4 +1,4 @@
-#include "ThemedLabel.h"
+#include "views/common/ThemedLabel.h"
 
 #include <QEvent>
 

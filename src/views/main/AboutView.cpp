@@ -1,8 +1,8 @@
-#include "AboutView.h"
+#include "views/main/AboutView.h"
 
-#include "AppInfo.h"
-#include "SymbolIcons.h"
-#include "Theme.h"
+#include "views/common/AppInfo.h"
+#include "views/common/SymbolIcons.h"
+#include "views/common/Theme.h"
 
 #include <QApplication>
 #include <QDate>
@@ -118,7 +118,5 @@ QString AboutView::copyrightText()
 
 void AboutView::openLink(const QString& link)
 {
-    const QUrl url(link);
-    QDesktopServices::openUrl(url);
-    emit linkOpened(url);
+    QDesktopServices::openUrl(QUrl(link));
 }

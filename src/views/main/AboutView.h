@@ -27,10 +27,6 @@ public:
 
     QLabel* linkLabel() const { return m_link; }
 
-signals:
-    // Emitted after the link was handed to the desktop's browser.
-    void linkOpened(const QUrl& url);
-
 private:
     void openLink(const QString& link);
 

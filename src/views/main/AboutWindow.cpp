@@ -1,6 +1,6 @@
-#include "AboutWindow.h"
+#include "views/main/AboutWindow.h"
 
-#include "AboutView.h"
+#include "views/main/AboutView.h"
 
 #include <QVBoxLayout>
 

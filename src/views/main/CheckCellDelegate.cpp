@@ -1,7 +1,7 @@
-#include "CheckCellDelegate.h"
+#include "views/main/CheckCellDelegate.h"
 
-#include "SymbolIcons.h"
-#include "Theme.h"
+#include "views/common/SymbolIcons.h"
+#include "views/common/Theme.h"
 
 #include <QApplication>
 #include <QPainter>

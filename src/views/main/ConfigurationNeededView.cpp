@@ -1,8 +1,8 @@
-#include "ConfigurationNeededView.h"
+#include "views/main/ConfigurationNeededView.h"
 
-#include "SymbolLabel.h"
-#include "Theme.h"
-#include "ThemedLabel.h"
+#include "views/common/SymbolLabel.h"
+#include "views/common/Theme.h"
+#include "views/common/ThemedLabel.h"
 
 #include <QVBoxLayout>
 

@@ -1,7 +1,7 @@
-#include "CustomTitleBar.h"
+#include "views/main/CustomTitleBar.h"
 
-#include "Theme.h"
-#include "ThemedLabel.h"
+#include "views/common/Theme.h"
+#include "views/common/ThemedLabel.h"
 
 #include <QHBoxLayout>
 

@@ -1,13 +1,13 @@
-#include "CustomToolbar.h"
+#include "views/main/CustomToolbar.h"
 
-#include "Divider.h"
-#include "RoundedBox.h"
-#include "SymbolIcons.h"
-#include "SymbolLabel.h"
-#include "Theme.h"
-#include "ThemedLabel.h"
 #include "model/AppSettings.h"
 #include "viewmodels/ProductListViewModel.h"
+#include "views/common/Divider.h"
+#include "views/common/SymbolIcons.h"
+#include "views/common/SymbolLabel.h"
+#include "views/common/Theme.h"
+#include "views/common/ThemedLabel.h"
+#include "views/main/RoundedBox.h"
 
 #include <QComboBox>
 #include <QHBoxLayout>

@@ -1,4 +1,4 @@
-#include "ErrorAlert.h"
+#include "views/main/ErrorAlert.h"
 
 #include "viewmodels/ProductListViewModel.h"
 

@@ -1,12 +1,12 @@
-#include "LabelPreviewPanel.h"
+#include "views/main/LabelPreviewPanel.h"
 
-#include "LabelPictureButton.h"
-#include "LabelPreview.h"
-#include "LabelPreviewView.h"
-#include "Theme.h"
-#include "ThemedLabel.h"
+#include "labelrender/LabelPreview.h"
 #include "model/AppSettings.h"
 #include "viewmodels/ProductListViewModel.h"
+#include "views/common/LabelPictureButton.h"
+#include "views/common/LabelPreviewView.h"
+#include "views/common/Theme.h"
+#include "views/common/ThemedLabel.h"
 
 #include <QScrollArea>
 #include <QVBoxLayout>

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "LabelRenderer.h"
+#include "labelrender/LabelRenderer.h"
 
 #include <QWidget>
 #include <optional>

@@ -1,8 +1,8 @@
-#include "LoadingView.h"
+#include "views/main/LoadingView.h"
 
-#include "BusyIndicator.h"
-#include "Theme.h"
-#include "ThemedLabel.h"
+#include "views/common/BusyIndicator.h"
+#include "views/common/Theme.h"
+#include "views/common/ThemedLabel.h"
 
 #include <QVBoxLayout>
 

@@ -1,4 +1,4 @@
-#include "NativeSettingsFileDialogs.h"
+#include "views/main/NativeSettingsFileDialogs.h"
 
 #include <QDir>
 #include <QFileDialog>

@@ -1,8 +1,8 @@
-#include "PrintButton.h"
+#include "views/main/PrintButton.h"
 
-#include "BusyIndicator.h"
-#include "SymbolIcons.h"
-#include "Theme.h"
+#include "views/common/BusyIndicator.h"
+#include "views/common/SymbolIcons.h"
+#include "views/common/Theme.h"
 
 #include <QEvent>
 #include <QPixmap>

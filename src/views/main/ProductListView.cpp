@@ -1,12 +1,12 @@
-#include "ProductListView.h"
+#include "views/main/ProductListView.h"
 
-#include "CheckCellDelegate.h"
-#include "ProductSortProxy.h"
-#include "ProductTableModel.h"
-#include "SpacebarHandler.h"
-#include "Theme.h"
 #include "model/AppSettings.h"
 #include "viewmodels/ProductListViewModel.h"
+#include "views/common/Theme.h"
+#include "views/main/CheckCellDelegate.h"
+#include "views/main/ProductSortProxy.h"
+#include "views/main/ProductTableModel.h"
+#include "views/main/SpacebarHandler.h"
 
 #include <QHeaderView>
 #include <QTableView>

@@ -1,4 +1,4 @@
-#include "ProductSortProxy.h"
+#include "views/main/ProductSortProxy.h"
 
 #include "services/Product.h"
 

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "ProductTableModel.h"
+#include "views/main/ProductTableModel.h"
 
 #include <QAbstractProxyModel>
 #include <QCollator>

@@ -1,7 +1,7 @@
-#include "ProductTableModel.h"
+#include "views/main/ProductTableModel.h"
 
-#include "Theme.h"
 #include "viewmodels/ProductListViewModel.h"
+#include "views/common/Theme.h"
 
 using namespace Qt::StringLiterals;
 

@@ -1,4 +1,4 @@
-#include "RoundedBox.h"
+#include "views/main/RoundedBox.h"
 
 #include <QEvent>
 #include <QPainter>

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "Theme.h"
+#include "views/common/Theme.h"
 
 #include <QWidget>
 

@@ -1,4 +1,4 @@
-#include "SpacebarHandler.h"
+#include "views/main/SpacebarHandler.h"
 
 #include <QCoreApplication>
 #include <QKeyEvent>
@@ -13,11 +13,6 @@ SpacebarHandler::~SpacebarHandler()
 {
     if (QCoreApplication* application = QCoreApplication::instance())
         application->removeEventFilter(this);
-}
-
-void SpacebarHandler::setOnSpacebar(std::function<void()> onSpacebar)
-{
-    m_onSpacebar = std::move(onSpacebar);
 }
 
 bool SpacebarHandler::eventFilter(QObject* watched, QEvent* event)

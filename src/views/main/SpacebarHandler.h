@@ -14,8 +14,6 @@ public:
     explicit SpacebarHandler(std::function<void()> onSpacebar, QObject* parent = nullptr);
     ~SpacebarHandler() override;
 
-    void setOnSpacebar(std::function<void()> onSpacebar);
-
 protected:
     bool eventFilter(QObject* watched, QEvent* event) override;
 

@@ -1,13 +1,13 @@
-#include "StatusBarView.h"
+#include "views/main/StatusBarView.h"
 
-#include "AppInfo.h"
-#include "PrintButton.h"
-#include "SymbolLabel.h"
-#include "Theme.h"
-#include "ThemedLabel.h"
 #include "model/AppSettings.h"
 #include "viewmodels/ProductListViewModel.h"
+#include "views/common/AppInfo.h"
 #include "views/common/SaveErrorLabel.h"
+#include "views/common/SymbolLabel.h"
+#include "views/common/Theme.h"
+#include "views/common/ThemedLabel.h"
+#include "views/main/PrintButton.h"
 
 #include <QHBoxLayout>
 #include <QLineEdit>

@@ -1,11 +1,11 @@
-#include "AboutSettingsPage.h"
+#include "views/settings/AboutSettingsPage.h"
 
-#include "Divider.h"
-#include "SettingsView.h"
-#include "ThemedLabel.h"
+#include "views/common/Divider.h"
+#include "views/common/SymbolIcons.h"
+#include "views/common/Theme.h"
+#include "views/common/ThemedLabel.h"
 #include "views/main/AboutView.h"
-#include "views/main/SymbolIcons.h"
-#include "views/main/Theme.h"
+#include "views/settings/SettingsView.h"
 
 #include <QDate>
 #include <QDesktopServices>

@@ -1,9 +1,9 @@
-#include "DossierEditorPage.h"
+#include "views/settings/DossierEditorPage.h"
 
-#include "InfoBox.h"
-#include "LabelledField.h"
-#include "SettingsView.h"
 #include "model/AppSettings.h"
+#include "views/settings/InfoBox.h"
+#include "views/settings/LabelledField.h"
+#include "views/settings/SettingsView.h"
 
 #include <QLineEdit>
 #include <QPushButton>

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "SettingsEditorPage.h"
+#include "views/settings/SettingsEditorPage.h"
 
 class QLineEdit;
 class QPushButton;

@@ -1,6 +1,6 @@
-#include "FieldEdge.h"
+#include "views/settings/FieldEdge.h"
 
-#include "views/main/Theme.h"
+#include "views/common/Theme.h"
 
 #include <QEvent>
 #include <QFrame>

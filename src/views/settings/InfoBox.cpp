@@ -1,8 +1,8 @@
-#include "InfoBox.h"
+#include "views/settings/InfoBox.h"
 
-#include "ThemedLabel.h"
-#include "views/main/SymbolIcons.h"
-#include "views/main/Theme.h"
+#include "views/common/SymbolIcons.h"
+#include "views/common/Theme.h"
+#include "views/common/ThemedLabel.h"
 
 #include <QHBoxLayout>
 #include <QLabel>

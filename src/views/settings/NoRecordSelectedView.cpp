@@ -1,8 +1,8 @@
-#include "NoRecordSelectedView.h"
+#include "views/settings/NoRecordSelectedView.h"
 
-#include "SettingsRecordKind.h"
-#include "ThemedLabel.h"
-#include "views/main/SymbolIcons.h"
+#include "views/common/SymbolIcons.h"
+#include "views/common/ThemedLabel.h"
+#include "views/settings/SettingsRecordKind.h"
 
 #include <QVBoxLayout>
 

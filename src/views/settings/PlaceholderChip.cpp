@@ -1,6 +1,6 @@
-#include "PlaceholderChip.h"
+#include "views/settings/PlaceholderChip.h"
 
-#include "views/main/Theme.h"
+#include "views/common/Theme.h"
 
 #include <QKeyEvent>
 #include <QPainter>

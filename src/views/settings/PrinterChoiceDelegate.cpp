@@ -1,6 +1,6 @@
-#include "PrinterChoiceDelegate.h"
+#include "views/settings/PrinterChoiceDelegate.h"
 
-#include "views/main/Theme.h"
+#include "views/common/Theme.h"
 
 #include <QApplication>
 #include <QPainter>

@@ -1,12 +1,12 @@
-#include "PrinterEditorPage.h"
+#include "views/settings/PrinterEditorPage.h"
 
-#include "BusyIndicator.h"
-#include "InfoBox.h"
-#include "LabelledField.h"
-#include "SettingsView.h"
-#include "ThemedLabel.h"
 #include "model/AppSettings.h"
-#include "views/main/Theme.h"
+#include "views/common/BusyIndicator.h"
+#include "views/common/Theme.h"
+#include "views/common/ThemedLabel.h"
+#include "views/settings/InfoBox.h"
+#include "views/settings/LabelledField.h"
+#include "views/settings/SettingsView.h"
 
 #include <QHBoxLayout>
 #include <QLabel>

@@ -1,11 +1,11 @@
-#include "SettingsDetailArea.h"
+#include "views/settings/SettingsDetailArea.h"
 
-#include "AboutSettingsPage.h"
-#include "NoRecordSelectedView.h"
-#include "SettingsRecordKind.h"
-#include "SettingsView.h"
-#include "ThemedLabel.h"
 #include "model/AppSettings.h"
+#include "views/common/ThemedLabel.h"
+#include "views/settings/AboutSettingsPage.h"
+#include "views/settings/NoRecordSelectedView.h"
+#include "views/settings/SettingsRecordKind.h"
+#include "views/settings/SettingsView.h"
 
 #include <QScrollArea>
 #include <QVBoxLayout>

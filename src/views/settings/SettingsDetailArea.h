@@ -1,6 +1,6 @@
 #pragma once
 
-#include "SettingsTabKey.h"
+#include "views/settings/SettingsTabKey.h"
 
 #include <QPointer>
 #include <QUuid>

@@ -1,10 +1,10 @@
-#include "SettingsEditorPage.h"
+#include "views/settings/SettingsEditorPage.h"
 
-#include "FieldEdge.h"
-#include "SettingsSectionCard.h"
-#include "ThemedLabel.h"
-#include "views/main/SymbolIcons.h"
-#include "views/main/Theme.h"
+#include "views/common/SymbolIcons.h"
+#include "views/common/Theme.h"
+#include "views/common/ThemedLabel.h"
+#include "views/settings/FieldEdge.h"
+#include "views/settings/SettingsSectionCard.h"
 
 #include <QHBoxLayout>
 #include <QLabel>

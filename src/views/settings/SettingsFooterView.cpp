@@ -1,8 +1,8 @@
-#include "SettingsFooterView.h"
+#include "views/settings/SettingsFooterView.h"
 
-#include "ThemedLabel.h"
 #include "views/common/SaveErrorLabel.h"
-#include "views/main/Theme.h"
+#include "views/common/Theme.h"
+#include "views/common/ThemedLabel.h"
 
 #include <QHBoxLayout>
 #include <QLabel>

@@ -1,9 +1,9 @@
-#include "SettingsRecordKind.h"
+#include "views/settings/SettingsRecordKind.h"
 
-#include "DossierEditorPage.h"
-#include "PrinterEditorPage.h"
-#include "TemplateEditorPage.h"
 #include "model/AppSettings.h"
+#include "views/settings/DossierEditorPage.h"
+#include "views/settings/PrinterEditorPage.h"
+#include "views/settings/TemplateEditorPage.h"
 
 using namespace Qt::StringLiterals;
 using Kind = SettingsTabKey::Kind;

@@ -1,6 +1,6 @@
-#include "SettingsSectionCard.h"
+#include "views/settings/SettingsSectionCard.h"
 
-#include "views/main/Theme.h"
+#include "views/common/Theme.h"
 
 #include <QPainter>
 #include <QPainterPath>

@@ -1,11 +1,11 @@
-#include "SettingsSidebar.h"
+#include "views/settings/SettingsSidebar.h"
 
-#include "Divider.h"
-#include "SettingsView.h"
-#include "SidebarGroup.h"
-#include "SidebarGroupHeader.h"
-#include "SidebarRow.h"
-#include "views/main/Theme.h"
+#include "views/common/Divider.h"
+#include "views/common/Theme.h"
+#include "views/settings/SettingsView.h"
+#include "views/settings/SidebarGroup.h"
+#include "views/settings/SidebarGroupHeader.h"
+#include "views/settings/SidebarRow.h"
 
 #include <QKeyEvent>
 #include <QPainter>

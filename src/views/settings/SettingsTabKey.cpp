@@ -1,4 +1,4 @@
-#include "SettingsTabKey.h"
+#include "views/settings/SettingsTabKey.h"
 
 using namespace Qt::StringLiterals;
 

@@ -1,15 +1,15 @@
-#include "SettingsView.h"
+#include "views/settings/SettingsView.h"
 
-#include "Divider.h"
-#include "SettingsDetailArea.h"
-#include "SettingsFooterView.h"
-#include "SettingsHeaderView.h"
-#include "SettingsRecordKind.h"
-#include "SettingsSidebar.h"
 #include "model/AppSettings.h"
 #include "services/PrinterService.h"
-#include "views/main/AppInfo.h"
-#include "views/main/Theme.h"
+#include "views/common/AppInfo.h"
+#include "views/common/Divider.h"
+#include "views/common/Theme.h"
+#include "views/settings/SettingsDetailArea.h"
+#include "views/settings/SettingsFooterView.h"
+#include "views/settings/SettingsHeaderView.h"
+#include "views/settings/SettingsRecordKind.h"
+#include "views/settings/SettingsSidebar.h"
 
 #include <QClipboard>
 #include <QGuiApplication>

@@ -1,9 +1,9 @@
 #pragma once
 
-#include "SettingsTabKey.h"
 #include "model/Printer.h"
 #include "services/PrinterStatusService.h"
 #include "services/ZPLService.h"
+#include "views/settings/SettingsTabKey.h"
 
 #include <QCoroTask>
 #include <QList>

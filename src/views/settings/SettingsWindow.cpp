@@ -1,7 +1,7 @@
-#include "SettingsWindow.h"
+#include "views/settings/SettingsWindow.h"
 
-#include "SettingsView.h"
 #include "model/AppSettings.h"
+#include "views/settings/SettingsView.h"
 
 #include <QResizeEvent>
 #include <QScreen>

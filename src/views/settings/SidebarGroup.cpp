@@ -1,10 +1,10 @@
-#include "SidebarGroup.h"
+#include "views/settings/SidebarGroup.h"
 
-#include "SettingsView.h"
-#include "SidebarGroupHeader.h"
-#include "SidebarRow.h"
-#include "ThemedLabel.h"
 #include "model/AppSettings.h"
+#include "views/common/ThemedLabel.h"
+#include "views/settings/SettingsView.h"
+#include "views/settings/SidebarGroupHeader.h"
+#include "views/settings/SidebarRow.h"
 
 #include <QVBoxLayout>
 #include <QVariantAnimation>

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "SettingsRecordKind.h"
+#include "views/settings/SettingsRecordKind.h"
 
 #include <QList>
 #include <QUuid>

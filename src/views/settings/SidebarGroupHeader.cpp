@@ -1,7 +1,7 @@
-#include "SidebarGroupHeader.h"
+#include "views/settings/SidebarGroupHeader.h"
 
-#include "views/main/SymbolIcons.h"
-#include "views/main/Theme.h"
+#include "views/common/SymbolIcons.h"
+#include "views/common/Theme.h"
 
 #include <QHBoxLayout>
 #include <QPainter>

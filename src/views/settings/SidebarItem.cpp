@@ -1,7 +1,7 @@
-#include "SidebarItem.h"
+#include "views/settings/SidebarItem.h"
 
-#include "SidebarItemAccessible.h"
-#include "views/main/Theme.h"
+#include "views/common/Theme.h"
+#include "views/settings/SidebarItemAccessible.h"
 
 #include <QKeyEvent>
 #include <QMouseEvent>

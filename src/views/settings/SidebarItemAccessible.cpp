@@ -1,6 +1,6 @@
-#include "SidebarItemAccessible.h"
+#include "views/settings/SidebarItemAccessible.h"
 
-#include "SidebarItem.h"
+#include "views/settings/SidebarItem.h"
 
 SidebarItemAccessible::SidebarItemAccessible(SidebarItem* item) : QAccessibleWidget(item) {}
 

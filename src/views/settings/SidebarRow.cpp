@@ -1,7 +1,7 @@
-#include "SidebarRow.h"
+#include "views/settings/SidebarRow.h"
 
-#include "views/main/SymbolIcons.h"
-#include "views/main/Theme.h"
+#include "views/common/SymbolIcons.h"
+#include "views/common/Theme.h"
 
 #include <QPainter>
 #include <QPainterPath>

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "SidebarItem.h"
+#include "views/settings/SidebarItem.h"
 
 #include <QColor>
 #include <QIcon>

@@ -1,8 +1,8 @@
 #pragma once
 
-#include "LabelRenderer.h"
-#include "SettingsEditorPage.h"
-#include "ThemedLabel.h"
+#include "labelrender/LabelRenderer.h"
+#include "views/common/ThemedLabel.h"
+#include "views/settings/SettingsEditorPage.h"
 
 #include <QList>
 #include <QStringList>

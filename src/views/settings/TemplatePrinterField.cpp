@@ -1,11 +1,11 @@
-#include "TemplatePrinterField.h"
+#include "views/settings/TemplatePrinterField.h"
 
-#include "PrinterChoiceDelegate.h"
-#include "SettingsEditorPage.h"
-#include "SettingsView.h"
-#include "ThemedLabel.h"
 #include "model/AppSettings.h"
-#include "views/main/Theme.h"
+#include "views/common/Theme.h"
+#include "views/common/ThemedLabel.h"
+#include "views/settings/PrinterChoiceDelegate.h"
+#include "views/settings/SettingsEditorPage.h"
+#include "views/settings/SettingsView.h"
 
 #include <QComboBox>
 #include <QHBoxLayout>

@@ -1,8 +1,8 @@
-#include "ProductSortProxy.h"
-#include "ProductTableModel.h"
 #include "ProductWindowFixture.h"
 #include "model/AppSettings.h"
 #include "viewmodels/ProductListViewModel.h"
+#include "views/main/ProductSortProxy.h"
+#include "views/main/ProductTableModel.h"
 
 #include <QAbstractItemModelTester>
 #include <QAccessible>

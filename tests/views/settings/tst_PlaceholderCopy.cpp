@@ -1,0 +1,84 @@
+#include "SettingsViewHarness.h"
+#include "views/settings/InfoBox.h"
+#include "views/settings/PlaceholderChip.h"
+#include "views/settings/TemplateEditorPage.h"
+
+#include <QClipboard>
+#include <QGuiApplication>
+#include <QLabel>
+#include <QTimer>
+#include <algorithm>
+
+using namespace Qt::StringLiterals;
+using namespace std::chrono_literals;
+using Kind = SettingsTabKey::Kind;
+
+namespace {
+
+// Shortened from the real two seconds; the rule is the same.
+constexpr auto kFeedback = 50ms;
+
+} // namespace
+
+// Clicking a placeholder copies it and shows feedback for a fixed time per
+// click: a later click on another chip keeps its full time, a second click on
+// the same chip does not extend the first.
+class PlaceholderCopyTest : public QObject
+{
+    Q_OBJECT
+
+private slots:
+    void feedbackEndsWithTheRightClick_data();
+    void feedbackEndsWithTheRightClick();
+};
+
+void PlaceholderCopyTest::feedbackEndsWithTheRightClick_data()
+{
+    QTest::addColumn<QStringList>("keys");
+    QTest::addColumn<bool>("clearedByLastClick");
+    QTest::newRow("one click") << QStringList{u"{{PRIJS}}"_s} << true;
+    QTest::newRow("another chip") << QStringList{u"{{NAAM}}"_s, u"{{PRIJS}}"_s} << true;
+    QTest::newRow("same chip twice") << QStringList{u"{{NAAM}}"_s, u"{{NAAM}}"_s} << false;
+}
+
+void PlaceholderCopyTest::feedbackEndsWithTheRightClick()
+{
+    QFETCH(QStringList, keys);
+    QFETCH(bool, clearedByLastClick);
+    SettingsViewHarness harness;
+    harness.view().setCopyFeedbackDuration(kFeedback);
+    QVERIFY(harness.show());
+    auto* page = harness.open<TemplateEditorPage>(Kind::labelTemplate);
+    QCOMPARE(page->copyHint()->text(), u"Klik op een placeholder om te kopiëren naar klembord"_s);
+
+    // Timers of equal length fire in the order they were started, so a marker
+    // started between the clicks tells which click's check cleared the feedback.
+    QTimer marker;
+    marker.setSingleShot(true);
+    marker.setTimerType(Qt::PreciseTimer);
+    std::optional<bool> markerDoneAtClear;
+    connect(&harness.view(), &SettingsView::copiedPlaceholderChanged, &marker, [&] {
+        if (!harness.view().copiedPlaceholder())
+            markerDoneAtClear = !marker.isActive();
+    });
+    for (qsizetype i = 0; i < keys.size(); ++i) {
+        if (i == keys.size() - 1)
+            marker.start(kFeedback);
+        const auto chips = page->chips();
+        clickOn(*std::find_if(chips.begin(), chips.end(), [&](const PlaceholderChip* chip) {
+            return chip->text() == keys.at(i);
+        }));
+    }
+    QCOMPARE(QGuiApplication::clipboard()->text(), keys.constLast());
+    QCOMPARE(page->copyFeedbackLabel()->text(), keys.constLast() + u" gekopieerd naar klembord"_s);
+    QVERIFY(page->copyFeedback()->isVisible());
+    QVERIFY(!page->copyHint()->isVisible());
+
+    QTRY_VERIFY(markerDoneAtClear.has_value());
+    QCOMPARE(*markerDoneAtClear, clearedByLastClick);
+    QVERIFY(page->copyHint()->isVisible());
+    QVERIFY(!page->copyFeedback()->isVisible());
+}
+
+QTEST_MAIN(PlaceholderCopyTest)
+#include "tst_PlaceholderCopy.moc"

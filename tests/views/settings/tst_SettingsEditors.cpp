@@ -1,0 +1,424 @@
+#include "SettingsViewHarness.h"
+#include "VirtualPrinter.h"
+#include "labelrender/LabelRenderer.h"
+#include "views/common/BusyIndicator.h"
+#include "views/common/LabelPictureButton.h"
+#include "views/common/LabelPreviewView.h"
+#include "views/common/Theme.h"
+#include "views/settings/DossierEditorPage.h"
+#include "views/settings/InfoBox.h"
+#include "views/settings/PlaceholderChip.h"
+#include "views/settings/PrinterEditorPage.h"
+#include "views/settings/TemplateEditorPage.h"
+#include "views/settings/TemplatePrinterField.h"
+
+#include <QApplication>
+#include <QComboBox>
+#include <QLabel>
+#include <QLineEdit>
+#include <QPlainTextEdit>
+#include <QPushButton>
+#include <QScrollArea>
+#include <QTemporaryDir>
+#include <QTextDocument>
+
+using namespace Qt::StringLiterals;
+using Kind = SettingsTabKey::Kind;
+
+// The three editor pages: their bindings to the store, enabled states and
+// what they do with an index that is no longer valid.
+class SettingsEditorsTest : public QObject
+{
+    Q_OBJECT
+
+private slots:
+    void addressAndPortFields();
+    void statusButtonAsksThePrinter_data();
+    void statusButtonAsksThePrinter();
+    void fieldsShowTheirEdgeInEitherPalette_data();
+    void fieldsShowTheirEdgeInEitherPalette();
+    void writesThroughAStaleIndexAreIgnored();
+    void templatePrinterChoice();
+    void addingAPrinterFromTheTemplatePage();
+    void chipsAndValidationFollowTheText();
+    void templateTextIsKeptExactly_data();
+    void templateTextIsKeptExactly();
+    void previewFollowsTheText_data();
+    void previewFollowsTheText();
+};
+
+void SettingsEditorsTest::addressAndPortFields()
+{
+    QCOMPARE(PrinterEditorPage::parsePort(u"9100"_s), 9100);
+    QCOMPARE(PrinterEditorPage::parsePort(u"-3"_s), -3);
+    QCOMPARE(PrinterEditorPage::parsePort(u"abc"_s), std::nullopt);
+    QCOMPARE(PrinterEditorPage::parsePort(u"12.5"_s), std::nullopt);
+    QCOMPARE(PrinterEditorPage::parsePort(u"9.100"_s), std::nullopt);
+    QCOMPARE(PrinterEditorPage::parsePort(QString()), std::nullopt);
+    SettingsViewHarness harness;
+    harness.setPrinters({SettingsViewHarness::printer(u"Balie"_s, QString())});
+    QVERIFY(harness.show());
+    auto* page = harness.open<PrinterEditorPage>(Kind::printer);
+    QVERIFY(page);
+
+    QVERIFY(!page->testButton()->isEnabled());
+    QVERIFY(!page->statusButton()->isEnabled());
+    QTest::keyClicks(page->ipAddressField(), u"1"_s);
+    QCOMPARE(harness.settings().printers().at(0).ipAddress, u"1"_s);
+    QVERIFY(page->testButton()->isEnabled());
+    QVERIFY(page->statusButton()->isEnabled());
+    QTest::keyClick(page->ipAddressField(), Qt::Key_Backspace);
+    QVERIFY(!page->testButton()->isEnabled());
+    QVERIFY(!page->statusButton()->isEnabled());
+    // The address is stored as typed, blanks included.
+    QTest::keyClicks(page->ipAddressField(), u" 10.0.0.9 "_s);
+    QCOMPARE(harness.settings().printers().at(0).ipAddress, u" 10.0.0.9 "_s);
+
+    // Delete is offered even for the only printer.
+    QVERIFY(page->deleteButton()->isVisible());
+    QCOMPARE(page->deleteButton()->text(), u"Verwijder Printer"_s);
+
+    // A port that is not a whole number is not stored; leaving the field shows
+    // the port in force again.
+    QLineEdit* port = page->portField();
+    QCOMPARE(port->text(), u"9100"_s);
+    port->setFocus();
+    port->selectAll();
+    QTest::keyClicks(port, u"abc"_s);
+    QCOMPARE(harness.settings().printers().at(0).port, 9100);
+    page->nameField()->setFocus();
+    QTRY_COMPARE(port->text(), u"9100"_s);
+    port->setFocus();
+    port->selectAll();
+    QTest::keyClicks(port, u"6101"_s);
+    QCOMPARE(harness.settings().printers().at(0).port, 6101);
+}
+
+void SettingsEditorsTest::statusButtonAsksThePrinter_data()
+{
+    QTest::addColumn<QString>("state");
+    QTest::addColumn<QString>("summary");
+    QTest::newRow("ready") << u"ready"_s << u"Gereed"_s;
+    QTest::newRow("paper out") << u"paper-out"_s << u"Papier op"_s;
+}
+
+void SettingsEditorsTest::statusButtonAsksThePrinter()
+{
+    QFETCH(QString, state);
+    QFETCH(QString, summary);
+    QTemporaryDir jobs;
+    VirtualPrinter printer(u"P"_s, jobs.path(), VirtualPrinter::Failure::none,
+                           *VirtualPrinter::stateFromName(state));
+    QString error;
+    QVERIFY2(printer.start(0, &error), qPrintable(error));
+    SettingsViewHarness harness;
+    harness.setPrinters({SettingsViewHarness::printer(u"Balie"_s, u"127.0.0.1"_s, printer.port())});
+    QVERIFY(harness.show());
+    auto* page = harness.open<PrinterEditorPage>(Kind::printer);
+    QVERIFY(!page->statusLabel()->isVisible());
+
+    clickOn(page->statusButton());
+    QVERIFY(!page->statusButton()->isEnabled());
+    QVERIFY(page->statusSpinner()->isVisible());
+    QTRY_VERIFY(page->statusButton()->isEnabled());
+    QVERIFY(!page->statusSpinner()->isVisible());
+    QCOMPARE(page->statusLabel()->text(), summary);
+    QCOMPARE(page->statusLabel()->palette().color(QPalette::WindowText),
+             summary == u"Gereed"_s ? SettingsEditorPage::green(page->palette())
+                                    : SettingsEditorPage::red(page->palette()));
+
+    // The answer belongs to the printer that was asked.
+    harness.settings().addPrinter();
+    QVERIFY(!harness.open<PrinterEditorPage>(Kind::printer, 1)->statusLabel()->isVisible());
+    QCOMPARE(harness.open<PrinterEditorPage>(Kind::printer, 0)->statusLabel()->text(), summary);
+}
+
+void SettingsEditorsTest::fieldsShowTheirEdgeInEitherPalette_data()
+{
+    QTest::addColumn<QPalette>("palette");
+    QTest::addColumn<bool>("lifted");
+    QPalette dark(QColor(58, 58, 60), QColor(40, 40, 42));
+    dark.setColor(QPalette::Base, QColor(30, 30, 32));
+    dark.setColor(QPalette::Highlight, QColor(10, 132, 255));
+    QTest::newRow("light") << QApplication::palette() << false;
+    QTest::newRow("dark") << dark << true;
+}
+
+void SettingsEditorsTest::fieldsShowTheirEdgeInEitherPalette()
+{
+    QFETCH(QPalette, palette);
+    QFETCH(bool, lifted);
+    const QPalette light = QApplication::palette();
+    SettingsViewHarness harness;
+    QVERIFY(harness.show());
+    auto* page = harness.open<TemplateEditorPage>(Kind::labelTemplate);
+    // The palette changes while the page is open, as a desktop's theme does.
+    QApplication::setPalette(palette);
+    auto restore = qScopeGuard([&light] { QApplication::setPalette(light); });
+
+    // In a dark palette the field's background stands off the card's.
+    QTRY_COMPARE(page->palette().color(QPalette::Base), palette.color(QPalette::Base));
+    const QColor field = page->nameField()->palette().color(QPalette::Base);
+    QCOMPARE(Theme::contrastRatio(field, palette.color(QPalette::Base)) >= 1.2, lifted);
+
+    // The template text shows the focus in the accent colour.
+    QPlainTextEdit* editor = page->zplEditor();
+    editor->setFocus();
+    QTRY_VERIFY(editor->hasFocus());
+    QCOMPARE(editor->grab().toImage().pixelColor(0, editor->height() / 2), Theme::accent(palette));
+}
+
+void SettingsEditorsTest::writesThroughAStaleIndexAreIgnored()
+{
+    SettingsViewHarness harness;
+    harness.setPrinters({SettingsViewHarness::printer(u"Een"_s, u"10.0.0.1"_s)});
+    QVERIFY(harness.show());
+    AppSettings& settings = harness.settings();
+    // A page that outlives its record, as one does between the record's removal
+    // and the detail area replacing it.
+    PrinterEditorPage stalePrinter(harness.view(), 0);
+    DossierEditorPage staleDossier(harness.view(), 0);
+    stalePrinter.show();
+    staleDossier.show();
+    const QList<Dossier> dossiersBefore = settings.dossiers();
+    const QList<LabelTemplate> templatesBefore = settings.templates();
+
+    settings.setPrinters({});
+    QCOMPARE(stalePrinter.nameField()->text(), QString());
+    QTest::keyClicks(stalePrinter.nameField(), u"x"_s);
+    QTest::keyClicks(stalePrinter.portField(), u"1"_s);
+    clickOn(stalePrinter.testButton());
+    clickOn(stalePrinter.deleteButton());
+    harness.view().testPrinterConnection(0);
+    QVERIFY(settings.printers().isEmpty());
+    QVERIFY(!harness.view().isPrinterTesting());
+
+    settings.setDossiers({});
+    QTest::keyClicks(staleDossier.nameField(), u"x"_s);
+    QTest::keyClicks(staleDossier.apiKeyField(), u"x"_s);
+    QVERIFY(settings.dossiers().isEmpty());
+    settings.setDossiers(dossiersBefore);
+
+    // Index 1 of a list of one.
+    TemplateEditorPage pastTheEnd(harness.view(), 1);
+    pastTheEnd.show();
+    QCOMPARE(pastTheEnd.nameField()->text(), QString());
+    QTest::keyClicks(pastTheEnd.nameField(), u"x"_s);
+    QTest::keyClicks(pastTheEnd.zplEditor(), u"^XA"_s);
+    harness.view().testPrintTemplate(1);
+    harness.view().deleteRecord(Kind::labelTemplate, 1);
+    QCOMPARE(settings.templates(), templatesBefore);
+    QVERIFY(!harness.view().templateTestResult());
+}
+
+void SettingsEditorsTest::templatePrinterChoice()
+{
+    SettingsViewHarness harness;
+    const Printer withAddress = SettingsViewHarness::printer(u"Balie"_s, u"10.0.0.5"_s);
+    const Printer withoutAddress = SettingsViewHarness::printer(u"Magazijn"_s, QString());
+    harness.setPrinters({withAddress, withoutAddress});
+    QVERIFY(harness.show());
+    auto* page = harness.open<TemplateEditorPage>(Kind::labelTemplate);
+    QVERIFY(page);
+    QComboBox* choice = page->printerField()->choice();
+
+    QVERIFY(choice->isVisible());
+    QVERIFY(!page->printerField()->noPrintersRow()->isVisible());
+    QCOMPARE(choice->count(), 3);
+    QCOMPARE(choice->itemText(0), u"Geen printer geselecteerd"_s);
+    QCOMPARE(choice->itemText(1), u"Balie (10.0.0.5)"_s);
+    QCOMPARE(choice->itemText(2), u"Magazijn"_s);
+    QCOMPARE(choice->currentIndex(), 0);
+    QVERIFY(page->printerHint()->isVisible());
+    QCOMPARE(page->printerHint()->text(),
+             u"Selecteer een printer om etiketten te kunnen printen met dit template"_s);
+
+    choice->setCurrentIndex(2);
+    emit choice->activated(2);
+    QCOMPARE(harness.settings().templates().at(0).printerID, withoutAddress.id);
+    QVERIFY(!page->printerHint()->isVisible());
+    QCOMPARE(harness.pageAs<TemplateEditorPage>(), page);
+
+    choice->setCurrentIndex(0);
+    emit choice->activated(0);
+    QCOMPARE(harness.settings().templates().at(0).printerID, std::nullopt);
+    QVERIFY(page->printerHint()->isVisible());
+
+    // The test print needs a printer, and a delete a second template.
+    QVERIFY(!page->testButton()->isEnabled());
+    QVERIFY(!page->isDeleteShown());
+    harness.settings().updateTemplate(
+        0, [&withAddress](LabelTemplate& t) { t.printerID = withAddress.id; });
+    QVERIFY(page->testButton()->isEnabled());
+    // Bound to a printer that has no address: enabled, and the press says why
+    // nothing was sent, in red with the cross.
+    harness.settings().updatePrinter(0, [](Printer& p) { p.ipAddress.clear(); });
+    QVERIFY(page->testButton()->isEnabled());
+    clickOn(page->testButton());
+    QCOMPARE(harness.view().templateTestResult(), u"Geen printer geconfigureerd"_s);
+    QVERIFY(!harness.view().isTemplateTesting());
+    QVERIFY(page->resultRow()->isVisible());
+    QCOMPARE(page->resultLabel()->text(), u"Geen printer geconfigureerd"_s);
+    QCOMPARE(page->resultLabel()->palette().color(QPalette::WindowText),
+             SettingsEditorPage::red(page->palette()));
+    harness.settings().addTemplate();
+    QVERIFY(page->isDeleteShown());
+    QCOMPARE(page->deleteButton()->text(), u"Verwijder Etiket"_s);
+}
+
+void SettingsEditorsTest::addingAPrinterFromTheTemplatePage()
+{
+    SettingsViewHarness harness;
+    QVERIFY(harness.show());
+    clickHeader(harness.group(Kind::printer)->header());
+    auto* page = harness.open<TemplateEditorPage>(Kind::labelTemplate);
+    TemplatePrinterField* field = page->printerField();
+
+    QVERIFY(!field->choice()->isVisible());
+    QVERIFY(field->noPrintersRow()->isVisible());
+    QVERIFY(!page->printerHint()->isVisible());
+    QCOMPARE(field->addPrinterButton()->text(), u"Printer Toevoegen"_s);
+
+    clickOn(field->addPrinterButton());
+    QCOMPARE(harness.settings().printers().size(), 1);
+    const Printer added = harness.settings().printers().at(0);
+    QCOMPARE(harness.view().selectedTab(), SettingsTabKey::make(Kind::printer, added.id));
+    QVERIFY(harness.pageAs<PrinterEditorPage>());
+    // Neither bound to the template nor opening the Printers group.
+    QCOMPARE(harness.settings().templates().at(0).printerID, std::nullopt);
+    QVERIFY(!harness.view().isExpanded(Kind::printer));
+}
+
+void SettingsEditorsTest::chipsAndValidationFollowTheText()
+{
+    SettingsViewHarness harness;
+    QVERIFY(harness.show());
+    auto* page = harness.open<TemplateEditorPage>(Kind::labelTemplate);
+
+    QStringList chipTexts;
+    for (const PlaceholderChip* chip : page->chips()) {
+        chipTexts << chip->text();
+        QCOMPARE(chip->toolTip(), u"Klik om te kopiëren"_s);
+    }
+    QCOMPARE(chipTexts, (QStringList{u"{{ARTIKELNR}}"_s, u"{{BARCODE}}"_s, u"{{NAAM}}"_s,
+                                     u"{{OMSCHRIJVING}}"_s, u"{{PRIJS}}"_s}));
+
+    QCOMPARE(page->zplEditor()->toPlainText(), LabelTemplate::kDefaultZPL);
+    QVERIFY(page->validationMessages().isEmpty());
+
+    page->zplEditor()->clear();
+    QCOMPARE(harness.settings().templates().at(0).zplContent, QString());
+    QCOMPARE(page->validationMessages(),
+             (QStringList{
+                 u"Ontbreekt ^XA (etiket start)"_s, u"Ontbreekt ^XZ (etiket einde)"_s,
+                 u"Geen placeholders gevonden. Gebruik {{ARTIKELNR}}, {{NAAM}}, of {{PRIJS}}"_s}));
+    QTest::keyClicks(page->zplEditor(), u"^XA{{BARCODE}}^XZ"_s);
+    QCOMPARE(harness.settings().templates().at(0).zplContent, u"^XA{{BARCODE}}^XZ"_s);
+    QVERIFY(page->validationMessages().isEmpty());
+    QCOMPARE(harness.pageAs<TemplateEditorPage>(), page);
+    // The store's notifications did not reset the text under the cursor.
+    QCOMPARE(page->zplEditor()->textCursor().position(), 17);
+}
+
+void SettingsEditorsTest::templateTextIsKeptExactly_data()
+{
+    QTest::addColumn<QString>("stored");
+    // After typing "x" at the start, "z" at the start of the second line and "y" at the end.
+    QTest::addColumn<QString>("edited");
+    // Shift+Return before the "y": a new line separator, which is a line feed.
+    QTest::addColumn<bool>("shiftReturn");
+    QTest::newRow("CRLF") << u"^XA\r\n^FD{{NAAM}}^FS\r\n^XZ"_s
+                          << u"x^XA\r\nz^FD{{NAAM}}^FS\r\n^XZy"_s << false;
+    QTest::newRow("lone CR") << u"^XA\r^FD{{NAAM}}^FS\r^XZ"_s << u"x^XA\rz^FD{{NAAM}}^FS\r^XZy"_s
+                             << false;
+    QTest::newRow("no-break space")
+        << u"^XA\n^FD{{NAAM}}\u00a0€^FS\n^XZ"_s << u"x^XA\nz^FD{{NAAM}}\u00a0€^FS\n^XZy"_s << false;
+    QTest::newRow("line separator") << u"^XA\u2028^FD{{NAAM}}^FS\u2028^XZ"_s
+                                    << u"x^XA\u2028z^FD{{NAAM}}^FS\u2028^XZy"_s << false;
+    QTest::newRow("typed line separator") << u"^XA\u2028^FD{{NAAM}}^FS\u2028^XZ"_s
+                                          << u"x^XA\u2028z^FD{{NAAM}}^FS\u2028^XZ\ny"_s << true;
+    QTest::newRow("mixed") << u"^XA\r\n^FD\u00a0{{PRIJS}}\u2029^FS\r^XZ\n"_s
+                           << u"x^XA\r\nz^FD\u00a0{{PRIJS}}\u2029^FS\r^XZ\ny"_s << false;
+}
+
+void SettingsEditorsTest::templateTextIsKeptExactly()
+{
+    QFETCH(QString, stored);
+    QFETCH(QString, edited);
+    QFETCH(bool, shiftReturn);
+    SettingsViewHarness harness;
+    harness.settings().updateTemplate(0, [&stored](LabelTemplate& t) { t.zplContent = stored; });
+    QVERIFY(harness.show());
+    QPlainTextEdit* editor = harness.open<TemplateEditorPage>(Kind::labelTemplate)->zplEditor();
+
+    // Opening the page and changes elsewhere leave the text, the cursor and
+    // the undo history alone.
+    editor->setFocus();
+    QTest::keyClick(editor, Qt::Key_Home, Qt::ControlModifier);
+    QTest::keyClick(editor, Qt::Key_X);
+    const int cursor = editor->textCursor().position();
+    harness.settings().addPrinter();
+    harness.settings().updateTemplate(0, [](LabelTemplate& t) { t.name = u"Ander"_s; });
+    QCOMPARE(editor->textCursor().position(), cursor);
+    QVERIFY(editor->document()->isUndoAvailable());
+
+    QTest::keyClick(editor, Qt::Key_Down);
+    QTest::keyClick(editor, Qt::Key_Home);
+    QTest::keyClick(editor, Qt::Key_Z);
+    QTest::keyClick(editor, Qt::Key_End, Qt::ControlModifier);
+    if (shiftReturn)
+        QTest::keyClick(editor, Qt::Key_Return, Qt::ShiftModifier);
+    QTest::keyClick(editor, Qt::Key_Y);
+    QCOMPARE(harness.settings().templates().at(0).zplContent, edited);
+}
+
+void SettingsEditorsTest::previewFollowsTheText_data()
+{
+    QTest::addColumn<QString>("typed");
+    QTest::addColumn<QString>("size");
+    QTest::addColumn<QString>("warning"); // a fragment of the only warning; empty: none
+    QTest::newRow("size set, wider than the page")
+        << u"^XA^PW1200^LL400^FO10,10^A0N,30^FD{{NAAM}}^FS^XZ"_s
+        << u"150 × 50 mm (1200 × 400 punten)"_s << QString();
+    QTest::newRow("size unknown") << u"^XA^FO10,10^A0N,30^FD{{NAAM}}^FS^XZ"_s
+                                  << u"Etiketformaat onbekend: de ZPL zet geen ^PW en ^LL."_s
+                                  << QString();
+    QTest::newRow("accent without ^CI28")
+        << u"^XA^PW406^LL203^FO10,10^A0N,30^FDPrijs € {{PRIJS}}^FS^XZ"_s
+        << u"50,8 × 25,4 mm (406 × 203 punten)"_s << u"in het sjabloon zonder ^CI28"_s;
+}
+
+void SettingsEditorsTest::previewFollowsTheText()
+{
+    QFETCH(QString, typed);
+    QFETCH(QString, size);
+    QFETCH(QString, warning);
+    SettingsViewHarness harness;
+    QVERIFY(harness.show());
+    auto* page = harness.open<TemplateEditorPage>(Kind::labelTemplate);
+    LabelPreviewView* preview = page->preview();
+    LabelPictureButton* picture = preview->picture();
+    QVERIFY(picture->isVisible());
+
+    page->zplEditor()->clear();
+    page->zplEditor()->insertPlainText(typed);
+    // Drawn with the sample values, once the typing paused.
+    const QImage expected = LabelRenderer()
+                                .render(harness.view().zplService().previewZPL(typed).value())
+                                .labels.at(0)
+                                .image;
+    QTRY_COMPARE(picture->image(), expected);
+    QCOMPARE(preview->sizeText(), size);
+    QCOMPARE(preview->warnings().size(), warning.isEmpty() ? 0 : 1);
+    QVERIFY(warning.isEmpty() || preview->warnings().at(0).contains(warning));
+    // A wide label is drawn smaller; the page never gets wider than the area.
+    QVERIFY(page->width() <= page->parentWidget()->width());
+
+    clickOn(picture);
+    QScrollArea* fullSize = preview->fullSizeWindow();
+    QVERIFY(fullSize && fullSize->isVisible());
+    QCOMPARE(fullSize->widget()->size(), expected.size());
+}
+
+QTEST_MAIN(SettingsEditorsTest)
+#include "tst_SettingsEditors.moc"

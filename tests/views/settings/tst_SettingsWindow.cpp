@@ -1,0 +1,137 @@
+#include "TestHome.h"
+#include "model/AppSettings.h"
+#include "views/common/SaveErrorLabel.h"
+#include "views/settings/SettingsFooterView.h"
+#include "views/settings/SettingsView.h"
+#include "views/settings/SettingsWindow.h"
+
+#include <QAccessible>
+#include <QScreen>
+#include <QTest>
+#include <QWindow>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+// An assignment and the save it schedules, at once.
+void saveNow(AppSettings& settings)
+{
+    settings.setBookyear(settings.bookyear());
+    settings.savePendingChanges();
+}
+
+} // namespace
+
+// The settings window's size memory and its line about a failed save.
+class SettingsWindowTest : public QObject
+{
+    Q_OBJECT
+
+private slots:
+    void openingWritesNothing_data();
+    void openingWritesNothing();
+    void aUserResizeIsKeptAsTheContentSize();
+    void aFailedSaveShowsUntilASaveSucceeds_data();
+    void aFailedSaveShowsUntilASaveSucceeds();
+};
+
+void SettingsWindowTest::openingWritesNothing_data()
+{
+    QTest::addColumn<QSizeF>("stored");
+    QTest::addColumn<QSize>("opened");
+    QTest::newRow("stored size") << QSizeF(1000, 700) << QSize(1000, 700);
+    QTest::newRow("beyond the limits") << QSizeF(5000, 100) << QSize(1200, 400);
+    QTest::newRow("stored 0") << QSizeF(0, 700) << QSize();
+}
+
+void SettingsWindowTest::openingWritesNothing()
+{
+    QFETCH(QSizeF, stored);
+    QFETCH(QSize, opened);
+    TestHome home;
+    AppSettings settings;
+    settings.setSettingsWindowWidth(stored.width());
+    settings.setSettingsWindowHeight(stored.height());
+    settings.savePendingChanges();
+
+    SettingsWindow window(settings);
+    // At its size before it is shown, not corrected afterwards.
+    if (opened.isValid())
+        QCOMPARE(window.size(), opened);
+    window.show();
+    QVERIFY(QTest::qWaitForWindowExposed(&window));
+    QCOMPARE(window.windowTitle(), u"Settings"_s);
+    if (opened.isValid())
+        QCOMPARE(window.size(), opened);
+    const QPoint screenCentre = window.screen()->availableGeometry().center();
+    QVERIFY((window.geometry().center() - screenCentre).manhattanLength() <= 2);
+    QTest::qWait(150);
+    QVERIFY(!settings.isSavePending());
+    QCOMPARE(QSizeF(settings.settingsWindowWidth(), settings.settingsWindowHeight()), stored);
+}
+
+void SettingsWindowTest::aUserResizeIsKeptAsTheContentSize()
+{
+    TestHome home;
+    AppSettings settings;
+    {
+        SettingsWindow window(settings);
+        window.show();
+        QVERIFY(QTest::qWaitForWindowExposed(&window));
+        // As the window system reports a drag of the window's edge.
+        window.windowHandle()->resize(900, 650);
+        QTRY_COMPARE(settings.settingsWindowWidth(), 900.0);
+        QCOMPARE(settings.settingsWindowHeight(), 650.0);
+        QVERIFY(settings.isSavePending());
+    }
+    // Opening again and again does not make it grow.
+    for (int opening = 0; opening < 2; ++opening) {
+        SettingsWindow reopened(settings);
+        reopened.show();
+        QVERIFY(QTest::qWaitForWindowExposed(&reopened));
+        QCOMPARE(reopened.size(), QSize(900, 650));
+    }
+    QCOMPARE(settings.settingsWindowWidth(), 900.0);
+}
+
+void SettingsWindowTest::aFailedSaveShowsUntilASaveSucceeds_data()
+{
+    QTest::addColumn<bool>("failedBeforeOpening");
+    QTest::newRow("while open") << false;
+    QTest::newRow("before opening") << true;
+}
+
+void SettingsWindowTest::aFailedSaveShowsUntilASaveSucceeds()
+{
+    QFETCH(bool, failedBeforeOpening);
+    TestHome home;
+    AppSettings settings;
+    settings.savePendingChanges();
+    QVERIFY(TestHome::blockFile(home.settingsFilePath()));
+    if (failedBeforeOpening)
+        saveNow(settings);
+
+    SettingsWindow window(settings);
+    window.show();
+    QVERIFY(QTest::qWaitForWindowExposed(&window));
+    SaveErrorLabel* line = window.view()->footer()->saveErrorLabel();
+    QCOMPARE(line->isVisible(), failedBeforeOpening);
+    if (!failedBeforeOpening)
+        saveNow(settings);
+    QVERIFY(!settings.saveError().isEmpty());
+    const QString expected = u"Instellingen niet opgeslagen: "_s + settings.saveError();
+    QVERIFY(line->isVisible());
+    // Whole: the footer has room for it.
+    QTRY_COMPARE(line->text(), expected);
+    QAccessibleInterface* item = QAccessible::queryAccessibleInterface(line);
+    QCOMPARE(item->text(QAccessible::Name), expected);
+    QCOMPARE(item->role(), QAccessible::StaticText);
+
+    QVERIFY(TestHome::unblockFile(home.settingsFilePath()));
+    saveNow(settings);
+    QVERIFY(!line->isVisible());
+}
+
+QTEST_MAIN(SettingsWindowTest)
+#include "tst_SettingsWindow.moc"
