@@ -57,6 +57,8 @@ void PrinterStatusTest::readsTheAnswer_data()
            u"Configuratie verloren"_s
         << 0;
     QTest::newRow("field missing") << answer("030,0,0,1218,000,0,0,0,000,0,0") << QString() << 0;
+    QTest::newRow("field too many")
+        << answer("030,0,0,1218,000,0,0,0,000,0,0,0,0") << QString() << 0;
     QTest::newRow("flag not 0 or 1")
         << answer("030,2,0,1218,000,0,0,0,000,0,0,0") << QString() << 0;
     QTest::newRow("count not a number")
