@@ -9,6 +9,8 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
+constexpr QStringView kCheckingText = u"Controleren op updates…";
+
 // QMessageBox::setTextFormat reaches only the main text; the informative
 // label would otherwise guess the format from its content.
 void setDetailsFormat(QMessageBox& box, Qt::TextFormat format)
@@ -21,6 +23,11 @@ void setDetailsFormat(QMessageBox& box, Qt::TextFormat format)
 } // namespace
 
 MessageBoxUpdateDialogs::MessageBoxUpdateDialogs(QWidget* parent) : m_parent(parent) {}
+
+MessageBoxUpdateDialogs::~MessageBoxUpdateDialogs()
+{
+    delete m_checking.data();
+}
 
 void MessageBoxUpdateDialogs::showUpToDate(const QString& currentVersion)
 {
@@ -62,6 +69,35 @@ void MessageBoxUpdateDialogs::showNotConfigured()
 {
     showPlain(QMessageBox::Information, u"Updates niet beschikbaar"_s,
               u"Controleren op updates is niet ingesteld voor deze build."_s);
+}
+
+void MessageBoxUpdateDialogs::showChecking(std::function<void()> cancel)
+{
+    if (!m_checking) {
+        // No range: a busy bar, since the feed gives no progress worth showing.
+        m_checking = new QProgressDialog(kCheckingText.toString(), u"Annuleren"_s, 0, 0, m_parent);
+        // The program's name, which the untitled message boxes show too.
+        m_checking->setWindowTitle(u"Stampix"_s);
+        m_checking->setAccessibleName(kCheckingText.toString());
+        m_checking->setModal(false);
+        // The button, Escape and closing the window all cancel.
+        QObject::connect(m_checking, &QProgressDialog::canceled, m_checking, std::move(cancel));
+    }
+    m_checking->setWindowState(m_checking->windowState() & ~Qt::WindowMinimized);
+    m_checking->show();
+    m_checking->raise();
+    m_checking->activateWindow();
+}
+
+void MessageBoxUpdateDialogs::closeChecking()
+{
+    // Not close(), which would report a cancel; later, since this may run
+    // inside the window's own cancel signal.
+    if (m_checking) {
+        m_checking->hide();
+        m_checking->deleteLater();
+        m_checking = nullptr;
+    }
 }
 
 void MessageBoxUpdateDialogs::showPlain(QMessageBox::Icon icon, const QString& text,

@@ -3,6 +3,7 @@
 #include "app/AppcastItem.h"
 
 #include <QString>
+#include <functional>
 
 // The outcomes of a user-initiated update check as the user sees them. The
 // application shows message boxes; tests record the calls instead.
@@ -20,4 +21,8 @@ public:
     virtual void showFailure(const QString& description) = 0;
     // The build carries no feed address.
     virtual void showNotConfigured() = 0;
+    // While the user waits for the feed: one window, brought forward when it
+    // is open already. `cancel` runs when the user gives up waiting.
+    virtual void showChecking(std::function<void()> cancel) = 0;
+    virtual void closeChecking() = 0;
 };

@@ -25,7 +25,12 @@ UpdateFeedClient::~UpdateFeedClient()
     // A reply deleted with the manager never finishes, which would leave its
     // fetch suspended for good; aborted, it finishes now and its caller,
     // already gone, returns at once.
-    m_isClosing = true;
+    abort();
+}
+
+void UpdateFeedClient::abort()
+{
+    ++m_abortCount;
     const QList<QNetworkReply*> replies = m_manager->findChildren<QNetworkReply*>();
     for (QNetworkReply* reply : replies)
         reply->abort();
@@ -53,14 +58,17 @@ QCoro::Task<Expected<QByteArray, QString>> UpdateFeedClient::fetch(QUrl url)
             reply->abort();
     });
 
+    const quint64 abortCount = m_abortCount;
     // A reply never finishes inside get(), so the signal cannot be missed.
     co_await qCoro(reply, &QNetworkReply::finished);
-    if (!self || self->m_isClosing)
+    if (!self)
+        co_return u"Het controleren op updates is afgebroken."_s;
+    reply->deleteLater();
+    if (self->m_abortCount != abortCount)
         co_return u"Het controleren op updates is afgebroken."_s;
 
     const bool timedOut = !deadline->isActive();
     deadline->stop();
-    reply->deleteLater();
 
     if (timedOut)
         co_return u"De server van de updatefeed reageerde niet op tijd."_s;

@@ -25,11 +25,14 @@ public:
 
     // The body of the feed, or a description of why it could not be fetched.
     QCoro::Task<Expected<QByteArray, QString>> fetch(QUrl url);
+    // Ends every running fetch at once with "afgebroken".
+    void abort();
 
 private:
     // A child, so it and its replies go only after every QPointer to this
     // client has been cleared.
     QNetworkAccessManager* m_manager;
     std::chrono::milliseconds m_timeout;
-    bool m_isClosing = false;
+    // Counts the aborts, so a fetch can tell that one happened while it waited.
+    quint64 m_abortCount = 0;
 };

@@ -62,7 +62,10 @@ void UpdaterViewModel::checkForUpdates()
     }
 #endif
     if (m_isChecking) {
-        m_isUserWaiting = true;
+        if (m_isWaitingForFeed) {
+            m_isUserWaiting = true;
+            showChecking();
+        }
         return;
     }
     m_isChecking = true;
@@ -72,7 +75,23 @@ void UpdaterViewModel::checkForUpdates()
         finishCheck();
         return;
     }
+    showChecking();
     runCheck();
+}
+
+void UpdaterViewModel::showChecking()
+{
+    m_dialogs->showChecking([this] { cancelCheck(); });
+}
+
+void UpdaterViewModel::cancelCheck()
+{
+    if (!m_isWaitingForFeed)
+        return;
+    m_isWaitingForFeed = false;
+    m_dialogs->closeChecking();
+    m_feedClient->abort();
+    finishCheck();
 }
 
 void UpdaterViewModel::checkAtStartIfDue()
@@ -91,10 +110,14 @@ void UpdaterViewModel::checkAtStartIfDue()
 QCoro::Task<> UpdaterViewModel::runCheck()
 {
     QPointer<UpdaterViewModel> self(this);
+    m_isWaitingForFeed = true;
     const Expected<QByteArray, QString> feed =
         co_await m_feedClient->fetch(m_configuration.feedURL);
-    if (!self)
+    // A cancelled check has ended already.
+    if (!self || !m_isWaitingForFeed)
         co_return;
+    m_isWaitingForFeed = false;
+    m_dialogs->closeChecking();
     // This resumes inside the network reply's signal; the modal message box
     // runs from the event loop instead.
     QMetaObject::invokeMethod(

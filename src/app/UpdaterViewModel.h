@@ -49,8 +49,9 @@ public:
                      QObject* parent = nullptr);
     ~UpdaterViewModel() override;
 
-    // A user-initiated check. While an earlier user check is still running or
-    // its result is still on screen, nothing more happens; a quiet check at
+    // A user-initiated check, with a window that shows the wait for the feed.
+    // While the feed is awaited, a second call brings that window forward;
+    // while a result is on screen, nothing more happens. A quiet check at
     // start that is still running is taken over and shows its outcome in full.
     void checkForUpdates();
     bool isChecking() const { return m_isChecking; }
@@ -61,6 +62,9 @@ signals:
 
 private:
     void checkAtStartIfDue();
+    void showChecking();
+    // Aborts the request; the check ends without a word.
+    void cancelCheck();
     QCoro::Task<> runCheck();
     void present(const Expected<QByteArray, QString>& feed);
     void finishCheck();
@@ -71,6 +75,7 @@ private:
     bool m_isChecking = false;
     // False while only the quiet check at start is running.
     bool m_isUserWaiting = false;
+    bool m_isWaitingForFeed = false;
 #ifdef STAMPIX_HAVE_SPARKLE
     std::unique_ptr<SparkleUpdater> m_sparkle;
 #endif

@@ -15,6 +15,10 @@
 #include <QListView>
 #include <QMenu>
 #include <QMessageBox>
+#include <QNetworkReply>
+#include <QProgressDialog>
+#include <QPushButton>
+#include <QSignalSpy>
 #include <QTcpSocket>
 #include <QTest>
 
@@ -51,6 +55,17 @@ QString shownWhile(const std::function<void()>& run)
     return shown;
 }
 
+// The visible windows that show an update check waiting for its feed.
+QList<QWidget*> checkingWindows()
+{
+    QList<QWidget*> windows;
+    for (QWidget* window : QApplication::topLevelWidgets()) {
+        if (window->isVisible() && window->accessibleName() == u"Controleren op updates…"_s)
+            windows.append(window);
+    }
+    return windows;
+}
+
 } // namespace
 
 class StampixAppTest : public QObject
@@ -72,6 +87,8 @@ private slots:
     void readsTheNewestUsableItem();
     void comparesBuildNumbersAndShowsTheVersion_data();
     void comparesBuildNumbersAndShowsTheVersion();
+    void showsTheWaitForTheFeed_data();
+    void showsTheWaitForTheFeed();
 
 private:
     std::unique_ptr<Fixture> m_fixture;
@@ -318,6 +335,61 @@ void StampixAppTest::comparesBuildNumbersAndShowsTheVersion()
         QTRY_VERIFY_WITH_TIMEOUT(!updater.isChecking(), 5000);
     });
     QVERIFY2(text.contains(shown), qPrintable(text));
+}
+
+void StampixAppTest::showsTheWaitForTheFeed_data()
+{
+    QTest::addColumn<bool>("cancels");
+    QTest::addColumn<QString>("shown");
+    QTest::newRow("answer") << false << u"Stampix is bijgewerkt"_s;
+    QTest::newRow("Annuleren") << true << QString();
+}
+
+void StampixAppTest::showsTheWaitForTheFeed()
+{
+    QFETCH(bool, cancels);
+    QFETCH(QString, shown);
+    LoopbackHttpServer& server = m_fixture->server();
+    // A cancelled check meets a silent feed; the other is answered after a while.
+    const LoopbackHttpServer::Response response{
+        200, {}, feed(item("2", "1.4.2")), 300ms, cancels ? Mode::neverAnswer : Mode::normal};
+    server.setHandler([&](const LoopbackHttpServer::Request&) { return response; });
+    UpdaterViewModel updater({QUrl(server.baseUrl()), u"2"_s, u"1.4.2"_s, 1500ms, false, {}},
+                             std::make_unique<MessageBoxUpdateDialogs>());
+    const QSignalSpy finished(&updater, &UpdaterViewModel::checkFinished);
+    updater.checkForUpdates();
+    const QList<QWidget*> windows = checkingWindows();
+    QCOMPARE(windows.size(), 1);
+    auto* window = qobject_cast<QProgressDialog*>(windows.first());
+    QVERIFY(window && !window->isModal());
+    QCOMPARE(window->labelText(), u"Controleren op updates…"_s);
+    auto* cancel = window->findChild<QPushButton*>();
+    QCOMPARE(cancel->text(), u"Annuleren"_s);
+
+    // A second command brings the same window forward.
+    window->setWindowState(Qt::WindowMinimized);
+    updater.checkForUpdates();
+    QCOMPARE(checkingWindows(), windows);
+    QVERIFY(!window->isMinimized());
+    QTRY_COMPARE(server.requests().size(), 1);
+
+    QString text;
+    whenShown<QMessageBox>([&](QMessageBox* box) {
+        text = box->text();
+        QVERIFY(checkingWindows().isEmpty());
+    });
+    if (cancels) {
+        QTest::mouseClick(cancel, Qt::LeftButton);
+        QVERIFY(!updater.isChecking());
+        QVERIFY(checkingWindows().isEmpty());
+        // The request goes at once, not at its time-out.
+        QTRY_VERIFY_WITH_TIMEOUT(updater.findChildren<QNetworkReply*>().isEmpty(), 500);
+        QTest::qWait(2000);
+    }
+    QTRY_VERIFY_WITH_TIMEOUT(!updater.isChecking(), 5000);
+    QCOMPARE(text, shown);
+    QVERIFY(checkingWindows().isEmpty());
+    QCOMPARE(finished.count(), 1);
 }
 
 QTEST_MAIN(StampixAppTest)

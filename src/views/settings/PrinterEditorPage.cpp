@@ -29,7 +29,7 @@ PrinterEditorPage::PrinterEditorPage(SettingsView& view, qsizetype index, QWidge
       m_port(makeLineEdit(u"9100"_s, 70)), m_testButton(makeButton(u"Test Verbinding"_s)),
       m_spinner(new BusyIndicator(kSpinnerSize, &Theme::secondaryText)),
       m_result(new ThemedLabel({}, Theme::caption(), &Theme::primaryText)),
-      m_statusButton(makeButton(u"Status"_s)), m_statusRow(new QWidget),
+      m_statusButton(makeButton(u"Status"_s)),
       m_statusSpinner(new BusyIndicator(kSpinnerSize, &Theme::secondaryText)),
       m_status(new ThemedLabel({}, Theme::caption(), &Theme::secondaryText))
 {
@@ -44,31 +44,28 @@ PrinterEditorPage::PrinterEditorPage(SettingsView& view, qsizetype index, QWidge
     addressRow->addStretch();
     connection.content->addLayout(addressRow);
 
-    auto* testRow = new QHBoxLayout;
-    testRow->setSpacing(12);
-    m_testButton->setSizePolicy(QSizePolicy::Fixed, QSizePolicy::Fixed);
-    testRow->addWidget(m_testButton);
-    m_statusButton->setSizePolicy(QSizePolicy::Fixed, QSizePolicy::Fixed);
+    // The connection test and the status question each get a row of button,
+    // progress indicator and result.
+    const auto addButtonRow = [&connection](QPushButton* button, BusyIndicator* spinner,
+                                            QLabel* result) {
+        auto* row = new QHBoxLayout;
+        row->setSpacing(12);
+        button->setSizePolicy(QSizePolicy::Fixed, QSizePolicy::Fixed);
+        row->addWidget(button);
+        row->addWidget(spinner);
+        row->addWidget(result, 1);
+        // Keeps the button at the left while there is no result beside it.
+        row->addStretch();
+        result->setWordWrap(true);
+        result->setTextInteractionFlags(Qt::TextSelectableByMouse);
+        connection.content->addLayout(row);
+    };
+    addButtonRow(m_testButton, m_spinner, m_result);
     m_statusButton->setAccessibleDescription(
         u"Vraag de printer naar papier, lint, kop en buffer"_s);
-    testRow->addWidget(m_statusButton);
-    testRow->addWidget(m_spinner);
-    testRow->addWidget(m_result, 1);
-    // Keeps the button at the left while there is no result beside it.
-    testRow->addStretch();
-    connection.content->addLayout(testRow);
-    auto* statusLine = new QHBoxLayout(m_statusRow);
-    statusLine->setContentsMargins(0, 0, 0, 0);
-    statusLine->setSpacing(8);
-    statusLine->addWidget(m_statusSpinner);
-    statusLine->addWidget(m_status, 1);
-    m_status->setWordWrap(true);
-    m_status->setTextInteractionFlags(Qt::TextSelectableByMouse);
-    connection.content->addWidget(m_statusRow);
+    addButtonRow(m_statusButton, m_statusSpinner, m_status);
     connection.content->addWidget(new InfoBox(
         u"Voer het IP adres en poort van je Zebra etiketprinter in. Standaard poort is 9100."_s));
-    m_result->setWordWrap(true);
-    m_result->setTextInteractionFlags(Qt::TextSelectableByMouse);
 
     m_deleteButton = addDeleteSection(u"Verwijder Printer"_s, nullptr);
 
@@ -159,7 +156,7 @@ void PrinterEditorPage::refreshStatus()
     const QUuid id = m_index >= 0 && m_index < printers.size() ? printers.at(m_index).id : QUuid();
     const bool asking = !id.isNull() && m_view.statusQueryPrinter() == id;
     const PrinterStatus* status = id.isNull() ? nullptr : m_view.printerStatus(id);
-    m_statusRow->setVisible(asking || status);
+    m_status->setVisible(asking || status);
     m_statusSpinner->setVisible(asking);
     if (asking) {
         m_status->setText(u"Status opvragen..."_s);

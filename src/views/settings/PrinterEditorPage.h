@@ -27,7 +27,7 @@ public:
     BusyIndicator* spinner() const { return m_spinner; }
     QPushButton* statusButton() const { return m_statusButton; }
     BusyIndicator* statusSpinner() const { return m_statusSpinner; }
-    // One line under the buttons: the question while it runs, then the answer.
+    // Beside the status button: the question while it runs, then the answer.
     QLabel* statusLabel() const;
     QPushButton* deleteButton() const { return m_deleteButton; }
 
@@ -50,7 +50,6 @@ private:
     BusyIndicator* m_spinner;
     ThemedLabel* m_result;
     QPushButton* m_statusButton;
-    QWidget* m_statusRow;
     BusyIndicator* m_statusSpinner;
     ThemedLabel* m_status;
     QPushButton* m_deleteButton;

@@ -19,11 +19,31 @@
 #include <QPlainTextEdit>
 #include <QPushButton>
 #include <QScrollArea>
+#include <QSet>
 #include <QTemporaryDir>
 #include <QTextDocument>
 
 using namespace Qt::StringLiterals;
 using Kind = SettingsTabKey::Kind;
+
+namespace {
+
+// The page's visible widgets beside `anchor` (their heights overlap), its
+// containers left out.
+QSet<QWidget*> rowOf(QWidget* page, QWidget* anchor)
+{
+    const QRect band(anchor->mapTo(page, QPoint()), anchor->size());
+    QSet<QWidget*> row;
+    for (QWidget* widget : page->findChildren<QWidget*>()) {
+        const QRect rect(widget->mapTo(page, QPoint()), widget->size());
+        if (widget->isVisible() && (widget == anchor || !widget->isAncestorOf(anchor)) &&
+            rect.top() <= band.bottom() && rect.bottom() >= band.top())
+            row.insert(widget);
+    }
+    return row;
+}
+
+} // namespace
 
 // The three editor pages: their bindings to the store, enabled states and
 // what they do with an index that is no longer valid.
@@ -117,11 +137,21 @@ void SettingsEditorsTest::statusButtonAsksThePrinter()
     auto* page = harness.open<PrinterEditorPage>(Kind::printer);
     QVERIFY(!page->statusLabel()->isVisible());
 
+    // The status question has its own row under the connection test's.
     clickOn(page->statusButton());
+    clickOn(page->testButton());
     QVERIFY(!page->statusButton()->isEnabled());
-    QVERIFY(page->statusSpinner()->isVisible());
-    QTRY_VERIFY(page->statusButton()->isEnabled());
-    QVERIFY(!page->statusSpinner()->isVisible());
+    QCOMPARE(rowOf(page, page->testButton()),
+             (QSet<QWidget*>{page->testButton(), page->spinner()}));
+    QCOMPARE(rowOf(page, page->statusButton()),
+             (QSet<QWidget*>{page->statusButton(), page->statusSpinner(), page->statusLabel()}));
+    QVERIFY(page->statusButton()->y() > page->testButton()->geometry().bottom());
+    QCOMPARE(page->statusButton()->x(), page->testButton()->x());
+    QTRY_VERIFY(page->statusButton()->isEnabled() && !harness.view().isPrinterTesting());
+    QCOMPARE(rowOf(page, page->testButton()),
+             (QSet<QWidget*>{page->testButton(), page->resultLabel()}));
+    QCOMPARE(rowOf(page, page->statusButton()),
+             (QSet<QWidget*>{page->statusButton(), page->statusLabel()}));
     QCOMPARE(page->statusLabel()->text(), summary);
     QCOMPARE(page->statusLabel()->palette().color(QPalette::WindowText),
              summary == u"Gereed"_s ? SettingsEditorPage::green(page->palette())
