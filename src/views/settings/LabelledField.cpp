@@ -1,11 +1,9 @@
 #include "views/settings/LabelledField.h"
 
-#include "views/common/SymbolIcons.h"
-#include "views/common/Theme.h"
+#include "views/common/SymbolLabel.h"
 #include "views/common/ThemedLabel.h"
 
 #include <QHBoxLayout>
-#include <QLabel>
 #include <QVBoxLayout>
 
 namespace {
@@ -22,11 +20,9 @@ LabelledField::LabelledField(const QString& symbolName, const QString& label, QW
     // What a screen reader calls the input: the label above it.
     if (input->accessibleName().isEmpty())
         input->setAccessibleName(label);
-    auto* icon = new QLabel;
-    icon->setPixmap(SymbolIcons::tinted(symbolName, Theme::secondaryText(palette()))
-                        .pixmap(QSize(kIconSize, kIconSize), devicePixelRatioF()));
+    auto* icon = new SymbolLabel(symbolName, kIconSize, &Theme::secondaryText);
+    // The symbol centred in its box.
     icon->setFixedWidth(kIconBox);
-    icon->setAlignment(Qt::AlignCenter);
 
     QFont labelFont = Theme::subheadline();
     labelFont.setWeight(QFont::Medium);
