@@ -33,12 +33,12 @@ constexpr int kSpinnerSize = 12;
 constexpr int kEditorMinHeight = 200;
 
 // One look for all chips: blue monospaced text on pale blue. The button adds
-// a blank's width either side of its text, so the padding there is small.
+// room around its text of its own, so the chip needs no padding.
 constexpr QStringView kChipStyle =
-    u"QToolButton { color: #007aff; background: rgba(0, 122, 255, 26); border: none;"
-    " border-radius: 4px; padding: 4px 2px; }"
+    u"QToolButton { color: #007aff; background: rgba(0, 122, 255, 26); padding: 0px;"
+    " border: 2px solid transparent; border-radius: 4px; }"
     " QToolButton:pressed { background: rgba(0, 122, 255, 51); }"
-    " QToolButton:focus { border: 2px solid palette(highlight); padding: 2px 0px; }";
+    " QToolButton:focus { border-color: palette(highlight); }";
 
 // A thin gray edge that turns into a wider one in the accent colour with the focus.
 constexpr QStringView kEditorStyle =
