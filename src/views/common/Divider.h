@@ -2,11 +2,11 @@
 
 #include "views/common/Theme.h"
 
-#include <QWidget>
+#include <QFrame>
 
 // A one pixel line, in the separator colour unless told otherwise; `length`
-// fixes a vertical line's height.
-class Divider : public QWidget
+// fixes its extent along the line.
+class Divider : public QFrame
 {
     Q_OBJECT
 
@@ -16,8 +16,10 @@ public:
     void setColor(Theme::PaletteColor color);
 
 protected:
-    void paintEvent(QPaintEvent* event) override;
+    void changeEvent(QEvent* event) override;
 
 private:
+    void applyColor();
+
     Theme::PaletteColor m_color = &Theme::separator;
 };

@@ -2,7 +2,7 @@
 
 #include "labelrender/LabelPreview.h"
 #include "views/common/LabelPictureButton.h"
-#include "views/common/SymbolIcons.h"
+#include "views/common/SymbolLabel.h"
 #include "views/common/Theme.h"
 #include "views/common/ThemedLabel.h"
 
@@ -37,10 +37,8 @@ QWidget* warningRow(const QString& text)
     auto* layout = new QHBoxLayout(row);
     layout->setContentsMargins(0, 0, 0, 0);
     layout->setSpacing(4);
-    auto* icon = new QLabel;
-    icon->setPixmap(SymbolIcons::tinted(u"exclamationmark.triangle.fill", Theme::orange())
-                        .pixmap(QSize(kIconSize, kIconSize), row->devicePixelRatioF()));
-    icon->setFixedSize(kIconSize, kIconSize);
+    auto* icon = new SymbolLabel(u"exclamationmark.triangle.fill"_s, kIconSize,
+                                 [](const QPalette&) { return Theme::orange(); });
     auto* label = new ThemedLabel(text, Theme::caption(), &Theme::primaryText);
     label->setWordWrap(true);
     label->setTextInteractionFlags(Qt::TextSelectableByMouse);

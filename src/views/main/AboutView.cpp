@@ -1,15 +1,16 @@
 #include "views/main/AboutView.h"
 
 #include "views/common/AppInfo.h"
+#include "views/common/Divider.h"
 #include "views/common/SymbolIcons.h"
 #include "views/common/Theme.h"
 
 #include <QApplication>
 #include <QDate>
 #include <QDesktopServices>
-#include <QFrame>
 #include <QHBoxLayout>
 #include <QLabel>
+#include <QPainter>
 #include <QVBoxLayout>
 
 using namespace Qt::StringLiterals;
@@ -29,28 +30,12 @@ QLabel* captionLabel(const QString& text, const QPalette& palette)
     return label;
 }
 
-QFrame* divider()
-{
-    auto* line = new QFrame;
-    line->setFrameShape(QFrame::HLine);
-    line->setFrameShadow(QFrame::Plain);
-    line->setFixedWidth(kDividerWidth);
-    QPalette pal = line->palette();
-    pal.setColor(QPalette::WindowText, Theme::separator(pal));
-    line->setPalette(pal);
-    return line;
-}
-
 } // namespace
 
-AboutView::AboutView(QWidget* parent) : QWidget(parent)
+AboutView::AboutView(QWidget* parent) : QWidget(parent), m_iconSpace(new QWidget)
 {
     setFixedSize(kSize, kSize);
-
-    auto* icon = new QLabel;
-    icon->setPixmap(applicationIcon().pixmap(QSize(kIconSize, kIconSize), devicePixelRatioF()));
-    icon->setFixedSize(kIconSize, kIconSize);
-    icon->setScaledContents(true);
+    m_iconSpace->setFixedSize(kIconSize, kIconSize);
 
     auto* name = new QLabel(u"Stampix"_s);
     name->setFont(Theme::systemFont(Theme::title2().pixelSize(), QFont::DemiBold));
@@ -79,15 +64,24 @@ AboutView::AboutView(QWidget* parent) : QWidget(parent)
     auto* column = new QVBoxLayout(this);
     column->setContentsMargins(32, 32, 32, 32);
     column->setSpacing(16);
-    column->addWidget(icon, 0, Qt::AlignHCenter);
+    column->addWidget(m_iconSpace, 0, Qt::AlignHCenter);
     column->addWidget(name, 0, Qt::AlignHCenter);
     column->addWidget(captionLabel(u"Version "_s + AppInfo::version(), palette()), 0,
                       Qt::AlignHCenter);
-    column->addWidget(divider(), 0, Qt::AlignHCenter);
+    column->addWidget(new Divider(Qt::Horizontal, kDividerWidth), 0, Qt::AlignHCenter);
     column->addWidget(description, 0, Qt::AlignHCenter);
     column->addStretch(1);
     column->addLayout(footer);
     column->setAlignment(footer, Qt::AlignHCenter);
+}
+
+void AboutView::paintEvent(QPaintEvent*)
+{
+    // At the scale of the screen the window is on now.
+    QPainter painter(this);
+    painter.setRenderHint(QPainter::SmoothPixmapTransform);
+    const QRect target = m_iconSpace->geometry();
+    painter.drawPixmap(target, applicationIcon().pixmap(target.size(), devicePixelRatioF()));
 }
 
 QString AboutView::makerDomain()

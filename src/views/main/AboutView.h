@@ -27,8 +27,13 @@ public:
 
     QLabel* linkLabel() const { return m_link; }
 
+protected:
+    void paintEvent(QPaintEvent* event) override;
+
 private:
     void openLink(const QString& link);
+
+    QWidget* m_iconSpace;
 
     QLabel* m_link;
 };

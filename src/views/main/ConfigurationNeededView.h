@@ -1,9 +1,9 @@
 #pragma once
 
-#include <QWidget>
+#include "views/common/PlaceholderView.h"
 
 // Shown instead of everything else while no dossier with an API key is set up.
-class ConfigurationNeededView : public QWidget
+class ConfigurationNeededView : public PlaceholderView
 {
     Q_OBJECT
 

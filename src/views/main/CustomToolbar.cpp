@@ -2,12 +2,12 @@
 
 #include "model/AppSettings.h"
 #include "viewmodels/ProductListViewModel.h"
+#include "views/common/Card.h"
 #include "views/common/Divider.h"
 #include "views/common/SymbolIcons.h"
 #include "views/common/SymbolLabel.h"
 #include "views/common/Theme.h"
 #include "views/common/ThemedLabel.h"
-#include "views/main/RoundedBox.h"
 
 #include <QComboBox>
 #include <QHBoxLayout>
@@ -137,7 +137,7 @@ QList<QWidget*> CustomToolbar::focusChain() const
 
 QWidget* CustomToolbar::buildSearchField()
 {
-    auto* box = new RoundedBox(6, &Theme::controlBackground, &Theme::separator, this);
+    auto* box = new Card(6, &Theme::controlBackground, &Theme::separator, this);
     // The field has no frame of its own; the box shows where the focus is.
     box->showFocusOf(m_searchField);
     auto* layout = new QHBoxLayout(box);
@@ -157,7 +157,7 @@ QWidget* CustomToolbar::buildSearchField()
 
 QWidget* CustomToolbar::buildCheckedBadge()
 {
-    m_badge = new RoundedBox(12, &badgeGreen, nullptr, this);
+    m_badge = new Card(12, &badgeGreen, nullptr, this);
     m_badge->setObjectName(u"checkedBadge"_s);
     auto* layout = new QHBoxLayout(m_badge);
     layout->setContentsMargins(10, 4, 10, 4);

@@ -11,7 +11,7 @@ class QLabel;
 class QLineEdit;
 class QPushButton;
 class QToolButton;
-class RoundedBox;
+class Card;
 
 // The row under the title: dossier and label pickers, the search field, the
 // badge of checked products and the reload button. It keeps no state: every
@@ -52,7 +52,7 @@ private:
     QComboBox* m_dossierPicker;
     QComboBox* m_templatePicker;
     QLineEdit* m_searchField;
-    RoundedBox* m_badge = nullptr;
+    Card* m_badge = nullptr;
     QLabel* m_badgeLabel = nullptr;
     QToolButton* m_clearChecked = nullptr;
     QPushButton* m_reload;

@@ -1,10 +1,11 @@
 #pragma once
 
-#include <QWidget>
+#include "views/common/PlaceholderView.h"
+
 #include <functional>
 
 // Shown when the last load brought no products.
-class EmptyStateView : public QWidget
+class EmptyStateView : public PlaceholderView
 {
     Q_OBJECT
 

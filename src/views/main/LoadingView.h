@@ -1,9 +1,9 @@
 #pragma once
 
-#include <QWidget>
+#include "views/common/PlaceholderView.h"
 
 // Shown while products are being loaded.
-class LoadingView : public QWidget
+class LoadingView : public PlaceholderView
 {
     Q_OBJECT
 

@@ -1,11 +1,9 @@
 #pragma once
 
-#include <QWidget>
-
-class QLabel;
+#include "views/common/PlaceholderView.h"
 
 // Shown when the search finds no product.
-class NoResultsView : public QWidget
+class NoResultsView : public PlaceholderView
 {
     Q_OBJECT
 
@@ -14,7 +12,4 @@ public:
 
     void setSearchText(const QString& searchText);
     QString headlineText() const;
-
-private:
-    QLabel* m_headline;
 };

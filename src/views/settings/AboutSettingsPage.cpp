@@ -1,7 +1,7 @@
 #include "views/settings/AboutSettingsPage.h"
 
 #include "views/common/Divider.h"
-#include "views/common/SymbolIcons.h"
+#include "views/common/SymbolLabel.h"
 #include "views/common/Theme.h"
 #include "views/common/ThemedLabel.h"
 #include "views/main/AboutView.h"
@@ -33,10 +33,7 @@ AboutSettingsPage::AboutSettingsPage(QWidget* parent) : SettingsEditorPage(paren
 {
     const Section section = addSection(u"Over Stampix"_s);
 
-    auto* icon = new QLabel;
-    icon->setPixmap(SymbolIcons::tinted(u"printer.fill", Theme::accent(palette()))
-                        .pixmap(QSize(kIconSize, kIconSize), devicePixelRatioF()));
-    icon->setFixedSize(kIconSize, kIconSize);
+    auto* icon = new SymbolLabel(u"printer.fill"_s, kIconSize, &Theme::accent);
     QVBoxLayout* nameColumn = tightColumn(2);
     nameColumn->addWidget(
         new ThemedLabel(u"Stampix"_s, Theme::systemFont(15, QFont::DemiBold), &Theme::primaryText));

@@ -1,11 +1,11 @@
 #pragma once
 
-#include <QWidget>
+#include "views/common/Card.h"
 
 class QLabel;
 
 // The small blue information panel of the settings pages.
-class InfoBox : public QWidget
+class InfoBox : public Card
 {
     Q_OBJECT
 
@@ -13,9 +13,6 @@ public:
     explicit InfoBox(const QString& text, QWidget* parent = nullptr);
 
     QString text() const;
-
-protected:
-    void paintEvent(QPaintEvent* event) override;
 
 private:
     QLabel* m_text;

@@ -1,11 +1,9 @@
 #include "views/settings/LabelledField.h"
 
-#include "views/common/SymbolIcons.h"
-#include "views/common/Theme.h"
+#include "views/common/SymbolLabel.h"
 #include "views/common/ThemedLabel.h"
 
 #include <QHBoxLayout>
-#include <QLabel>
 #include <QVBoxLayout>
 
 namespace {
@@ -22,17 +20,17 @@ LabelledField::LabelledField(const QString& symbolName, const QString& label, QW
     // What a screen reader calls the input: the label above it.
     if (input->accessibleName().isEmpty())
         input->setAccessibleName(label);
-    auto* icon = new QLabel;
-    icon->setPixmap(SymbolIcons::tinted(symbolName, Theme::secondaryText(palette()))
-                        .pixmap(QSize(kIconSize, kIconSize), devicePixelRatioF()));
-    icon->setFixedWidth(kIconBox);
-    icon->setAlignment(Qt::AlignCenter);
 
     QFont labelFont = Theme::subheadline();
     labelFont.setWeight(QFont::Medium);
     auto* labelRow = new QHBoxLayout;
     labelRow->setSpacing(10);
-    labelRow->addWidget(icon, 0, Qt::AlignVCenter);
+    // The symbol centred in its box.
+    constexpr int kIconMargin = (kIconBox - kIconSize) / 2;
+    labelRow->addSpacing(kIconMargin);
+    labelRow->addWidget(new SymbolLabel(symbolName, kIconSize, &Theme::secondaryText), 0,
+                        Qt::AlignVCenter);
+    labelRow->addSpacing(kIconMargin);
     labelRow->addWidget(new ThemedLabel(label, labelFont, &Theme::primaryText), 0,
                         Qt::AlignVCenter);
     labelRow->addStretch();

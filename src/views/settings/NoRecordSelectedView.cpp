@@ -1,44 +1,22 @@
 #include "views/settings/NoRecordSelectedView.h"
 
-#include "views/common/SymbolIcons.h"
-#include "views/common/ThemedLabel.h"
+#include "views/common/Theme.h"
 #include "views/settings/SettingsRecordKind.h"
 
-#include <QVBoxLayout>
-
-namespace {
-
-constexpr int kIconSize = 48;
-
-} // namespace
+#include <QLabel>
 
 NoRecordSelectedView::NoRecordSelectedView(const SettingsRecordKind& kind, bool listEmpty,
                                            QWidget* parent)
-    : QWidget(parent), m_message(new ThemedLabel(listEmpty ? kind.emptyListText : kind.selectPrompt,
-                                                 Theme::body(), &Theme::secondaryText))
+    : PlaceholderView(symbol(kind.symbol), {}, listEmpty ? kind.emptyListText : kind.selectPrompt,
+                      parent)
 {
-    auto* icon = new QLabel;
-    icon->setPixmap(SymbolIcons::tinted(kind.symbol, Theme::secondaryText(palette()))
-                        .pixmap(QSize(kIconSize, kIconSize), devicePixelRatioF()));
-    icon->setAlignment(Qt::AlignCenter);
-    m_message->setAlignment(Qt::AlignCenter);
-
-    auto* column = new QVBoxLayout(this);
-    column->setSpacing(16);
-    column->addStretch();
-    column->addWidget(icon, 0, Qt::AlignHCenter);
-    column->addWidget(m_message, 0, Qt::AlignHCenter);
-    if (listEmpty) {
-        m_hint = new ThemedLabel(kind.emptyListHint, Theme::caption(), &Theme::secondaryText);
-        m_hint->setAlignment(Qt::AlignCenter);
-        column->addWidget(m_hint, 0, Qt::AlignHCenter);
-    }
-    column->addStretch();
+    if (listEmpty)
+        m_hint = addLine(kind.emptyListHint, Theme::caption());
 }
 
 QString NoRecordSelectedView::message() const
 {
-    return m_message->text();
+    return detail()->text();
 }
 
 QString NoRecordSelectedView::hint() const

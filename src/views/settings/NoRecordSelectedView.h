@@ -1,13 +1,12 @@
 #pragma once
 
-#include <QWidget>
+#include "views/common/PlaceholderView.h"
 
-class QLabel;
 struct SettingsRecordKind;
 
 // What the detail area shows when the selection names no record of a kind:
 // a prompt to pick one, or, with an empty list, how to add the first.
-class NoRecordSelectedView : public QWidget
+class NoRecordSelectedView : public PlaceholderView
 {
     Q_OBJECT
 
@@ -19,6 +18,5 @@ public:
     QString hint() const;
 
 private:
-    QLabel* m_message;
     QLabel* m_hint = nullptr;
 };

@@ -1,10 +1,9 @@
 #include "views/settings/SettingsEditorPage.h"
 
+#include "views/common/Card.h"
 #include "views/common/SymbolIcons.h"
 #include "views/common/Theme.h"
 #include "views/common/ThemedLabel.h"
-#include "views/settings/FieldEdge.h"
-#include "views/settings/SettingsSectionCard.h"
 
 #include <QHBoxLayout>
 #include <QLabel>
@@ -17,6 +16,19 @@ using namespace Qt::StringLiterals;
 namespace {
 
 constexpr int kSectionSpacing = 20;
+
+// Cards differ from the window and from the fields on them.
+QColor cardFill(const QPalette& palette)
+{
+    return palette.color(QPalette::AlternateBase);
+}
+
+QColor cardOutline(const QPalette& palette)
+{
+    QColor outline = Theme::separator(palette);
+    outline.setAlphaF(0.6f);
+    return outline;
+}
 
 } // namespace
 
@@ -39,11 +51,15 @@ SettingsEditorPage::Section SettingsEditorPage::addSection(const QString& header
         title->setContentsMargins(4, 0, 0, 0);
         layout->addWidget(title);
     }
-    auto* card = new SettingsSectionCard;
+    auto* card = new Card(8, &cardFill, &cardOutline);
+    auto* content = new QVBoxLayout(card);
+    content->setContentsMargins(12, 12, 12, 12);
+    content->setSpacing(12);
+    content->setAlignment(Qt::AlignTop);
     layout->addWidget(card);
     // Keep the trailing stretch last.
     m_column->insertWidget(m_column->count() - 1, section);
-    return {section, card->content()};
+    return {section, content};
 }
 
 QPushButton* SettingsEditorPage::addDeleteSection(const QString& text, QWidget** section)
@@ -79,18 +95,17 @@ QLineEdit* SettingsEditorPage::makeLineEdit(const QString& placeholder, int widt
     field->setPlaceholderText(placeholder);
     if (width > 0)
         field->setFixedWidth(width);
-    FieldEdge::attach(field);
     return field;
 }
 
 QColor SettingsEditorPage::green(const QPalette& palette)
 {
-    return Theme::readableOn(Theme::green(), Theme::controlBackground(palette));
+    return Theme::readableOn(Theme::green(), cardFill(palette));
 }
 
 QColor SettingsEditorPage::red(const QPalette& palette)
 {
-    return Theme::readableOn(Theme::red(), Theme::controlBackground(palette));
+    return Theme::readableOn(Theme::red(), cardFill(palette));
 }
 
 QPushButton* SettingsEditorPage::makeButton(const QString& text)

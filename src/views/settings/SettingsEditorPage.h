@@ -5,7 +5,6 @@
 class QLineEdit;
 class QPushButton;
 class QVBoxLayout;
-class SettingsSectionCard;
 
 // The grouped form the editor pages and the "Over" page share: sections with
 // a headline above a rounded panel, stacked top to bottom.
@@ -17,7 +16,7 @@ public:
     explicit SettingsEditorPage(QWidget* parent = nullptr);
 
     // Result colours for ThemedLabel: green and red, darkened or lightened
-    // until they read on the cards' base colour.
+    // until they read on the cards.
     static QColor green(const QPalette&);
     static QColor red(const QPalette&);
     // A push button that Return presses too, as the space bar does.

@@ -13,8 +13,4 @@ public:
 
 protected:
     void paintEvent(QPaintEvent* event) override;
-
-private:
-    QRect tileRect() const;
-    void paintTile(QPainter& painter) const;
 };

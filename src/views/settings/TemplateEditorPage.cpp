@@ -4,23 +4,22 @@
 #include "model/AppSettings.h"
 #include "views/common/BusyIndicator.h"
 #include "views/common/LabelPreviewView.h"
-#include "views/common/SymbolIcons.h"
+#include "views/common/SymbolLabel.h"
 #include "views/common/Theme.h"
 #include "views/common/ThemedLabel.h"
-#include "views/settings/FieldEdge.h"
 #include "views/settings/InfoBox.h"
 #include "views/settings/LabelledField.h"
-#include "views/settings/PlaceholderChip.h"
 #include "views/settings/SettingsView.h"
 #include "views/settings/TemplatePrinterField.h"
 
 #include <QGridLayout>
 #include <QHBoxLayout>
-#include <QLabel>
 #include <QLineEdit>
 #include <QPlainTextEdit>
 #include <QPushButton>
+#include <QShortcut>
 #include <QTextDocument>
+#include <QToolButton>
 #include <QVBoxLayout>
 #include <algorithm>
 
@@ -32,13 +31,27 @@ constexpr int kSmallIcon = 12;
 constexpr int kSpinnerSize = 12;
 constexpr int kEditorMinHeight = 200;
 
-QLabel* symbolLabel(const QString& symbolName, const QColor& color)
+// One look for all chips: blue monospaced text on pale blue. The button adds
+// room around its text of its own, so the chip needs no padding.
+constexpr QStringView kChipStyle =
+    u"QToolButton { color: #007aff; background: rgba(0, 122, 255, 26); padding: 0px;"
+    " border: 2px solid transparent; border-radius: 4px; }"
+    " QToolButton:pressed { background: rgba(0, 122, 255, 51); }"
+    " QToolButton:focus { border-color: palette(highlight); }";
+
+// A thin gray edge that turns into a wider one in the accent colour with the focus.
+constexpr QStringView kEditorStyle =
+    u"QPlainTextEdit { border: 1px solid rgba(160, 160, 164, 77); padding: 1px; }"
+    " QPlainTextEdit:focus { border: 2px solid palette(highlight); padding: 0px; }";
+
+QColor plainGreen(const QPalette&)
 {
-    auto* label = new QLabel;
-    label->setPixmap(SymbolIcons::tinted(symbolName, color)
-                         .pixmap(QSize(kSmallIcon, kSmallIcon), label->devicePixelRatioF()));
-    label->setFixedSize(kSmallIcon, kSmallIcon);
-    return label;
+    return Theme::green();
+}
+
+QColor orange(const QPalette&)
+{
+    return Theme::orange();
 }
 
 QHBoxLayout* tightRow(QWidget* owner, int spacing)
@@ -98,9 +111,19 @@ void TemplateEditorPage::buildPlaceholderSection()
     auto* chipRow = new QHBoxLayout;
     chipRow->setSpacing(16);
     for (const QString& key : std::as_const(keys)) {
-        auto* chip = new PlaceholderChip(key);
-        connect(chip, &PlaceholderChip::clicked, this,
-                [this, key] { m_view.copyPlaceholder(key); });
+        auto* chip = new QToolButton;
+        chip->setText(key);
+        chip->setFont(Theme::monospaced(Theme::caption().pixelSize()));
+        chip->setStyleSheet(kChipStyle.toString());
+        chip->setToolTip(u"Klik om te kopiëren"_s);
+        chip->setCursor(Qt::PointingHandCursor);
+        chip->setFocusPolicy(Qt::StrongFocus);
+        // Return copies too: the space bar may be kept by the product table.
+        auto* press = new QShortcut(chip);
+        press->setKeys({QKeySequence(Qt::Key_Return), QKeySequence(Qt::Key_Enter)});
+        press->setContext(Qt::WidgetShortcut);
+        connect(press, &QShortcut::activated, chip, &QToolButton::click);
+        connect(chip, &QToolButton::clicked, this, [this, key] { m_view.copyPlaceholder(key); });
         chipRow->addWidget(chip);
         m_chips.append(chip);
     }
@@ -116,7 +139,7 @@ void TemplateEditorPage::buildPlaceholderSection()
     m_copyFeedback = new QWidget;
     m_copyFeedbackText = new ThemedLabel({}, Theme::caption(), &green);
     QHBoxLayout* feedbackRow = tightRow(m_copyFeedback, 4);
-    feedbackRow->addWidget(symbolLabel(u"checkmark.circle.fill"_s, Theme::green()));
+    feedbackRow->addWidget(new SymbolLabel(u"checkmark.circle.fill"_s, kSmallIcon, &plainGreen));
     feedbackRow->addWidget(m_copyFeedbackText);
     feedbackRow->addStretch();
 
@@ -137,7 +160,7 @@ void TemplateEditorPage::buildZPLSection()
     m_zpl->setAccessibleName(u"ZPL Template"_s);
     // Tab leaves the editor, so the keyboard never gets stuck in it.
     m_zpl->setTabChangesFocus(true);
-    FieldEdge::attach(m_zpl, FieldEdge::Frame::drawn);
+    m_zpl->setStyleSheet(kEditorStyle.toString());
     zpl.content->addWidget(m_zpl);
 
     m_testButton = makeButton(u"Test Print"_s);
@@ -172,13 +195,14 @@ QWidget* TemplateEditorPage::buildTestingRow()
 QWidget* TemplateEditorPage::buildResultRow()
 {
     m_resultRow = new QWidget;
-    m_resultIcon = new QLabel;
-    m_resultIcon->setFixedSize(kSmallIcon, kSmallIcon);
+    m_successIcon = new SymbolLabel(u"checkmark.circle.fill"_s, kSmallIcon, &green);
+    m_failureIcon = new SymbolLabel(u"xmark.circle.fill"_s, kSmallIcon, &red);
     m_resultText = new ThemedLabel({}, Theme::caption(), &Theme::primaryText);
     m_resultText->setWordWrap(true);
     m_resultText->setTextInteractionFlags(Qt::TextSelectableByMouse);
     QHBoxLayout* row = tightRow(m_resultRow, 4);
-    row->addWidget(m_resultIcon);
+    row->addWidget(m_successIcon);
+    row->addWidget(m_failureIcon);
     row->addWidget(m_resultText, 1);
     return m_resultRow;
 }
@@ -294,10 +318,8 @@ void TemplateEditorPage::refreshTestState()
     const bool success = result->contains(u"✓"_s);
     m_resultText->setText(*result);
     m_resultText->setColor(success ? &green : &red);
-    const QColor color = m_resultText->palette().color(QPalette::WindowText);
-    m_resultIcon->setPixmap(
-        SymbolIcons::tinted(success ? u"checkmark.circle.fill" : u"xmark.circle.fill", color)
-            .pixmap(QSize(kSmallIcon, kSmallIcon), devicePixelRatioF()));
+    m_successIcon->setVisible(success);
+    m_failureIcon->setVisible(!success);
 }
 
 void TemplateEditorPage::refreshCopyFeedback()
@@ -322,7 +344,7 @@ void TemplateEditorPage::refreshValidation(const QString& zpl)
     for (const QString& message : std::as_const(m_shownMessages)) {
         auto* row = new QWidget;
         QHBoxLayout* layout = tightRow(row, 4);
-        layout->addWidget(symbolLabel(u"exclamationmark.triangle.fill"_s, Theme::orange()));
+        layout->addWidget(new SymbolLabel(u"exclamationmark.triangle.fill"_s, kSmallIcon, &orange));
         layout->addWidget(new ThemedLabel(message, Theme::caption(), &Theme::primaryText));
         layout->addStretch();
         m_validation->addWidget(row);

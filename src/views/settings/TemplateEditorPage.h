@@ -11,11 +11,11 @@
 
 class InfoBox;
 class LabelPreviewView;
-class PlaceholderChip;
 class QLabel;
 class QLineEdit;
 class QPlainTextEdit;
 class QPushButton;
+class QToolButton;
 class QVBoxLayout;
 class SettingsView;
 class TemplatePrinterField;
@@ -37,7 +37,7 @@ public:
     QLineEdit* nameField() const { return m_name; }
     TemplatePrinterField* printerField() const { return m_printerField; }
     InfoBox* printerHint() const { return m_printerHint; }
-    const QList<PlaceholderChip*>& chips() const { return m_chips; }
+    const QList<QToolButton*>& chips() const { return m_chips; }
     InfoBox* copyHint() const { return m_copyHint; }
     QWidget* copyFeedback() const { return m_copyFeedback; }
     QLabel* copyFeedbackLabel() const { return m_copyFeedbackText; }
@@ -77,7 +77,7 @@ private:
     QLineEdit* m_name = nullptr;
     TemplatePrinterField* m_printerField = nullptr;
     InfoBox* m_printerHint = nullptr;
-    QList<PlaceholderChip*> m_chips;
+    QList<QToolButton*> m_chips;
     InfoBox* m_copyHint = nullptr;
     QWidget* m_copyFeedback = nullptr;
     ThemedLabel* m_copyFeedbackText = nullptr;
@@ -85,7 +85,8 @@ private:
     QPushButton* m_testButton = nullptr;
     QWidget* m_testingRow = nullptr;
     QWidget* m_resultRow = nullptr;
-    QLabel* m_resultIcon = nullptr;
+    QWidget* m_successIcon = nullptr;
+    QWidget* m_failureIcon = nullptr;
     ThemedLabel* m_resultText = nullptr;
     QVBoxLayout* m_validation = nullptr;
     QStringList m_shownMessages;

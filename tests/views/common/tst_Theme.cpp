@@ -20,7 +20,7 @@ void ThemeTest::textColoursAreReadable_data()
 {
     QTest::addColumn<QColor>("window");
     QTest::addColumn<QColor>("text");
-    QTest::addColumn<QColor>("base"); // the settings cards
+    QTest::addColumn<QColor>("card"); // the settings cards
     QTest::newRow("light") << QColor(239, 239, 239) << QColor(Qt::black) << QColor(Qt::white);
     QTest::newRow("dark") << QColor(40, 40, 42) << QColor(236, 236, 236) << QColor(30, 30, 32);
     QTest::newRow("grey, low contrast")
@@ -32,16 +32,16 @@ void ThemeTest::textColoursAreReadable()
 {
     QFETCH(QColor, window);
     QFETCH(QColor, text);
-    QFETCH(QColor, base);
+    QFETCH(QColor, card);
     QPalette palette;
     palette.setColor(QPalette::Window, window);
     palette.setColor(QPalette::WindowText, text);
-    palette.setColor(QPalette::Base, base);
+    palette.setColor(QPalette::AlternateBase, card);
     QVERIFY(Theme::contrastRatio(Theme::secondaryText(palette), window) >= 4.5);
     QVERIFY(Theme::contrastRatio(Theme::successText(palette), window) >= 4.5);
     // The settings editors' results, on the card.
-    QVERIFY(Theme::contrastRatio(SettingsEditorPage::green(palette), base) >= 4.5);
-    QVERIFY(Theme::contrastRatio(SettingsEditorPage::red(palette), base) >= 4.5);
+    QVERIFY(Theme::contrastRatio(SettingsEditorPage::green(palette), card) >= 4.5);
+    QVERIFY(Theme::contrastRatio(SettingsEditorPage::red(palette), card) >= 4.5);
     QVERIFY(SettingsEditorPage::green(palette).hue() / 60 == Theme::green().hue() / 60);
     QCOMPARE(qRound(Theme::contrastRatio(Qt::black, Qt::white)), 21);
     QCOMPARE(qRound(Theme::contrastRatio(QColor(118, 118, 118), Qt::white) * 100), 454);

@@ -191,6 +191,12 @@ void ProductWindowTest::appearingAndAlerts()
     QTRY_VERIFY_WITH_TIMEOUT(!m_viewModel->isLoading(), 5000);
     QCOMPARE(m_fixture->productRequestCount(), requests);
     QCOMPARE(bool(m_view->errorAlert()), failFirst && !restore);
+    // With no products and no alert, "Vernieuwen" loads again.
+    if (m_view->contentState() == State::Empty && !m_view->errorAlert()) {
+        QTest::mouseClick(m_view->contentWidget()->findChild<QPushButton*>(u"refreshButton"_s),
+                          Qt::LeftButton);
+        QTRY_COMPARE_WITH_TIMEOUT(m_fixture->productRequestCount(), requests + 1, 5000);
+    }
 }
 
 void ProductWindowTest::onlyAnotherDossierReloads()

@@ -1,12 +1,12 @@
 #include "SettingsViewHarness.h"
 #include "views/settings/InfoBox.h"
-#include "views/settings/PlaceholderChip.h"
 #include "views/settings/TemplateEditorPage.h"
 
 #include <QClipboard>
 #include <QGuiApplication>
 #include <QLabel>
 #include <QTimer>
+#include <QToolButton>
 #include <algorithm>
 
 using namespace Qt::StringLiterals;
@@ -22,7 +22,7 @@ constexpr auto kFeedback = 50ms;
 
 // Clicking a placeholder copies it and shows feedback for a fixed time per
 // click: a later click on another chip keeps its full time, a second click on
-// the same chip does not extend the first.
+// the same chip does not extend the first. Return presses a chip as a click does.
 class PlaceholderCopyTest : public QObject
 {
     Q_OBJECT
@@ -36,15 +36,18 @@ void PlaceholderCopyTest::feedbackEndsWithTheRightClick_data()
 {
     QTest::addColumn<QStringList>("keys");
     QTest::addColumn<bool>("clearedByLastClick");
-    QTest::newRow("one click") << QStringList{u"{{PRIJS}}"_s} << true;
-    QTest::newRow("another chip") << QStringList{u"{{NAAM}}"_s, u"{{PRIJS}}"_s} << true;
-    QTest::newRow("same chip twice") << QStringList{u"{{NAAM}}"_s, u"{{NAAM}}"_s} << false;
+    QTest::addColumn<bool>("byReturn");
+    QTest::newRow("one click") << QStringList{u"{{PRIJS}}"_s} << true << false;
+    QTest::newRow("another chip") << QStringList{u"{{NAAM}}"_s, u"{{PRIJS}}"_s} << true << false;
+    QTest::newRow("same chip twice") << QStringList{u"{{NAAM}}"_s, u"{{NAAM}}"_s} << false << false;
+    QTest::newRow("Return") << QStringList{u"{{BARCODE}}"_s} << true << true;
 }
 
 void PlaceholderCopyTest::feedbackEndsWithTheRightClick()
 {
     QFETCH(QStringList, keys);
     QFETCH(bool, clearedByLastClick);
+    QFETCH(bool, byReturn);
     SettingsViewHarness harness;
     harness.view().setCopyFeedbackDuration(kFeedback);
     QVERIFY(harness.show());
@@ -65,9 +68,15 @@ void PlaceholderCopyTest::feedbackEndsWithTheRightClick()
         if (i == keys.size() - 1)
             marker.start(kFeedback);
         const auto chips = page->chips();
-        clickOn(*std::find_if(chips.begin(), chips.end(), [&](const PlaceholderChip* chip) {
-            return chip->text() == keys.at(i);
-        }));
+        QToolButton* chip = *std::find_if(chips.begin(), chips.end(), [&](const QToolButton* c) {
+            return c->text() == keys.at(i);
+        });
+        if (byReturn) {
+            chip->setFocus();
+            QTest::keyClick(chip, Qt::Key_Return);
+        } else {
+            clickOn(chip);
+        }
     }
     QCOMPARE(QGuiApplication::clipboard()->text(), keys.constLast());
     QCOMPARE(page->copyFeedbackLabel()->text(), keys.constLast() + u" gekopieerd naar klembord"_s);

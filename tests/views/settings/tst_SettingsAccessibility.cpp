@@ -1,5 +1,4 @@
 #include "SettingsViewHarness.h"
-#include "views/settings/PlaceholderChip.h"
 #include "views/settings/PrinterEditorPage.h"
 #include "views/settings/SettingsWindow.h"
 #include "views/settings/TemplateEditorPage.h"
@@ -106,7 +105,7 @@ void SettingsAccessibilityTest::sidebarEntriesTellTheirState()
     QVERIFY(!accessible(rows.at(1))->state().selected);
 
     auto* page = harness.open<TemplateEditorPage>(Kind::labelTemplate);
-    for (PlaceholderChip* chip : page->chips()) {
+    for (QToolButton* chip : page->chips()) {
         QCOMPARE(accessible(chip)->role(), QAccessible::Button);
         QCOMPARE(accessible(chip)->text(QAccessible::Name), chip->text());
     }

@@ -1,21 +1,28 @@
-#include "views/main/RoundedBox.h"
+#include "views/common/Card.h"
 
 #include <QEvent>
+#include <QLinearGradient>
 #include <QPainter>
 #include <QPainterPath>
 
-RoundedBox::RoundedBox(qreal radius, Theme::PaletteColor fill, Theme::PaletteColor outline,
-                       QWidget* parent)
+Card::Card(qreal radius, Theme::PaletteColor fill, Theme::PaletteColor outline, QWidget* parent)
     : QWidget(parent), m_radius(radius), m_fill(fill), m_outline(outline)
 {}
 
-void RoundedBox::showFocusOf(QWidget* field)
+void Card::setGradient(const QColor& topLeft, const QColor& bottomRight)
+{
+    m_gradientStart = topLeft;
+    m_gradientEnd = bottomRight;
+    update();
+}
+
+void Card::showFocusOf(QWidget* field)
 {
     m_focusField = field;
     field->installEventFilter(this);
 }
 
-bool RoundedBox::eventFilter(QObject* watched, QEvent* event)
+bool Card::eventFilter(QObject* watched, QEvent* event)
 {
     if (watched == m_focusField &&
         (event->type() == QEvent::FocusIn || event->type() == QEvent::FocusOut))
@@ -23,7 +30,7 @@ bool RoundedBox::eventFilter(QObject* watched, QEvent* event)
     return QWidget::eventFilter(watched, event);
 }
 
-void RoundedBox::paintEvent(QPaintEvent*)
+void Card::paintEvent(QPaintEvent*)
 {
     QPainter painter(this);
     painter.setRenderHint(QPainter::Antialiasing);
@@ -31,7 +38,14 @@ void RoundedBox::paintEvent(QPaintEvent*)
     const QRectF shape = QRectF(rect()).adjusted(0.5, 0.5, -0.5, -0.5);
     QPainterPath path;
     path.addRoundedRect(shape, m_radius, m_radius);
-    painter.fillPath(path, m_fill(palette()));
+    if (m_gradientStart.isValid()) {
+        QLinearGradient gradient(shape.topLeft(), shape.bottomRight());
+        gradient.setColorAt(0, m_gradientStart);
+        gradient.setColorAt(1, m_gradientEnd);
+        painter.fillPath(path, gradient);
+    } else if (m_fill) {
+        painter.fillPath(path, m_fill(palette()));
+    }
     if (m_focusField && m_focusField->hasFocus()) {
         QPainterPath ring;
         ring.addRoundedRect(QRectF(rect()).adjusted(1, 1, -1, -1), m_radius, m_radius);
