@@ -23,7 +23,7 @@ void SymbolLabel::changeEvent(QEvent* event)
 // Once per symbol and palette, not on every paint.
 void SymbolLabel::tint()
 {
-    m_icon = SymbolIcons::tinted(m_symbolName, m_color(palette()));
+    m_icon = SymbolIcons::tinted(m_symbolName, m_color(palette()), width());
     update();
 }
 

@@ -14,8 +14,6 @@ public:
     SymbolLabel(const QString& symbolName, int pixelSize, Theme::PaletteColor color,
                 QWidget* parent = nullptr);
 
-    const QString& symbolName() const { return m_symbolName; }
-
 protected:
     void paintEvent(QPaintEvent* event) override;
     void changeEvent(QEvent* event) override;

@@ -10,6 +10,7 @@
 #include "views/common/ThemedLabel.h"
 
 #include <QComboBox>
+#include <QEvent>
 #include <QHBoxLayout>
 #include <QLineEdit>
 #include <QPushButton>
@@ -22,6 +23,7 @@ namespace {
 constexpr int kPickerWidth = 150;
 constexpr int kSearchWidth = 200;
 constexpr int kDividerHeight = 20;
+constexpr int kClearSymbolSize = 10;
 
 QColor white(const QPalette&)
 {
@@ -77,7 +79,7 @@ CustomToolbar::CustomToolbar(AppSettings& settings, ProductListViewModel& viewMo
     m_dossierPicker->setObjectName(u"dossierPicker"_s);
     m_templatePicker->setObjectName(u"templatePicker"_s);
     m_reload->setObjectName(u"reloadButton"_s);
-    m_reload->setIcon(SymbolIcons::icon(u"arrow.clockwise"));
+    showReloadSymbol();
     m_reload->setAccessibleName(u"Vernieuwen"_s);
     // The pickers have no visible title of their own: the text beside them names them.
     m_dossierPicker->setAccessibleName(u"Dossier"_s);
@@ -170,14 +172,27 @@ QWidget* CustomToolbar::buildCheckedBadge()
     m_clearChecked->setAccessibleName(u"Selectie wissen"_s);
     m_clearChecked->setAutoRaise(true);
     m_clearChecked->setCursor(Qt::PointingHandCursor);
-    m_clearChecked->setIcon(SymbolIcons::tinted(u"xmark", Qt::white));
-    m_clearChecked->setIconSize(QSize(10, 10));
+    m_clearChecked->setIcon(SymbolIcons::tinted(u"xmark", Qt::white, kClearSymbolSize));
+    m_clearChecked->setIconSize(QSize(kClearSymbolSize, kClearSymbolSize));
     // A white ring on the green badge while it has the keyboard focus.
     m_clearChecked->setStyleSheet(
         u"QToolButton { border: 1px solid transparent; border-radius: 3px; padding: 0px;"
         " background: transparent; } QToolButton:focus { border-color: white; }"_s);
     layout->addWidget(m_clearChecked);
     return m_badge;
+}
+
+void CustomToolbar::changeEvent(QEvent* event)
+{
+    QWidget::changeEvent(event);
+    if (event->type() == QEvent::PaletteChange)
+        showReloadSymbol();
+}
+
+// The bundled symbol is drawn in the palette's text colour.
+void CustomToolbar::showReloadSymbol()
+{
+    m_reload->setIcon(SymbolIcons::icon(u"arrow.clockwise"));
 }
 
 void CustomToolbar::showDossiers()

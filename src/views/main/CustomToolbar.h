@@ -34,8 +34,12 @@ public:
     // The controls that take the keyboard focus, left to right.
     QList<QWidget*> focusChain() const;
 
+protected:
+    void changeEvent(QEvent* event) override;
+
 private:
     QWidget* buildSearchField();
+    void showReloadSymbol();
     QWidget* buildCheckedBadge();
     void showDossiers();
     void showTemplates();

@@ -5,38 +5,41 @@
 #include "views/common/Theme.h"
 
 #include <QEvent>
-#include <QPixmap>
-#include <QStyle>
+#include <QHBoxLayout>
 
 using namespace Qt::StringLiterals;
 
 namespace {
 
 constexpr int kSymbolSize = 14;
-constexpr int kPaddingX = 8 + 4; // the label's padding plus the bezel, less the 2 pixel ring
-constexpr int kHeight = 28;      // large control size
-constexpr int kRadius = 6;
-// The small wheel is drawn at 0.7 of its usual 16 pixels inside the 14 pixel frame.
+constexpr int kHeight = 28; // large control size
+// The small wheel is drawn at 0.7 of its usual 16 pixels inside the symbol's frame.
 constexpr int kBusyDiameter = 11;
+// The ring and the padding put the symbol this far from the left edge.
+constexpr int kSymbolInset = 2 + 12;
 
-QColor highlightedText(const QPalette& palette)
-{
-    return palette.color(QPalette::Active, QPalette::HighlightedText);
-}
+// A two pixel ring, transparent until the button has focus, keeps the size the
+// same. Disabled, the button is a neutral grey, which reads on light and dark
+// palettes alike (style sheets know no palette role for secondary text).
+constexpr auto kStyleSheet = uR"(
+QPushButton { background: palette(highlight); color: palette(highlighted-text);
+  border: 2px solid transparent; border-radius: 6px; padding: 0px 12px; }
+QPushButton:hover { border-color: rgba(255, 255, 255, 64); }
+QPushButton:pressed { border-color: rgba(0, 0, 0, 64); }
+QPushButton:focus { border-color: palette(window-text); }
+QPushButton:disabled { background: rgba(128, 128, 128, 80); color: rgb(128, 128, 128); }
+)";
 
-QIcon blankIcon()
+QColor disabledText(const QPalette&)
 {
-    QPixmap blank(kSymbolSize, kSymbolSize);
-    blank.fill(Qt::transparent);
-    return QIcon(blank);
+    return QColor(128, 128, 128);
 }
 
 } // namespace
 
 PrintButton::PrintButton(QWidget* parent)
     : QPushButton(u"Start afdrukken"_s, parent),
-      m_busyIndicator(new BusyIndicator(kBusyDiameter, &highlightedText, this)),
-      m_blank(blankIcon())
+      m_wheel(new BusyIndicator(kBusyDiameter, &disabledText, this))
 {
     setFont(Theme::systemFont(13, QFont::Medium));
     setFocusPolicy(Qt::StrongFocus);
@@ -44,10 +47,14 @@ PrintButton::PrintButton(QWidget* parent)
     setFixedHeight(kHeight);
     setIconSize(QSize(kSymbolSize, kSymbolSize));
     setAccessibleDescription(u"Drukt de aangevinkte producten af"_s);
-    m_busyIndicator->hide();
-    if (parent)
-        parent->installEventFilter(this);
-    applyPalette();
+    // The wheel stands where the style draws the symbol, which a blank icon keeps free.
+    m_wheel->setFixedSize(kSymbolSize, kSymbolSize);
+    m_wheel->hide();
+    auto* layout = new QHBoxLayout(this);
+    layout->setContentsMargins(kSymbolInset, 0, 0, 0);
+    layout->addWidget(m_wheel, 0, Qt::AlignLeft | Qt::AlignVCenter);
+    setStyleSheet(QString::fromUtf16(kStyleSheet));
+    showSymbol();
 }
 
 void PrintButton::setBusy(bool busy)
@@ -55,75 +62,32 @@ void PrintButton::setBusy(bool busy)
     if (busy == m_busy)
         return;
     m_busy = busy;
-    m_busyIndicator->setVisible(busy);
+    m_wheel->setVisible(busy);
     showSymbol();
 }
 
-void PrintButton::resizeEvent(QResizeEvent* event)
+void PrintButton::reapplyStyleSheet()
 {
-    QPushButton::resizeEvent(event);
-    // Where the style puts the icon: after the ring and the padding, centred in height.
-    const int x = 2 + kPaddingX + (kSymbolSize - kBusyDiameter) / 2;
-    m_busyIndicator->move(x, (height() - kBusyDiameter) / 2);
+    setStyleSheet(styleSheet());
 }
 
 void PrintButton::changeEvent(QEvent* event)
 {
     QPushButton::changeEvent(event);
-    if (event->type() == QEvent::ParentChange) {
-        // The style sheet fixes this button's own palette, so a new palette reaches
-        // it only through its parent's.
-        if (parentWidget())
-            parentWidget()->installEventFilter(this);
-        applyPalette();
-    } else if (event->type() == QEvent::EnabledChange) {
+    // A new style sheet pass brings the palette's colours along.
+    if (event->type() == QEvent::EnabledChange || event->type() == QEvent::StyleChange)
         showSymbol();
-    }
-}
-
-bool PrintButton::eventFilter(QObject* watched, QEvent* event)
-{
-    if (watched == parentWidget() && event->type() == QEvent::PaletteChange)
-        applyPalette();
-    return QPushButton::eventFilter(watched, event);
-}
-
-// The colours follow the palette; they are worked out here, once per palette,
-// not on every paint.
-void PrintButton::applyPalette()
-{
-    // The parent's palette: the button's own carries what the style sheet set.
-    const QPalette current = Theme::inheritedPalette(this);
-    const QColor accent = Theme::accent(current);
-    const QColor label = highlightedText(current);
-    const QColor disabledFill = Theme::separator(current);
-    const QColor disabledLabel = Theme::secondaryText(current);
-
-    // A two pixel ring, transparent until the button has focus, keeps the size the same.
-    const QString sheet =
-        uR"(QPushButton { background: %1; color: %2; border: 2px solid transparent;
-  border-radius: %3px; padding: 0px %4px; }
-QPushButton:hover { background: %5; }
-QPushButton:pressed { background: %6; }
-QPushButton:focus { border-color: %7; }
-QPushButton:disabled { background: %8; color: %9; })"_s.arg(accent.name(), label.name())
-            .arg(kRadius)
-            .arg(kPaddingX)
-            .arg(accent.lighter(110).name(), accent.darker(125).name(),
-                 Theme::primaryText(current).name(), disabledFill.name(), disabledLabel.name());
-    if (sheet == styleSheet())
-        return;
-    m_symbol = SymbolIcons::tinted(u"printer.fill", label);
-    m_disabledSymbol = SymbolIcons::tinted(u"printer.fill", disabledLabel);
-    setStyleSheet(sheet);
-    showSymbol();
 }
 
 void PrintButton::showSymbol()
 {
-    if (m_busy)
-        setIcon(m_blank);
-    else
-        setIcon(isEnabled() ? m_symbol : m_disabledSymbol);
-    m_busyIndicator->setColor(isEnabled() ? &highlightedText : &Theme::secondaryText);
+    if (m_busy) {
+        QPixmap blank(kSymbolSize, kSymbolSize);
+        blank.fill(Qt::transparent);
+        setIcon(QIcon(blank));
+        return;
+    }
+    const QColor color = isEnabled() ? palette().color(QPalette::Active, QPalette::HighlightedText)
+                                     : disabledText(palette());
+    setIcon(SymbolIcons::tinted(u"printer.fill", color, kSymbolSize));
 }

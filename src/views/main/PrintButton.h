@@ -1,12 +1,13 @@
 #pragma once
 
-#include <QIcon>
 #include <QPushButton>
 
 class BusyIndicator;
 
 // The accent-filled "Start afdrukken" button: a printer symbol and the text,
 // or a small spinning wheel in place of the symbol while a print run is busy.
+// A style sheet takes its palette roles when it is applied: after a palette
+// change, apply it again with reapplyStyleSheet().
 class PrintButton : public QPushButton
 {
     Q_OBJECT
@@ -16,19 +17,14 @@ public:
 
     bool isBusy() const { return m_busy; }
     void setBusy(bool busy);
+    void reapplyStyleSheet();
 
 protected:
-    void resizeEvent(QResizeEvent* event) override;
     void changeEvent(QEvent* event) override;
-    bool eventFilter(QObject* watched, QEvent* event) override;
 
 private:
-    void applyPalette();
     void showSymbol();
 
-    BusyIndicator* m_busyIndicator;
-    QIcon m_symbol;
-    QIcon m_disabledSymbol;
-    QIcon m_blank;
+    BusyIndicator* m_wheel;
     bool m_busy = false;
 };

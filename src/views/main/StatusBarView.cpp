@@ -9,6 +9,7 @@
 #include "views/common/ThemedLabel.h"
 #include "views/main/PrintButton.h"
 
+#include <QEvent>
 #include <QHBoxLayout>
 #include <QLineEdit>
 #include <QVBoxLayout>
@@ -67,6 +68,14 @@ StatusBarView::StatusBarView(AppSettings& settings, ProductListViewModel& viewMo
     showPrintControls();
     showQuantity();
     updatePrintButton();
+}
+
+void StatusBarView::changeEvent(QEvent* event)
+{
+    QWidget::changeEvent(event);
+    // A widget with a style sheet is left out when a palette spreads.
+    if (event->type() == QEvent::PaletteChange)
+        m_printButton->reapplyStyleSheet();
 }
 
 QWidget* StatusBarView::buildSuccessRow()

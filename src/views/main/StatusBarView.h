@@ -33,6 +33,9 @@ public:
     // The controls that take the keyboard focus, left to right.
     QList<QWidget*> focusChain() const;
 
+protected:
+    void changeEvent(QEvent* event) override;
+
 private:
     QWidget* buildSuccessRow();
     QWidget* buildPrintControls();

@@ -52,7 +52,10 @@ void ThemeTest::textColoursAreReadable()
 void ThemeTest::everySymbolIsDrawnInItsColour()
 {
     for (const QString& name : SymbolIcons::symbolNames()) {
-        const QImage image = SymbolIcons::tinted(name, Qt::red).pixmap(32, 32).toImage();
+        const QIcon icon = SymbolIcons::tinted(name, Qt::red, 32);
+        // Drawn for a second screen at twice the pixels, not scaled up.
+        QCOMPARE(icon.pixmap(QSize(32, 32), 2.0).size(), QSize(64, 64));
+        const QImage image = icon.pixmap(QSize(32, 32), 1.0).toImage();
         // Something is drawn in the colour, and not just a filled square.
         int drawn = 0;
         for (int y = 0; y < image.height(); ++y) {

@@ -22,6 +22,8 @@
 #include <QLabel>
 #include <QLineEdit>
 #include <QMessageBox>
+#include <QPushButton>
+#include <QScopeGuard>
 #include <QTableView>
 #include <QTest>
 #include <QToolButton>
@@ -45,6 +47,7 @@ private slots:
     void appearingAndAlerts();
     void onlyAnotherDossierReloads();
     void printBadgeAndReloadButtons();
+    void printAndReloadButtonsFollowAPaletteChange();
     void aFailedSaveShowsUntilASaveSucceeds();
     void clickAnywhereInTheCheckCellToggles();
     void headerClicksSortAndKeepTheIndicator();
@@ -248,6 +251,37 @@ void ProductWindowTest::printBadgeAndReloadButtons()
     QTest::mouseClick(toolbar->reloadButton(), Qt::LeftButton);
     QVERIFY(!toolbar->reloadButton()->isEnabled());
     QTRY_VERIFY_WITH_TIMEOUT(toolbar->reloadButton()->isEnabled(), 5000);
+}
+
+void ProductWindowTest::printAndReloadButtonsFollowAPaletteChange()
+{
+    showCheckedTable();
+    PrintButton* print = m_view->statusBar()->printButton();
+    QPushButton* reload = m_view->toolbar()->reloadButton();
+    QVERIFY(print->isEnabled());
+    const auto fill = [print] {
+        return print->grab().toImage().pixelColor(4, print->height() / 2);
+    };
+    const auto symbolHas = [reload](const QColor& color) {
+        const QImage image = reload->icon().pixmap(QSize(16, 16), 1.0).toImage();
+        for (int y = 0; y < image.height(); ++y) {
+            for (int x = 0; x < image.width(); ++x) {
+                if (image.pixelColor(x, y) == color)
+                    return true;
+            }
+        }
+        return false;
+    };
+    const QPalette original = QApplication::palette();
+    const auto restore = qScopeGuard([&original] { QApplication::setPalette(original); });
+    QCOMPARE(fill(), original.color(QPalette::Highlight));
+
+    QPalette dark = original;
+    dark.setColor(QPalette::Highlight, QColor(10, 132, 255));
+    dark.setColor(QPalette::WindowText, QColor(236, 236, 236));
+    QApplication::setPalette(dark);
+    QTRY_COMPARE(fill(), QColor(10, 132, 255));
+    QVERIFY(symbolHas(QColor(236, 236, 236)));
 }
 
 // Under the status row, whose print controls and success message stay as
