@@ -141,7 +141,7 @@ void SettingsView::addRecord(Kind kind, bool openGroup)
     const SettingsRecordKind* records = SettingsRecordKind::of(kind);
     if (!records)
         return;
-    (m_settings.*records->add)();
+    records->add(m_settings);
     if (openGroup)
         setExpanded(kind, true);
     const QList<SettingsRecordKind::Entry> entries = records->entries(m_settings);
