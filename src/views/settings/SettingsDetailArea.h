@@ -23,13 +23,6 @@ public:
     // "Selecteer een item" label), without the scroll area around it.
     QWidget* page() const;
 
-    // Gives the focus to the page's first or last control reached by Tab;
-    // false when the page has none.
-    bool focusEdge(bool first);
-
-protected:
-    bool focusNextPrevChild(bool next) override;
-
 private:
     struct Target
     {
@@ -52,7 +45,6 @@ private:
     Target currentTarget() const;
     void refresh();
     void addScrolled(QWidget* page);
-    QList<QWidget*> tabStops() const;
 
     SettingsView& m_view;
     QWidget* m_nothing;

@@ -162,15 +162,9 @@ void SettingsView::deleteRecord(Kind kind, qsizetype index)
         selectFirstDossier();
 }
 
-bool SettingsView::focusDetail(bool first)
-{
-    m_detailArea->focusEdge(first);
-    return true;
-}
-
 void SettingsView::focusSidebar()
 {
-    m_sidebar->entryWidget()->setFocus(Qt::TabFocusReason);
+    m_sidebar->setFocus(Qt::TabFocusReason);
 }
 
 void SettingsView::testPrinterConnection(qsizetype index)
