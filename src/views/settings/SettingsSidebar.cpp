@@ -41,7 +41,9 @@ SettingsSidebar::SettingsSidebar(SettingsView& view, QWidget* parent)
     setRootIsDecorated(false);
     setIndentation(0);
     setExpandsOnDoubleClick(false);
-    setAnimated(true);
+    // Qt's animation draws the moving rows on the base colour and leaves the
+    // "+" buttons at their final places meanwhile; groups open at once.
+    setAnimated(false);
     setFrameShape(QFrame::NoFrame);
     setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
     setVerticalScrollBarPolicy(Qt::ScrollBarAlwaysOff);

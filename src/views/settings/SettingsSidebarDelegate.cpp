@@ -30,9 +30,9 @@ struct Metrics
     qreal radius;
 };
 
-constexpr Metrics kGroup{32, kPadding + 10 + kGap, 14, 20, 13, 8};
+// Group headers and "Over" line their symbols up behind the chevron's box.
+constexpr Metrics kHeader{32, kPadding + 10 + kGap, 14, 20, 13, 8};
 constexpr Metrics kRecord{28, kRecordIndent, 12, 16, 12, 6};
-constexpr Metrics kCategory{32, kPadding + 10 + kGap, 14, 20, 13, 8};
 
 Entry entryOf(const QModelIndex& index)
 {
@@ -69,17 +69,16 @@ QSize SettingsSidebarDelegate::sizeHint(const QStyleOptionViewItem& option,
     const int width = option.rect.width();
     switch (entryOf(index)) {
     case Entry::group:
-        return {width, kGroup.height + kSpacing};
+        return {width, kHeader.height + kSpacing};
     case Entry::record:
         return {width, kRecord.height + kSpacing};
     case Entry::emptyText:
         return {width, QFontMetrics(emptyTextFont()).height() + 2 * 4 + kSpacing};
     case Entry::divider:
         return {width, m_dividerHeight};
-    case Entry::category:
-        break;
+    default: // "Over", the last entry
+        return {width, kHeader.height};
     }
-    return {width, kCategory.height};
 }
 
 void SettingsSidebarDelegate::paint(QPainter* painter, const QStyleOptionViewItem& option,
@@ -107,9 +106,7 @@ void SettingsSidebarDelegate::paint(QPainter* painter, const QStyleOptionViewIte
         return;
     }
 
-    const Metrics& m = entry == Entry::group    ? kGroup
-                       : entry == Entry::record ? kRecord
-                                                : kCategory;
+    const Metrics& m = entry == Entry::record ? kRecord : kHeader;
     const QRect row(option.rect.topLeft(), QSize(option.rect.width(), m.height));
     const bool selected = option.state & QStyle::State_Selected;
     if (selected) {
