@@ -3,6 +3,7 @@
 #include "model/AppSettings.h"
 #include "views/settings/InfoBox.h"
 #include "views/settings/LabelledField.h"
+#include "views/settings/SettingsRecordKind.h"
 #include "views/settings/SettingsView.h"
 
 #include <QLineEdit>
@@ -41,6 +42,12 @@ DossierEditorPage::DossierEditorPage(SettingsView& view, qsizetype index, QWidge
             [this] { m_view.deleteRecord(SettingsTabKey::Kind::dossier, m_index); });
     connect(&settings, &AppSettings::dossiersChanged, this, &DossierEditorPage::refresh);
     connect(&settings, &AppSettings::bookyearChanged, this, &DossierEditorPage::refresh);
+    refresh();
+}
+
+void DossierEditorPage::setRecord(const QUuid& id)
+{
+    m_index = SettingsRecordKind::of(SettingsTabKey::Kind::dossier)->indexOf(m_view.settings(), id);
     refresh();
 }
 

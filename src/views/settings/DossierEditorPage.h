@@ -2,6 +2,8 @@
 
 #include "views/settings/SettingsEditorPage.h"
 
+#include <QUuid>
+
 class QLineEdit;
 class QPushButton;
 class SettingsView;
@@ -15,6 +17,8 @@ public:
     DossierEditorPage(SettingsView& view, qsizetype index, QWidget* parent = nullptr);
 
     qsizetype index() const { return m_index; }
+    // Shows the record with this id; an id the store does not hold shows an empty page.
+    void setRecord(const QUuid& id);
     QLineEdit* nameField() const { return m_name; }
     QLineEdit* apiKeyField() const { return m_apiKey; }
     QLineEdit* bookyearField() const { return m_bookyear; }

@@ -6,6 +6,7 @@
 #include "views/common/ThemedLabel.h"
 #include "views/settings/InfoBox.h"
 #include "views/settings/LabelledField.h"
+#include "views/settings/SettingsRecordKind.h"
 #include "views/settings/SettingsView.h"
 
 #include <QHBoxLayout>
@@ -87,6 +88,12 @@ PrinterEditorPage::PrinterEditorPage(SettingsView& view, qsizetype index, QWidge
     connect(&m_view.settings(), &AppSettings::printersChanged, this, &PrinterEditorPage::refresh);
     connect(&m_view, &SettingsView::printerTestChanged, this, &PrinterEditorPage::refreshTestState);
     connect(&m_view, &SettingsView::printerStatusChanged, this, &PrinterEditorPage::refreshStatus);
+    refresh();
+}
+
+void PrinterEditorPage::setRecord(const QUuid& id)
+{
+    m_index = SettingsRecordKind::of(SettingsTabKey::Kind::printer)->indexOf(m_view.settings(), id);
     refresh();
 }
 

@@ -2,6 +2,8 @@
 
 #include "views/settings/SettingsEditorPage.h"
 
+#include <QUuid>
+
 class BusyIndicator;
 class QLabel;
 class QLineEdit;
@@ -19,6 +21,8 @@ public:
     PrinterEditorPage(SettingsView& view, qsizetype index, QWidget* parent = nullptr);
 
     qsizetype index() const { return m_index; }
+    // Shows the record with this id; an id the store does not hold shows an empty page.
+    void setRecord(const QUuid& id);
     QLineEdit* nameField() const { return m_name; }
     QLineEdit* ipAddressField() const { return m_ipAddress; }
     QLineEdit* portField() const { return m_port; }

@@ -2,18 +2,17 @@
 
 #include "views/settings/SettingsTabKey.h"
 
-#include <QPointer>
+#include <QMap>
+#include <QStackedWidget>
 #include <QUuid>
-#include <QWidget>
 
-class QVBoxLayout;
 class SettingsView;
 
 // The detail area of the settings window: the editor of the selected record,
-// the kind's empty state, the "Over" page or "Selecteer een item". It only
-// replaces its page when what it should show changes, never while the user
-// types in the page it shows.
-class SettingsDetailArea : public QWidget
+// the kind's empty state, the "Over" page or "Selecteer een item". Its pages
+// live as long as the window; a selection only changes which one shows and
+// which record an editor shows.
+class SettingsDetailArea : public QStackedWidget
 {
     Q_OBJECT
 
@@ -21,15 +20,8 @@ public:
     explicit SettingsDetailArea(SettingsView& view, QWidget* parent = nullptr);
 
     // The page shown now (an editor, an empty state, the "Over" page or the
-    // "Selecteer een item" label); inside a scroll area for editors and "Over".
-    QWidget* page() const { return m_page; }
-
-    // Gives the focus to the page's first or last control reached by Tab;
-    // false when the page has none.
-    bool focusEdge(bool first);
-
-protected:
-    bool focusNextPrevChild(bool next) override;
+    // "Selecteer een item" label), without the scroll area around it.
+    QWidget* page() const;
 
 private:
     struct Target
@@ -43,15 +35,20 @@ private:
         friend bool operator==(const Target&, const Target&) = default;
     };
 
+    struct KindPages
+    {
+        QWidget* editor;
+        QWidget* prompt;
+        QWidget* emptyList;
+    };
+
     Target currentTarget() const;
     void refresh();
-    QWidget* makePage(const Target& target) const;
-    QList<QWidget*> tabStops() const;
+    void addScrolled(QWidget* page);
 
     SettingsView& m_view;
-    QVBoxLayout* m_layout;
+    QWidget* m_nothing;
+    QWidget* m_about;
+    QMap<SettingsTabKey::Kind, KindPages> m_kindPages;
     Target m_shown;
-    bool m_hasPage = false;
-    QPointer<QWidget> m_container;
-    QPointer<QWidget> m_page;
 };

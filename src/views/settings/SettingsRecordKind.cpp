@@ -1,68 +1,51 @@
 #include "views/settings/SettingsRecordKind.h"
 
 #include "model/AppSettings.h"
-#include "views/settings/DossierEditorPage.h"
-#include "views/settings/PrinterEditorPage.h"
-#include "views/settings/TemplateEditorPage.h"
 
 using namespace Qt::StringLiterals;
 using Kind = SettingsTabKey::Kind;
 
-namespace {
-
-QList<SettingsRecordKind::Entry> dossierEntries(const AppSettings& settings)
+QList<SettingsRecordKind::Entry> SettingsRecordKind::entries(const AppSettings& settings) const
 {
-    QList<SettingsRecordKind::Entry> entries;
-    for (const Dossier& dossier : settings.dossiers())
-        entries.append({dossier.id, dossier.name, !dossier.apiKey.isEmpty()});
+    QList<Entry> entries;
+    switch (kind) {
+    case Kind::dossier:
+        for (const Dossier& dossier : settings.dossiers())
+            entries.append({dossier.id, dossier.name, !dossier.apiKey.isEmpty()});
+        break;
+    case Kind::printer:
+        for (const Printer& printer : settings.printers())
+            entries.append({printer.id, printer.name, !printer.ipAddress.isEmpty()});
+        break;
+    case Kind::labelTemplate:
+        for (const LabelTemplate& t : settings.templates())
+            entries.append({t.id, t.name, settings.printerFor(t).has_value()});
+        break;
+    default:
+        break;
+    }
     return entries;
 }
 
-QList<SettingsRecordKind::Entry> printerEntries(const AppSettings& settings)
+void SettingsRecordKind::add(AppSettings& settings) const
 {
-    QList<SettingsRecordKind::Entry> entries;
-    for (const Printer& printer : settings.printers())
-        entries.append({printer.id, printer.name, !printer.ipAddress.isEmpty()});
-    return entries;
+    if (kind == Kind::dossier)
+        settings.addDossier();
+    else if (kind == Kind::printer)
+        settings.addPrinter();
+    else if (kind == Kind::labelTemplate)
+        settings.addTemplate();
 }
 
-QList<SettingsRecordKind::Entry> templateEntries(const AppSettings& settings)
+void SettingsRecordKind::remove(AppSettings& settings, qsizetype index) const
 {
-    QList<SettingsRecordKind::Entry> entries;
-    for (const LabelTemplate& labelTemplate : settings.templates())
-        entries.append(
-            {labelTemplate.id, labelTemplate.name, settings.printerFor(labelTemplate).has_value()});
-    return entries;
+    if (kind == Kind::dossier)
+        settings.deleteDossier(settings.dossiers().at(index));
+    else if (kind == Kind::printer)
+        settings.deletePrinter(settings.printers().at(index));
+    else if (kind == Kind::labelTemplate)
+        settings.deleteTemplate(settings.templates().at(index));
 }
-
-template <typename Page> QWidget* makeEditor(SettingsView& view, qsizetype index)
-{
-    return new Page(view, index);
-}
-
-QList<SettingsRecordKind> makeKinds()
-{
-    return {
-        {Kind::dossier, u"Dossiers"_s, u"folder"_s, u"folder.fill"_s, u"Nieuw dossier"_s,
-         u"Geen dossiers"_s, u"Selecteer een dossier"_s, u"Geen dossiers geconfigureerd"_s,
-         u"Klik op + naast Dossiers om er een toe te voegen"_s, &AppSettings::addDossier,
-         &dossierEntries, [](AppSettings& s, qsizetype i) { s.deleteDossier(s.dossiers().at(i)); },
-         &makeEditor<DossierEditorPage>},
-        {Kind::printer, u"Printers"_s, u"printer"_s, u"printer.fill"_s, u"Nieuwe printer"_s,
-         u"Geen printers"_s, u"Selecteer een printer"_s, u"Geen printers geconfigureerd"_s,
-         u"Klik op + naast Printers om er een toe te voegen"_s, &AppSettings::addPrinter,
-         &printerEntries, [](AppSettings& s, qsizetype i) { s.deletePrinter(s.printers().at(i)); },
-         &makeEditor<PrinterEditorPage>},
-        {Kind::labelTemplate, u"Etiketten"_s, u"doc.text"_s, u"doc.text.fill"_s, u"Nieuw etiket"_s,
-         u"Geen etiketten"_s, u"Selecteer een etiket"_s, u"Geen etiketten geconfigureerd"_s,
-         u"Klik op + naast Etiketten om er een toe te voegen"_s, &AppSettings::addTemplate,
-         &templateEntries,
-         [](AppSettings& s, qsizetype i) { s.deleteTemplate(s.templates().at(i)); },
-         &makeEditor<TemplateEditorPage>},
-    };
-}
-
-} // namespace
 
 qsizetype SettingsRecordKind::indexOf(const AppSettings& settings, const QUuid& id) const
 {
@@ -76,7 +59,17 @@ qsizetype SettingsRecordKind::indexOf(const AppSettings& settings, const QUuid& 
 
 const QList<SettingsRecordKind>& SettingsRecordKind::all()
 {
-    static const QList<SettingsRecordKind> kinds = makeKinds();
+    static const QList<SettingsRecordKind> kinds{
+        {Kind::dossier, u"Dossiers"_s, u"folder"_s, u"folder.fill"_s, u"Nieuw dossier"_s,
+         u"Geen dossiers"_s, u"Selecteer een dossier"_s, u"Geen dossiers geconfigureerd"_s,
+         u"Klik op + naast Dossiers om er een toe te voegen"_s},
+        {Kind::printer, u"Printers"_s, u"printer"_s, u"printer.fill"_s, u"Nieuwe printer"_s,
+         u"Geen printers"_s, u"Selecteer een printer"_s, u"Geen printers geconfigureerd"_s,
+         u"Klik op + naast Printers om er een toe te voegen"_s},
+        {Kind::labelTemplate, u"Etiketten"_s, u"doc.text"_s, u"doc.text.fill"_s, u"Nieuw etiket"_s,
+         u"Geen etiketten"_s, u"Selecteer een etiket"_s, u"Geen etiketten geconfigureerd"_s,
+         u"Klik op + naast Etiketten om er een toe te voegen"_s},
+    };
     return kinds;
 }
 

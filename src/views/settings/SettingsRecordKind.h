@@ -7,12 +7,9 @@
 #include <QUuid>
 
 class AppSettings;
-class QWidget;
-class SettingsView;
 
-// Everything the settings window needs to know about one kind of record
-// (dossiers, printers, label templates): its texts and symbols, and how to
-// list, add, remove and edit its records in the store. One entry per kind.
+// The texts and symbols of one kind of record (dossiers, printers, label
+// templates), and how to list, add and remove its records in the store.
 struct SettingsRecordKind
 {
     // One record as the sidebar shows it.
@@ -33,11 +30,11 @@ struct SettingsRecordKind
     QString selectPrompt;
     QString emptyListText;
     QString emptyListHint;
-    void (AppSettings::*add)();
-    QList<Entry> (*entries)(const AppSettings& settings);
+
+    QList<Entry> entries(const AppSettings& settings) const;
+    void add(AppSettings& settings) const;
     // Removes the record at a valid index.
-    void (*remove)(AppSettings& settings, qsizetype index);
-    QWidget* (*makeEditor)(SettingsView& view, qsizetype index);
+    void remove(AppSettings& settings, qsizetype index) const;
 
     // The record's position in the store's list, or -1.
     qsizetype indexOf(const AppSettings& settings, const QUuid& id) const;

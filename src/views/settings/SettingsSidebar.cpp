@@ -1,145 +1,213 @@
 #include "views/settings/SettingsSidebar.h"
 
-#include "views/common/Divider.h"
+#include "views/common/SymbolIcons.h"
 #include "views/common/Theme.h"
+#include "views/settings/SettingsRecordKind.h"
+#include "views/settings/SettingsSidebarDelegate.h"
+#include "views/settings/SettingsSidebarModel.h"
 #include "views/settings/SettingsView.h"
-#include "views/settings/SidebarGroup.h"
-#include "views/settings/SidebarGroupHeader.h"
-#include "views/settings/SidebarRow.h"
 
+#include <QHeaderView>
 #include <QKeyEvent>
 #include <QPainter>
 #include <QToolButton>
-#include <QVBoxLayout>
 
 using namespace Qt::StringLiterals;
+using Kind = SettingsTabKey::Kind;
+
+namespace {
+
+constexpr int kMargin = 16;
+constexpr int kPlusBox = 20;
+constexpr int kPlusSize = 11;
+// The divider line with 8 above and below.
+constexpr int kMinDivider = 2 * 8 + 1;
+// The "+" button ends at the header's right padding.
+constexpr int kPlusRight = 12;
+
+} // namespace
 
 SettingsSidebar::SettingsSidebar(SettingsView& view, QWidget* parent)
-    : QWidget(parent), m_view(view),
-      m_aboutRow(settingsCategory(SettingsTabKey::about(), u"info.circle"_s, u"Over"_s))
+    : QTreeView(parent), m_view(view), m_model(new SettingsSidebarModel(view.settings(), this)),
+      m_delegate(new SettingsSidebarDelegate(this))
 {
     setObjectName(u"sidebarView"_s);
+    setAccessibleName(u"Zijbalk"_s);
     setFixedWidth(kWidth);
+    setModel(m_model);
+    setItemDelegate(m_delegate);
+    setHeaderHidden(true);
+    header()->setStretchLastSection(false);
+    setRootIsDecorated(false);
+    setIndentation(0);
+    setExpandsOnDoubleClick(false);
+    // Qt's animation draws the moving rows on the base colour and leaves the
+    // "+" buttons at their final places meanwhile; groups open at once.
+    setAnimated(false);
+    setFrameShape(QFrame::NoFrame);
+    setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
+    setVerticalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
+    viewport()->setAutoFillBackground(false);
 
-    auto* column = new QVBoxLayout(this);
-    column->setContentsMargins(16, 16, 16, 16);
-    column->setSpacing(2);
     for (const SettingsRecordKind& kind : SettingsRecordKind::all()) {
-        auto* group = new SidebarGroup(view, kind);
-        // The "+" buttons take the arrow keys and Return like the other entries.
-        group->header()->addButton()->installEventFilter(this);
-        column->addWidget(group);
-        m_groups.append(group);
+        auto* plus = new QToolButton(viewport());
+        plus->setIcon(SymbolIcons::tinted(u"plus", Theme::secondaryText(palette())));
+        plus->setIconSize(QSize(kPlusSize, kPlusSize));
+        plus->setFixedSize(kPlusBox, kPlusBox);
+        plus->setAutoRaise(true);
+        plus->setToolTip(kind.addName);
+        plus->setAccessibleName(kind.addName);
+        plus->setCursor(Qt::PointingHandCursor);
+        // The view is the Tab stop; "+" and Insert on a header add from the keyboard.
+        plus->setFocusPolicy(Qt::NoFocus);
+        connect(plus, &QToolButton::clicked, this, [this, k = kind.kind] { m_view.addRecord(k); });
+        m_addButtons.append(plus);
     }
-    column->addStretch(1);
-    column->addSpacing(8);
-    column->addWidget(SettingsView::makeDivider(Qt::Horizontal));
-    column->addSpacing(8);
-    column->addWidget(m_aboutRow);
+
+    connect(this, &QTreeView::expanded, this,
+            [this](const QModelIndex& group) { m_view.setExpanded(m_model->kindOf(group), true); });
+    connect(this, &QTreeView::collapsed, this, [this](const QModelIndex& group) {
+        m_view.setExpanded(m_model->kindOf(group), false);
+    });
+    connect(&m_view, &SettingsView::expandedChanged, this, &SettingsSidebar::applyExpanded);
+    connect(&m_view, &SettingsView::selectedTabChanged, this, &SettingsSidebar::syncSelection);
+    connect(selectionModel(), &QItemSelectionModel::selectionChanged, this,
+            &SettingsSidebar::takeSelection);
+    // A new list length arrives as a reset, which forgets the open groups and the selection.
+    connect(m_model, &QAbstractItemModel::modelReset, this, [this] {
+        applyExpanded();
+        syncSelection();
+    });
+    applyExpanded();
+    syncSelection();
 }
 
-SidebarGroup* SettingsSidebar::group(SettingsTabKey::Kind kind) const
+QToolButton* SettingsSidebar::addButton(Kind kind) const
 {
-    for (SidebarGroup* group : m_groups) {
-        if (&group->kind() == SettingsRecordKind::of(kind))
-            return group;
-    }
-    return nullptr;
+    const QModelIndex group = m_model->groupIndex(kind);
+    return group.isValid() ? m_addButtons.at(group.row()) : nullptr;
 }
 
-SidebarRow* SettingsSidebar::settingsCategory(const QString& key, const QString& symbolName,
-                                              const QString& title)
+void SettingsSidebar::applyExpanded()
 {
-    auto* row = new SidebarRow(SidebarRow::Style::category);
-    row->setSymbol(symbolName);
-    row->setText(title);
-    const auto refresh = [this, row, key] {
-        row->setSelected(m_view.selectedTab() == key);
-    };
-    connect(&m_view, &SettingsView::selectedTabChanged, row, refresh);
-    connect(row, &SidebarRow::activated, this, [this, key] { m_view.setSelectedTab(key); });
-    refresh();
-    return row;
+    for (int group = 0; group < SettingsSidebarModel::kGroupCount; ++group) {
+        const QModelIndex index = m_model->index(group, 0);
+        setExpanded(index, m_view.isExpanded(m_model->kindOf(index)));
+    }
 }
 
-QList<QWidget*> SettingsSidebar::keyboardEntries() const
+void SettingsSidebar::syncSelection()
 {
-    QList<QWidget*> entries;
-    for (const SidebarGroup* group : m_groups) {
-        entries << group->header() << group->header()->addButton();
-        if (group->isBodyShown()) {
-            for (SidebarRow* row : group->rows())
-                entries << row;
-        }
-    }
-    entries << m_aboutRow;
-    return entries;
+    const QModelIndex row = m_model->indexOfKey(m_view.selectedTab());
+    if (!row.isValid())
+        selectionModel()->clearSelection();
+    else if (!selectionModel()->isSelected(row))
+        selectionModel()->setCurrentIndex(row, QItemSelectionModel::ClearAndSelect);
 }
 
-QWidget* SettingsSidebar::entryWidget() const
+void SettingsSidebar::takeSelection()
 {
-    const QList<QWidget*> entries = keyboardEntries();
-    for (QWidget* entry : entries) {
-        const auto* row = qobject_cast<const SidebarRow*>(entry);
-        if (row && row->isSelected())
-            return entry;
-    }
-    return entries.constFirst();
+    const QModelIndexList selected = selectionModel()->selectedIndexes();
+    if (selected.isEmpty())
+        syncSelection();
+    else
+        m_view.setSelectedTab(selected.constFirst().data(SettingsSidebarModel::keyRole).toString());
 }
 
-bool SettingsSidebar::moveFocus(int key)
+QItemSelectionModel::SelectionFlags SettingsSidebar::selectionCommand(const QModelIndex& index,
+                                                                      const QEvent* event) const
 {
-    const QList<QWidget*> entries = keyboardEntries();
-    const qsizetype current = entries.indexOf(focusWidget());
-    qsizetype target = -1;
-    switch (key) {
-    case Qt::Key_Up:
-        target = current - 1;
-        break;
-    case Qt::Key_Down:
-        target = current + 1;
-        break;
-    case Qt::Key_Home:
-        target = 0;
-        break;
-    case Qt::Key_End:
-        target = entries.size() - 1;
-        break;
-    default:
-        return false;
+    // Headers and empty texts take the keyboard's place but not the selection.
+    if (!(m_model->flags(index) & Qt::ItemIsSelectable))
+        return QItemSelectionModel::NoUpdate;
+    return QTreeView::selectionCommand(index, event);
+}
+
+void SettingsSidebar::mousePressEvent(QMouseEvent* event)
+{
+    const QModelIndex index = indexAt(event->position().toPoint());
+    const Kind group = m_model->kindOf(index);
+    if (group == Kind::none || event->button() != Qt::LeftButton) {
+        QTreeView::mousePressEvent(event);
+        return;
     }
-    if (current >= 0 && target >= 0 && target < entries.size())
-        entries.at(target)->setFocus(Qt::OtherFocusReason);
-    return true;
+    setFocus(Qt::MouseFocusReason);
+    selectionModel()->setCurrentIndex(index, QItemSelectionModel::NoUpdate);
+    m_view.toggleGroup(group);
 }
 
 void SettingsSidebar::keyPressEvent(QKeyEvent* event)
 {
-    if (!moveFocus(event->key()))
-        QWidget::keyPressEvent(event);
-}
-
-bool SettingsSidebar::eventFilter(QObject* watched, QEvent* event)
-{
-    if (event->type() != QEvent::KeyPress)
-        return QWidget::eventFilter(watched, event);
-    const int key = static_cast<QKeyEvent*>(event)->key();
-    if (key == Qt::Key_Return || key == Qt::Key_Enter) {
-        static_cast<QToolButton*>(watched)->click();
-        return true;
+    const Kind group = m_model->kindOf(currentIndex());
+    if (group != Kind::none) {
+        switch (event->key()) {
+        case Qt::Key_Return:
+        case Qt::Key_Enter:
+        case Qt::Key_Space:
+            if (!event->isAutoRepeat())
+                m_view.toggleGroup(group);
+            return;
+        case Qt::Key_Plus:
+        case Qt::Key_Insert:
+            m_view.addRecord(group);
+            return;
+        default:
+            break;
+        }
     }
-    return moveFocus(key);
+    QTreeView::keyPressEvent(event);
 }
 
-bool SettingsSidebar::focusNextPrevChild(bool next)
+void SettingsSidebar::scrollTo(const QModelIndex& index, ScrollHint hint)
 {
-    // Tab and Shift+Tab leave the sidebar for the editor, whichever entry has the focus.
-    return m_view.focusDetail(next);
+    // Qt opens the group of a record it scrolls to; a selection made
+    // elsewhere (e.g. "Printer Toevoegen") leaves the group as it is.
+    if (!index.parent().isValid() || isExpanded(index.parent()))
+        QTreeView::scrollTo(index, hint);
 }
 
-void SettingsSidebar::paintEvent(QPaintEvent*)
+void SettingsSidebar::updateGeometries()
 {
-    QColor background = Theme::controlBackground(palette());
-    background.setAlphaF(0.5f);
-    QPainter(this).fillRect(rect(), background);
+    // QTreeView's own version keeps the margins for its header and sets the
+    // scroll range; the sidebar has no header and does not scroll.
+    setViewportMargins(kMargin, kMargin, kMargin, kMargin);
+    header()->resizeSection(0, viewport()->width());
+    QAbstractItemView::updateGeometries();
+    for (int group = 0; group < m_addButtons.size(); ++group) {
+        const QRect header = visualRect(m_model->index(group, 0));
+        QToolButton* plus = m_addButtons.at(group);
+        plus->setVisible(header.isValid());
+        plus->move(header.right() + 1 - kPlusRight - kPlusBox, header.top() + (32 - kPlusBox) / 2);
+    }
+    fitDivider();
+}
+
+void SettingsSidebar::fitDivider()
+{
+    // "Over" stands at the bottom: the divider row takes the height left over.
+    int used = 0;
+    int divider = 0;
+    for (QModelIndex row = m_model->index(0, 0); row.isValid(); row = indexBelow(row)) {
+        if (row.data(SettingsSidebarModel::entryRole).value<SettingsSidebarModel::Entry>() ==
+            SettingsSidebarModel::Entry::divider)
+            divider = rowHeight(row);
+        else
+            used += rowHeight(row);
+    }
+    const int wanted = std::max(kMinDivider, viewport()->height() - used);
+    if (wanted != divider) {
+        m_delegate->setDividerHeight(wanted);
+        scheduleDelayedItemsLayout();
+    }
+}
+
+bool SettingsSidebar::event(QEvent* event)
+{
+    // The fill lies under the margins and the transparent viewport alike.
+    if (event->type() == QEvent::Paint) {
+        QColor background = Theme::controlBackground(palette());
+        background.setAlphaF(0.5f);
+        QPainter(this).fillRect(rect(), background);
+    }
+    return QTreeView::event(event);
 }

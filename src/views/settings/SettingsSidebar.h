@@ -3,16 +3,18 @@
 #include "views/settings/SettingsTabKey.h"
 
 #include <QList>
-#include <QWidget>
+#include <QTreeView>
 
+class QToolButton;
+class SettingsSidebarDelegate;
+class SettingsSidebarModel;
 class SettingsView;
-class SidebarGroup;
-class SidebarRow;
 
-// The left column of the settings window: the three record groups and "Over".
-// One stop of the Tab chain: the arrow keys move between its visible entries
-// (headers, "+" buttons, rows), Tab goes on into the editor.
-class SettingsSidebar : public QWidget
+// The left column of the settings window: the three record groups, each with
+// its "+" button, and "Over" at the bottom. One stop of the Tab chain; the
+// arrow keys move through the entries and select the rows they reach.
+// Return, Space, Left and Right open and close a group, "+" and Insert add to it.
+class SettingsSidebar : public QTreeView
 {
     Q_OBJECT
 
@@ -21,26 +23,26 @@ public:
 
     explicit SettingsSidebar(SettingsView& view, QWidget* parent = nullptr);
 
-    SidebarGroup* group(SettingsTabKey::Kind kind) const;
-    SidebarRow* aboutRow() const { return m_aboutRow; }
-
-    // Where the keyboard enters: the selected row when it is shown, else the first header.
-    QWidget* entryWidget() const;
+    SettingsSidebarModel* sidebarModel() const { return m_model; }
+    QToolButton* addButton(SettingsTabKey::Kind kind) const;
 
 protected:
-    void paintEvent(QPaintEvent* event) override;
+    bool event(QEvent* event) override;
+    void mousePressEvent(QMouseEvent* event) override;
     void keyPressEvent(QKeyEvent* event) override;
-    bool eventFilter(QObject* watched, QEvent* event) override;
-    bool focusNextPrevChild(bool next) override;
+    QItemSelectionModel::SelectionFlags selectionCommand(const QModelIndex& index,
+                                                         const QEvent* event) const override;
+    void updateGeometries() override;
+    void scrollTo(const QModelIndex& index, ScrollHint hint = EnsureVisible) override;
 
 private:
-    SidebarRow* settingsCategory(const QString& key, const QString& symbolName,
-                                 const QString& title);
-    // Every entry the arrow keys reach now, top to bottom.
-    QList<QWidget*> keyboardEntries() const;
-    bool moveFocus(int key);
+    void applyExpanded();
+    void syncSelection();
+    void takeSelection();
+    void fitDivider();
 
     SettingsView& m_view;
-    QList<SidebarGroup*> m_groups;
-    SidebarRow* m_aboutRow;
+    SettingsSidebarModel* m_model;
+    SettingsSidebarDelegate* m_delegate;
+    QList<QToolButton*> m_addButtons;
 };

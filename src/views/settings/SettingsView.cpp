@@ -141,7 +141,7 @@ void SettingsView::addRecord(Kind kind, bool openGroup)
     const SettingsRecordKind* records = SettingsRecordKind::of(kind);
     if (!records)
         return;
-    (m_settings.*records->add)();
+    records->add(m_settings);
     if (openGroup)
         setExpanded(kind, true);
     const QList<SettingsRecordKind::Entry> entries = records->entries(m_settings);
@@ -162,15 +162,9 @@ void SettingsView::deleteRecord(Kind kind, qsizetype index)
         selectFirstDossier();
 }
 
-bool SettingsView::focusDetail(bool first)
-{
-    m_detailArea->focusEdge(first);
-    return true;
-}
-
 void SettingsView::focusSidebar()
 {
-    m_sidebar->entryWidget()->setFocus(Qt::TabFocusReason);
+    m_sidebar->setFocus(Qt::TabFocusReason);
 }
 
 void SettingsView::testPrinterConnection(qsizetype index)

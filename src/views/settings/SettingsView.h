@@ -79,9 +79,7 @@ public:
     void testPrintTemplate(qsizetype index);
     void copyPlaceholder(const QString& key);
 
-    // Keyboard focus between the sidebar and the editor: into the detail
-    // area's first (or last) control, or back to the sidebar.
-    bool focusDetail(bool first);
+    // Keyboard focus back to the sidebar.
     void focusSidebar();
 
     // Tests shorten the feedback time.

@@ -9,6 +9,7 @@
 #include "views/common/ThemedLabel.h"
 #include "views/settings/InfoBox.h"
 #include "views/settings/LabelledField.h"
+#include "views/settings/SettingsRecordKind.h"
 #include "views/settings/SettingsView.h"
 #include "views/settings/TemplatePrinterField.h"
 
@@ -223,6 +224,17 @@ void TemplateEditorPage::refreshPreview()
     m_previewTimer.stop();
     m_previewedZPL = m_zplText;
     m_preview->showPreview(LabelPreview::make(m_renderer, m_previewedZPL, nullptr, 1));
+}
+
+void TemplateEditorPage::setRecord(const QUuid& id)
+{
+    m_index =
+        SettingsRecordKind::of(SettingsTabKey::Kind::labelTemplate)->indexOf(m_view.settings(), id);
+    m_printerField->setIndex(m_index);
+    refresh();
+    // Another record starts with its own history and its preview at once.
+    m_zpl->document()->clearUndoRedoStacks();
+    refreshPreview();
 }
 
 bool TemplateEditorPage::isDeleteShown() const

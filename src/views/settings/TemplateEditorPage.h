@@ -7,6 +7,7 @@
 #include <QList>
 #include <QStringList>
 #include <QTimer>
+#include <QUuid>
 #include <chrono>
 
 class InfoBox;
@@ -34,6 +35,8 @@ public:
     TemplateEditorPage(SettingsView& view, qsizetype index, QWidget* parent = nullptr);
 
     qsizetype index() const { return m_index; }
+    // Shows the record with this id; an id the store does not hold shows an empty page.
+    void setRecord(const QUuid& id);
     QLineEdit* nameField() const { return m_name; }
     TemplatePrinterField* printerField() const { return m_printerField; }
     InfoBox* printerHint() const { return m_printerHint; }

@@ -21,6 +21,11 @@ public:
     QPushButton* addPrinterButton() const { return m_addPrinter; }
 
     void refresh();
+    void setIndex(qsizetype index)
+    {
+        m_index = index;
+        refresh();
+    }
 
 private:
     void rebuildChoices();

@@ -5,10 +5,8 @@
 #include "views/settings/SettingsDetailArea.h"
 #include "views/settings/SettingsRecordKind.h"
 #include "views/settings/SettingsSidebar.h"
+#include "views/settings/SettingsSidebarModel.h"
 #include "views/settings/SettingsView.h"
-#include "views/settings/SidebarGroup.h"
-#include "views/settings/SidebarGroupHeader.h"
-#include "views/settings/SidebarRow.h"
 
 #include <QTest>
 #include <memory>
@@ -45,7 +43,25 @@ public:
     }
 
     SettingsSidebar* sidebar() const { return m_view->sidebar(); }
-    SidebarGroup* group(SettingsTabKey::Kind kind) const { return sidebar()->group(kind); }
+    SettingsSidebarModel& sidebarModel() const { return *sidebar()->sidebarModel(); }
+    QModelIndex group(SettingsTabKey::Kind kind) const { return sidebarModel().groupIndex(kind); }
+    // The sidebar row of the record at `index` of a kind.
+    QModelIndex row(SettingsTabKey::Kind kind, int index) const
+    {
+        return sidebarModel().index(index, 0, group(kind));
+    }
+    bool isRowSelected(SettingsTabKey::Kind kind, int index) const
+    {
+        return sidebar()->selectionModel()->isSelected(row(kind, index));
+    }
+    // A click on a group header away from its "+" button.
+    void clickHeader(SettingsTabKey::Kind kind) const
+    {
+        sidebar()->doItemsLayout();
+        const QRect header = sidebar()->visualRect(group(kind));
+        QTest::mouseClick(sidebar()->viewport(), Qt::LeftButton, {},
+                          QPoint(header.left() + 40, header.center().y()));
+    }
 
     // Replaces the store's lists; records get the given names.
     void setDossiers(const QStringList& names, const QStringList& apiKeys = {})
@@ -72,10 +88,4 @@ private:
 inline void clickOn(QWidget* widget)
 {
     QTest::mouseClick(widget, Qt::LeftButton, {}, widget->rect().center());
-}
-
-// A click on a group header away from its "+" button.
-inline void clickHeader(SidebarGroupHeader* header)
-{
-    QTest::mouseClick(header, Qt::LeftButton, {}, QPoint(40, header->height() / 2));
 }

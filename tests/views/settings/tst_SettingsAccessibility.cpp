@@ -24,6 +24,17 @@ void type(const QString& text)
         QTest::keyClick(QApplication::focusWidget(), c.toLatin1());
 }
 
+// The sidebar entry a screen reader announces with this name.
+QAccessibleInterface* entry(QAccessibleInterface* tree, const QString& name)
+{
+    for (int i = 0; i < tree->childCount(); ++i) {
+        QAccessibleInterface* child = tree->child(i);
+        if (child && child->text(QAccessible::Name) == name)
+            return child;
+    }
+    return nullptr;
+}
+
 } // namespace
 
 // What a screen reader and a keyboard-only user get from the settings window.
@@ -73,7 +84,7 @@ void SettingsAccessibilityTest::everyControlHasANameAndARole()
         QVERIFY2(iface->role() != QAccessible::NoRole && iface->role() != QAccessible::Client,
                  what.constData());
     }
-    QVERIFY(reachable > 8);
+    QVERIFY2(reachable > 1, QByteArray::number(reachable).constData());
 }
 
 void SettingsAccessibilityTest::sidebarEntriesTellTheirState()
@@ -81,28 +92,34 @@ void SettingsAccessibilityTest::sidebarEntriesTellTheirState()
     SettingsViewHarness harness;
     harness.setDossiers({u"Winkel"_s, u"Magazijn"_s});
     QVERIFY(harness.show());
+    SettingsSidebar* sidebar = harness.sidebar();
+    QAccessibleInterface* tree = accessible(sidebar);
+    QVERIFY(!tree->text(QAccessible::Name).isEmpty());
 
     const QList<std::pair<Kind, QString>> groups{{Kind::dossier, u"Nieuw dossier"_s},
                                                  {Kind::printer, u"Nieuwe printer"_s},
                                                  {Kind::labelTemplate, u"Nieuw etiket"_s}};
     for (const auto& [kind, addName] : groups) {
-        SidebarGroup* group = harness.group(kind);
-        QAccessibleInterface* header = accessible(group->header());
-        QCOMPARE(header->role(), QAccessible::Button);
-        QCOMPARE(header->text(QAccessible::Name), SettingsRecordKind::of(kind)->groupTitle);
-        QVERIFY(header->state().expanded && !header->state().collapsed);
-        header->actionInterface()->doAction(QAccessibleActionInterface::pressAction());
-        QVERIFY(header->state().collapsed && !header->state().expanded);
-        QCOMPARE(accessible(group->header()->addButton())->text(QAccessible::Name), addName);
+        const QString title = SettingsRecordKind::of(kind)->groupTitle;
+        QAccessibleInterface* header = entry(tree, title);
+        QVERIFY2(header, qPrintable(title));
+        QVERIFY(header->state().expandable && header->state().expanded);
+        harness.clickHeader(kind);
+        header = entry(tree, title);
+        QVERIFY(header->state().expandable && !header->state().expanded);
+        QAccessibleInterface* plus = accessible(sidebar->addButton(kind));
+        QCOMPARE(plus->role(), QAccessible::Button);
+        QCOMPARE(plus->text(QAccessible::Name), addName);
     }
+    // Closed groups hide their rows; the first is opened again.
+    QVERIFY(!entry(tree, u"Winkel"_s));
+    harness.clickHeader(Kind::dossier);
 
-    const QList<SidebarRow*> rows = harness.group(Kind::dossier)->rows();
-    QAccessibleInterface* first = accessible(rows.at(0));
-    QCOMPARE(first->role(), QAccessible::ListItem);
-    QCOMPARE(first->text(QAccessible::Name), u"Winkel"_s);
+    QAccessibleInterface* first = entry(tree, u"Winkel"_s);
+    QVERIFY(first);
     QVERIFY(first->state().selectable && first->state().selected);
-    QCOMPARE(accessible(rows.at(1))->text(QAccessible::Name), u"Magazijn"_s);
-    QVERIFY(!accessible(rows.at(1))->state().selected);
+    QVERIFY(!entry(tree, u"Magazijn"_s)->state().selected);
+    QVERIFY(entry(tree, u"Over"_s)->state().selectable);
 
     auto* page = harness.open<TemplateEditorPage>(Kind::labelTemplate);
     for (QToolButton* chip : page->chips()) {
@@ -120,14 +137,14 @@ void SettingsAccessibilityTest::aPrinterIsOpenedAndRenamedWithTheKeyboard()
     window.show();
     window.activateWindow();
     QVERIFY(QTest::qWaitForWindowActive(&window));
-    SidebarGroup* printers = window.view()->sidebar()->group(Kind::printer);
+    SettingsSidebar* sidebar = window.view()->sidebar();
+    const QString key = SettingsTabKey::make(Kind::printer, settings.printers().at(0).id);
 
-    // The sidebar has the focus; the arrows walk down to the printer.
-    QVERIFY(window.view()->sidebar()->isAncestorOf(QApplication::focusWidget()));
-    for (int step = 0; step < 8 && QApplication::focusWidget() != printers->rows().at(0); ++step)
-        QTest::keyClick(QApplication::focusWidget(), Qt::Key_Down);
-    QCOMPARE(QApplication::focusWidget(), printers->rows().at(0));
-    QTest::keyClick(QApplication::focusWidget(), Qt::Key_Return);
+    // The sidebar has the focus; the arrows walk down to the printer and select it.
+    QCOMPARE(QApplication::focusWidget(), sidebar);
+    for (int step = 0; step < 8 && window.view()->selectedTab() != key; ++step)
+        QTest::keyClick(sidebar, Qt::Key_Down);
+    QCOMPARE(window.view()->selectedTab(), key);
     auto* page = qobject_cast<PrinterEditorPage*>(window.view()->detailArea()->page());
     QVERIFY(page);
 
@@ -136,7 +153,10 @@ void SettingsAccessibilityTest::aPrinterIsOpenedAndRenamedWithTheKeyboard()
     QTest::keyClick(QApplication::focusWidget(), Qt::Key_A, Qt::ControlModifier);
     type(u"Toonbank"_s);
     QCOMPARE(settings.printers().at(0).name, u"Toonbank"_s);
-    QCOMPARE(printers->rows().at(0)->text(), u"Toonbank"_s);
+    QVERIFY(entry(accessible(sidebar), u"Toonbank"_s));
+    // Back past the page's first control into the sidebar.
+    QTest::keyClick(QApplication::focusWidget(), Qt::Key_Backtab);
+    QCOMPARE(QApplication::focusWidget(), sidebar);
 }
 
 QTEST_MAIN(SettingsAccessibilityTest)

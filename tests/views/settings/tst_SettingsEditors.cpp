@@ -303,7 +303,7 @@ void SettingsEditorsTest::addingAPrinterFromTheTemplatePage()
 {
     SettingsViewHarness harness;
     QVERIFY(harness.show());
-    clickHeader(harness.group(Kind::printer)->header());
+    harness.clickHeader(Kind::printer);
     auto* page = harness.open<TemplateEditorPage>(Kind::labelTemplate);
     TemplatePrinterField* field = page->printerField();
 

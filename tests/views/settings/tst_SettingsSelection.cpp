@@ -4,11 +4,13 @@
 #include "views/settings/DossierEditorPage.h"
 #include "views/settings/NoRecordSelectedView.h"
 #include "views/settings/PrinterEditorPage.h"
+#include "views/settings/SettingsSidebarDelegate.h"
 #include "views/settings/TemplateEditorPage.h"
 
 #include <QLabel>
 #include <QLineEdit>
 #include <QPushButton>
+#include <QSignalSpy>
 #include <QToolButton>
 
 using namespace Qt::StringLiterals;
@@ -57,13 +59,19 @@ void SettingsSelectionTest::plusOpensItsGroupAddsAndSelects()
     SettingsViewHarness harness;
     harness.setPrinters({SettingsViewHarness::printer(u"Balie"_s, u"10.0.0.5"_s)});
     QVERIFY(harness.show());
-    SidebarGroup* printers = harness.group(Kind::printer);
+    SettingsSidebar* sidebar = harness.sidebar();
 
-    clickHeader(printers->header());
+    harness.clickHeader(Kind::printer);
     QVERIFY(!harness.view().isExpanded(Kind::printer));
-    QTRY_VERIFY(!printers->isBodyShown());
+    QVERIFY(!sidebar->isExpanded(harness.group(Kind::printer)));
+    QVERIFY(harness.view().isExpanded(Kind::dossier));
+    // "Over" stays at the bottom whatever the groups show.
+    const auto aboutBottom = [&] {
+        return sidebar->visualRect(harness.sidebarModel().indexOfKey(u"about"_s)).bottom();
+    };
+    QTRY_COMPARE(aboutBottom(), sidebar->viewport()->height() - 1);
 
-    QToolButton* plus = printers->header()->addButton();
+    QToolButton* plus = sidebar->addButton(Kind::printer);
     QCOMPARE(plus->toolTip(), u"Nieuwe printer"_s);
     clickOn(plus);
 
@@ -71,64 +79,64 @@ void SettingsSelectionTest::plusOpensItsGroupAddsAndSelects()
     const Printer added = harness.settings().printers().constLast();
     QCOMPARE(added.name, u"Nieuwe Printer"_s);
     QVERIFY(harness.view().isExpanded(Kind::printer));
-    QVERIFY(printers->isBodyShown());
+    QVERIFY(sidebar->isExpanded(harness.group(Kind::printer)));
     QCOMPARE(harness.view().selectedTab(), SettingsTabKey::make(Kind::printer, added.id));
     auto* page = harness.pageAs<PrinterEditorPage>();
     QVERIFY(page);
     QCOMPARE(page->index(), 1);
-    QCOMPARE(printers->rows().size(), 2);
-    QVERIFY(printers->rows().at(1)->isSelected());
+    QCOMPARE(harness.sidebarModel().rowCount(harness.group(Kind::printer)), 2);
+    QVERIFY(harness.isRowSelected(Kind::printer, 1));
+    QVERIFY(!harness.isRowSelected(Kind::printer, 0));
 
     // The same for templates and dossiers.
-    clickOn(harness.group(Kind::labelTemplate)->header()->addButton());
+    clickOn(sidebar->addButton(Kind::labelTemplate));
     QCOMPARE(harness.settings().templates().constLast().name, u"Nieuw Etiket"_s);
     QVERIFY(harness.pageAs<TemplateEditorPage>());
-    clickOn(harness.group(Kind::dossier)->header()->addButton());
+    clickOn(sidebar->addButton(Kind::dossier));
     QCOMPARE(harness.settings().dossiers().constLast().name, u"Nieuw Dossier"_s);
     QCOMPARE(harness.pageAs<DossierEditorPage>()->index(),
              harness.settings().dossiers().size() - 1);
+
+    // A click on a row selects it; the keyboard's "+" adds to the group it is on.
+    const QRect first = sidebar->visualRect(harness.row(Kind::printer, 0));
+    QTest::mouseClick(sidebar->viewport(), Qt::LeftButton, {}, first.center());
+    QCOMPARE(harness.view().selectedTab(),
+             SettingsTabKey::make(Kind::printer, harness.settings().printers().at(0).id));
+    sidebar->setCurrentIndex(harness.group(Kind::printer));
+    QTest::keyClick(sidebar, Qt::Key_Plus);
+    QCOMPARE(harness.settings().printers().size(), 3);
+    QVERIFY(harness.isRowSelected(Kind::printer, 2));
+    QTRY_COMPARE(aboutBottom(), sidebar->viewport()->height() - 1);
 }
 
 void SettingsSelectionTest::rowsShowStateAndFollowTheStore()
 {
     SettingsViewHarness harness;
     harness.setDossiers({u"Met sleutel"_s, u"Zonder"_s}, {u"key-1"_s, QString()});
-    const Printer printer = SettingsViewHarness::printer(u"Balie"_s, u"10.0.0.5"_s);
-    harness.setPrinters({printer, SettingsViewHarness::printer(u"Leeg"_s, QString())});
-    LabelTemplate bound = harness.settings().templates().constFirst();
-    bound.printerID = printer.id;
-    harness.settings().setTemplates({bound});
     QVERIFY(harness.show());
+    const QPalette palette = harness.sidebar()->palette();
 
-    const QList<SidebarRow*> dossierRows = harness.group(Kind::dossier)->rows();
-    // Selected: white on the accent colour.
-    QCOMPARE(dossierRows.at(0)->symbol(), u"folder.fill"_s);
-    QCOMPARE(dossierRows.at(0)->iconColor(), QColor(Qt::white));
-    QCOMPARE(dossierRows.at(0)->textColor(), QColor(Qt::white));
-    QCOMPARE(dossierRows.at(1)->symbol(), u"folder"_s);
-    QVERIFY(dossierRows.at(1)->iconColor() != Theme::green());
+    // Selected: white on the accent colour; set up: green; else secondary.
+    const QModelIndex selected = harness.row(Kind::dossier, 0);
+    QVERIFY(harness.isRowSelected(Kind::dossier, 0));
+    QCOMPARE(SettingsSidebarDelegate::iconColor(selected, true, palette), QColor(Qt::white));
+    QCOMPARE(SettingsSidebarDelegate::textColor(true, palette), QColor(Qt::white));
+    QCOMPARE(SettingsSidebarDelegate::iconColor(selected, false, palette), Theme::green());
+    QCOMPARE(SettingsSidebarDelegate::iconColor(harness.row(Kind::dossier, 1), false, palette),
+             Theme::secondaryText(palette));
 
-    const QList<SidebarRow*> printerRows = harness.group(Kind::printer)->rows();
-    QCOMPARE(printerRows.at(0)->symbol(), u"printer.fill"_s);
-    QCOMPARE(printerRows.at(0)->iconColor(), Theme::green());
-    QCOMPARE(printerRows.at(1)->symbol(), u"printer"_s);
-    QCOMPARE(harness.group(Kind::labelTemplate)->rows().at(0)->symbol(), u"doc.text.fill"_s);
-
-    // Edits show at once and keep the rows (no rebuild while typing).
-    harness.settings().updateDossier(1, [](Dossier& d) {
-        d.name = u"Nieuwe naam"_s;
-        d.apiKey = u"k"_s;
-    });
-    QCOMPARE(harness.group(Kind::dossier)->rows(), dossierRows);
-    QCOMPARE(dossierRows.at(1)->text(), u"Nieuwe naam"_s);
-    QCOMPARE(dossierRows.at(1)->symbol(), u"folder.fill"_s);
-    QCOMPARE(dossierRows.at(1)->iconColor(), Theme::green());
-    harness.settings().updateDossier(1, [](Dossier& d) { d.apiKey.clear(); });
-    QCOMPARE(dossierRows.at(1)->symbol(), u"folder"_s);
-
-    // A template whose printer is gone loses its filled icon.
-    harness.settings().setPrinters({});
-    QCOMPARE(harness.group(Kind::labelTemplate)->rows().at(0)->symbol(), u"doc.text"_s);
+    // Edits change the row in place; the selection stays.
+    QSignalSpy resets(&harness.sidebarModel(), &QAbstractItemModel::modelReset);
+    harness.settings().updateDossier(0, [](Dossier& d) { d.name = u"Nieuwe naam"_s; });
+    QCOMPARE(resets.size(), 0);
+    QCOMPARE(harness.row(Kind::dossier, 0).data().toString(), u"Nieuwe naam"_s);
+    QVERIFY(harness.isRowSelected(Kind::dossier, 0));
+    // A record less keeps the selection on the record that was selected.
+    harness.view().select(Kind::dossier, harness.settings().dossiers().at(1).id);
+    harness.settings().deleteDossier(harness.settings().dossiers().at(0));
+    QVERIFY(harness.isRowSelected(Kind::dossier, 0));
+    QVERIFY(harness.view().isExpanded(Kind::dossier));
+    QVERIFY(harness.sidebar()->isExpanded(harness.group(Kind::dossier)));
 }
 
 void SettingsSelectionTest::staleKeysShowTheEmptyStates()
