@@ -1,7 +1,7 @@
 // Sorting the product table by article number and by name, as the table's
-// sort proxy does it after a header click, against std::stable_sort over the
-// same precomputed collation keys. The naive comparator, collating both texts
-// on every comparison, shows what the precomputed keys save.
+// QSortFilterProxyModel does it after a header click, against std::stable_sort
+// over the same precomputed collation keys. The naive comparator, collating
+// both texts on every comparison, shows what the precomputed keys save.
 
 #include "BenchCatalogue.h"
 #include "LoadedModel.h"
