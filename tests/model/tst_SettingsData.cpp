@@ -69,9 +69,7 @@ void TestSettingsData::writtenFormHasSortedKeysAndNoLegacyValues()
     SettingsData data;
     data.bookyear = u"2026"_s;
     data.dossiers = {Dossier{id, u"D"_s, u"k"_s}};
-    data.printers = {Printer{id, u"P"_s, u"10.0.0.1"_s, 9100}};
-    data.templates = {LabelTemplate{id, u"T"_s, u"^XA"_s, id, u"10.0.0.2"_s, 9101},
-                      LabelTemplate{id, u"U"_s, u"^XZ"_s, {}, {}, {}}};
+    data.templates = {LabelTemplate{id, u"T"_s, u"^XA"_s, id, u"10.0.0.2"_s, 9101}};
     data.selectedTemplateID = id;
     data.settingsWindowWidth = 100000;
     data.columnWidthName = 123.5;
@@ -92,12 +90,6 @@ void TestSettingsData::writtenFormHasSortedKeysAndNoLegacyValues()
         }
     ],
     "printers": [
-        {
-            "id": "0F8FAD5B-D9CB-469F-A165-70867728950E",
-            "ipAddress": "10.0.0.1",
-            "name": "P",
-            "port": 9100
-        }
     ],
     "selectedTemplateID": "0F8FAD5B-D9CB-469F-A165-70867728950E",
     "settingsWindowHeight": 700,
@@ -108,11 +100,6 @@ void TestSettingsData::writtenFormHasSortedKeysAndNoLegacyValues()
             "name": "T",
             "printerID": "0F8FAD5B-D9CB-469F-A165-70867728950E",
             "zplContent": "^XA"
-        },
-        {
-            "id": "0F8FAD5B-D9CB-469F-A165-70867728950E",
-            "name": "U",
-            "zplContent": "^XZ"
         }
     ]
 }
