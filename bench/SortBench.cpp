@@ -1,7 +1,7 @@
 // Sorting the product table by article number and by name, as the table's
-// sort proxy does it after a header click, against std::stable_sort over the
-// same precomputed collation keys. The naive comparator, collating both texts
-// on every comparison, shows what the precomputed keys save.
+// QSortFilterProxyModel does it after a header click, against std::stable_sort
+// over the same precomputed collation keys. The naive comparator, collating
+// both texts on every comparison, shows what the precomputed keys save.
 
 #include "BenchCatalogue.h"
 #include "LoadedModel.h"
@@ -54,8 +54,10 @@ void sortProject(benchmark::State& state, int column)
     const ProductSortProxy::SortKey byColumn{column, Qt::AscendingOrder};
     for (auto _ : state) {
         proxy.setSortOrder({byPrice});
+        proxy.rowCount();
         const auto start = Clock::now();
         proxy.setSortOrder({byColumn});
+        proxy.rowCount(); // the proxy sorts when its rows are next asked for, as a view does
         state.SetIterationTime(std::chrono::duration<double>(Clock::now() - start).count());
     }
     // The proxy must have sorted by the column, or the time means nothing.
@@ -132,34 +134,13 @@ constexpr int kName = ProductTableModel::kNameColumn;
 
 } // namespace
 
-BENCHMARK_CAPTURE(sortProject, sku, kSKU)
-    ->Name("sort_sku/project")
-    ->Arg(1'000)
-    ->Arg(100'000)
-    ->UseManualTime();
-BENCHMARK_CAPTURE(sortBaseline, sku, kSKU)
-    ->Name("sort_sku/baseline")
-    ->Arg(1'000)
-    ->Arg(100'000)
-    ->UseManualTime();
-BENCHMARK_CAPTURE(sortNaive, sku, kSKU)
-    ->Name("sort_sku/naive")
-    ->Arg(1'000)
-    ->Arg(100'000)
-    ->UseManualTime();
-BENCHMARK_CAPTURE(sortProject, name, kName)
-    ->Name("sort_name/project")
-    ->Arg(1'000)
-    ->Arg(100'000)
-    ->UseManualTime();
+BENCHMARK_CAPTURE(sortProject, sku, kSKU)->Name("sort_sku/project")->Arg(1'000)->UseManualTime();
+BENCHMARK_CAPTURE(sortBaseline, sku, kSKU)->Name("sort_sku/baseline")->Arg(1'000)->UseManualTime();
+BENCHMARK_CAPTURE(sortNaive, sku, kSKU)->Name("sort_sku/naive")->Arg(1'000)->UseManualTime();
+BENCHMARK_CAPTURE(sortProject, name, kName)->Name("sort_name/project")->Arg(1'000)->UseManualTime();
 BENCHMARK_CAPTURE(sortBaseline, name, kName)
     ->Name("sort_name/baseline")
     ->Arg(1'000)
-    ->Arg(100'000)
     ->UseManualTime();
-BENCHMARK_CAPTURE(sortNaive, name, kName)
-    ->Name("sort_name/naive")
-    ->Arg(1'000)
-    ->Arg(100'000)
-    ->UseManualTime();
+BENCHMARK_CAPTURE(sortNaive, name, kName)->Name("sort_name/naive")->Arg(1'000)->UseManualTime();
 BENCHMARK(filterWithTable)->Name("filter_table/project")->Arg(1'000)->Arg(100'000)->UseManualTime();

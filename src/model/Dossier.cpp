@@ -1,7 +1,6 @@
 #include "model/Dossier.h"
 
 #include "model/JsonObjectReader.h"
-#include "model/JsonTextWriter.h"
 #include "model/UuidText.h"
 
 #include <QHashFunctions>
@@ -14,13 +13,9 @@ const Dossier& Dossier::defaultDossier()
     return kDefault;
 }
 
-void Dossier::writeJson(JsonTextWriter& writer) const
+QJsonObject Dossier::toJson() const
 {
-    writer.beginObject();
-    writer.write("apiKey", apiKey);
-    writer.write("id", uuidToText(id));
-    writer.write("name", name);
-    writer.endObject();
+    return {{u"id"_s, uuidToText(id)}, {u"name"_s, name}, {u"apiKey"_s, apiKey}};
 }
 
 std::optional<Dossier> Dossier::fromJson(const QJsonValue& value, QString* error)

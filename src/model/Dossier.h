@@ -5,8 +5,6 @@
 #include <QUuid>
 #include <optional>
 
-class JsonTextWriter;
-
 // One company administration in the invoicing service with the key that opens it.
 struct Dossier
 {
@@ -17,8 +15,7 @@ struct Dossier
     // Shared per run: the same id for every use within one run.
     static const Dossier& defaultDossier();
 
-    // Members in sorted order, as QJsonObject keeps them.
-    void writeJson(JsonTextWriter& writer) const;
+    QJsonObject toJson() const;
     // Missing keys, wrong JSON types and bad UUID texts fail; `error` says which.
     static std::optional<Dossier> fromJson(const QJsonValue& value, QString* error);
 

@@ -1,7 +1,6 @@
 #include "model/LabelTemplate.h"
 
 #include "model/JsonObjectReader.h"
-#include "model/JsonTextWriter.h"
 #include "model/UuidText.h"
 
 #include <QHashFunctions>
@@ -32,16 +31,13 @@ const LabelTemplate& LabelTemplate::defaultTemplate()
     return kDefault;
 }
 
-void LabelTemplate::writeJson(JsonTextWriter& writer) const
+QJsonObject LabelTemplate::toJson() const
 {
     // The legacy printer fields are deliberately not written.
-    writer.beginObject();
-    writer.write("id", uuidToText(id));
-    writer.write("name", name);
+    QJsonObject object{{u"id"_s, uuidToText(id)}, {u"name"_s, name}, {u"zplContent"_s, zplContent}};
     if (printerID)
-        writer.write("printerID", uuidToText(*printerID));
-    writer.write("zplContent", zplContent);
-    writer.endObject();
+        object.insert(u"printerID"_s, uuidToText(*printerID));
+    return object;
 }
 
 std::optional<LabelTemplate> LabelTemplate::fromJson(const QJsonValue& value, QString* error)

@@ -5,8 +5,6 @@
 #include <QUuid>
 #include <optional>
 
-class JsonTextWriter;
-
 // A named ZPL label text bound to the printer it prints on.
 struct LabelTemplate
 {
@@ -23,8 +21,7 @@ struct LabelTemplate
 
     static const LabelTemplate& defaultTemplate();
 
-    // Members in sorted order, as QJsonObject keeps them.
-    void writeJson(JsonTextWriter& writer) const;
+    QJsonObject toJson() const;
     static std::optional<LabelTemplate> fromJson(const QJsonValue& value, QString* error);
 
     friend bool operator==(const LabelTemplate&, const LabelTemplate&) = default;

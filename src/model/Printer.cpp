@@ -1,19 +1,18 @@
 #include "model/Printer.h"
 
 #include "model/JsonObjectReader.h"
-#include "model/JsonTextWriter.h"
 #include "model/UuidText.h"
 
 #include <QHashFunctions>
 
-void Printer::writeJson(JsonTextWriter& writer) const
+using namespace Qt::StringLiterals;
+
+QJsonObject Printer::toJson() const
 {
-    writer.beginObject();
-    writer.write("id", uuidToText(id));
-    writer.write("ipAddress", ipAddress);
-    writer.write("name", name);
-    writer.write("port", port);
-    writer.endObject();
+    return {{u"id"_s, uuidToText(id)},
+            {u"name"_s, name},
+            {u"ipAddress"_s, ipAddress},
+            {u"port"_s, port}};
 }
 
 std::optional<Printer> Printer::fromJson(const QJsonValue& value, QString* error)

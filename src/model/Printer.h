@@ -5,8 +5,6 @@
 #include <QUuid>
 #include <optional>
 
-class JsonTextWriter;
-
 // One network label printer.
 struct Printer
 {
@@ -17,8 +15,7 @@ struct Printer
     QString ipAddress;
     qint64 port = kDefaultPort;
 
-    // Members in sorted order, as QJsonObject keeps them.
-    void writeJson(JsonTextWriter& writer) const;
+    QJsonObject toJson() const;
     static std::optional<Printer> fromJson(const QJsonValue& value, QString* error);
 
     friend bool operator==(const Printer&, const Printer&) = default;

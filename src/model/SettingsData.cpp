@@ -1,10 +1,10 @@
 #include "model/SettingsData.h"
 
 #include "model/JsonObjectReader.h"
-#include "model/JsonTextWriter.h"
 #include "model/UuidText.h"
 
 #include <QDate>
+#include <QJsonArray>
 #include <QJsonDocument>
 #include <QJsonParseError>
 
@@ -12,19 +12,12 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-template <typename Record>
-void writeList(JsonTextWriter& writer, QByteArrayView key, const QList<Record>& records)
+template <typename Record> QJsonArray toArray(const QList<Record>& records)
 {
-    writer.beginArray(key);
+    QJsonArray array;
     for (const Record& record : records)
-        record.writeJson(writer);
-    writer.endArray();
-}
-
-void writeOptionalUuid(JsonTextWriter& writer, QByteArrayView key, const std::optional<QUuid>& id)
-{
-    if (id)
-        writer.write(key, uuidToText(*id));
+        array.append(record.toJson());
+    return array;
 }
 
 std::optional<QJsonObject> parseObject(const QByteArray& bytes, QString* error)
@@ -89,20 +82,22 @@ std::optional<SettingsData> SettingsData::read(const QByteArray& bytes, QString*
 
 QByteArray SettingsData::write() const
 {
-    // Members in sorted order, as QJsonObject keeps them.
-    JsonTextWriter writer;
-    writer.write("bookyear", bookyear);
-    writer.write("columnWidthBarcode", columnWidthBarcode);
-    writer.write("columnWidthCheckbox", columnWidthCheckbox);
-    writer.write("columnWidthName", columnWidthName);
-    writer.write("columnWidthPrice", columnWidthPrice);
-    writer.write("columnWidthSKU", columnWidthSKU);
-    writeList(writer, "dossiers", dossiers);
-    writeList(writer, "printers", printers);
-    writeOptionalUuid(writer, "selectedDossierID", selectedDossierID);
-    writeOptionalUuid(writer, "selectedTemplateID", selectedTemplateID);
-    writer.write("settingsWindowHeight", settingsWindowHeight);
-    writer.write("settingsWindowWidth", settingsWindowWidth);
-    writeList(writer, "templates", templates);
-    return writer.finish();
+    // The legacy values are never written.
+    QJsonObject object{{u"bookyear"_s, bookyear},
+                       {u"dossiers"_s, toArray(dossiers)},
+                       {u"printers"_s, toArray(printers)},
+                       {u"templates"_s, toArray(templates)},
+                       {u"settingsWindowWidth"_s, settingsWindowWidth},
+                       {u"settingsWindowHeight"_s, settingsWindowHeight},
+                       {u"columnWidthCheckbox"_s, columnWidthCheckbox},
+                       {u"columnWidthSKU"_s, columnWidthSKU},
+                       {u"columnWidthName"_s, columnWidthName},
+                       {u"columnWidthPrice"_s, columnWidthPrice},
+                       {u"columnWidthBarcode"_s, columnWidthBarcode}};
+    if (selectedDossierID)
+        object.insert(u"selectedDossierID"_s, uuidToText(*selectedDossierID));
+    if (selectedTemplateID)
+        object.insert(u"selectedTemplateID"_s, uuidToText(*selectedTemplateID));
+    // QJsonObject keeps its keys sorted, so the text comes out in sorted order.
+    return QJsonDocument(object).toJson(QJsonDocument::Indented);
 }

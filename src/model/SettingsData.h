@@ -34,8 +34,7 @@ struct SettingsData
 
     // Whole document or nothing: the first key that fails decides `error`.
     static std::optional<SettingsData> read(const QByteArray& bytes, QString* error);
-    // The bytes QJsonDocument::toJson(Indented) gives for the document: sorted
-    // keys, UTF-8; legacy keys never written.
+    // Indented JSON with sorted keys, UTF-8; the one writer of save and export.
     QByteArray write() const;
 
     friend bool operator==(const SettingsData&, const SettingsData&) = default;

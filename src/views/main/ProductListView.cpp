@@ -42,6 +42,8 @@ ProductListView::ProductListView(ProductListViewModel& viewModel, AppSettings& s
     connect(header, &QHeaderView::sectionResized, this, &ProductListView::keepMinimumWidth);
     connect(header, &QHeaderView::sectionClicked, this, &ProductListView::sortByHeader);
     connect(m_table, &QTableView::clicked, this, &ProductListView::toggleIfCheckCell);
+    // The second press of a double-click gives no clicked(), but is a click all the same.
+    connect(m_table, &QTableView::doubleClicked, this, &ProductListView::toggleIfCheckCell);
     connect(m_table->selectionModel(), &QItemSelectionModel::selectionChanged, this,
             &ProductListView::writeSelection);
     connect(&m_viewModel, &ProductListViewModel::selectedProductIDChanged, this,

@@ -3,26 +3,19 @@
 #include "services/Product.h"
 
 #include <QLocale>
-#include <algorithm>
-#include <numeric>
 
-namespace {
-
-QString sortText(const Product& product, int column)
+ProductSortProxy::ProductSortProxy(ProductTableModel& table, QObject* parent)
+    : QSortFilterProxyModel(parent), m_table(table),
+      m_collator(textCollator()), m_sortOrder{{ProductTableModel::kSKUColumn, Qt::AscendingOrder}}
 {
-    switch (column) {
-    case ProductTableModel::kSKUColumn:
-        return product.sku();
-    case ProductTableModel::kNameColumn:
-        return product.displayName();
-    case ProductTableModel::kBarcodeColumn:
-        return product.barcode();
-    default:
-        return {};
-    }
+    // The table only ever resets its rows or changes their check state.
+    connect(&m_table, &QAbstractItemModel::modelAboutToBeReset, this,
+            &ProductSortProxy::forgetKeys);
+    setSourceModel(&m_table);
+    // lessThan() walks the whole key list in each key's own direction; the
+    // column and order given here only switch sorting on.
+    sort(ProductTableModel::kSKUColumn, Qt::AscendingOrder);
 }
-
-} // namespace
 
 QCollator ProductSortProxy::textCollator()
 {
@@ -37,196 +30,73 @@ QCollator ProductSortProxy::textCollator()
     return collator;
 }
 
-ProductSortProxy::ProductSortProxy(ProductTableModel& table, QObject* parent)
-    : QAbstractProxyModel(parent), m_table(table),
-      m_collator(textCollator()), m_sortOrder{{ProductTableModel::kSKUColumn, Qt::AscendingOrder}}
-{
-    // The table only ever resets its rows or changes their data.
-    connect(&m_table, &QAbstractItemModel::modelAboutToBeReset, this,
-            &ProductSortProxy::beginReset);
-    connect(&m_table, &QAbstractItemModel::modelReset, this, &ProductSortProxy::endReset);
-    connect(&m_table, &QAbstractItemModel::dataChanged, this,
-            &ProductSortProxy::forwardDataChanged);
-    QAbstractProxyModel::setSourceModel(&m_table);
-    sortRows();
-}
-
-bool ProductSortProxy::isSortable(int column)
-{
-    return column > ProductTableModel::kCheckColumn && column < ProductTableModel::kColumnCount;
-}
-
 void ProductSortProxy::setSortOrder(const QList<SortKey>& keys)
 {
-    QList<SortKey> sortable;
-    for (const SortKey& key : keys) {
-        if (isSortable(key.column))
-            sortable.append(key);
-    }
-    // The rows are always in the current order; the same keys change nothing.
+    QList<SortKey> sortable = keys;
+    sortable.removeIf([](const SortKey& key) {
+        return key.column <= ProductTableModel::kCheckColumn ||
+               key.column >= ProductTableModel::kColumnCount;
+    });
     if (sortable.isEmpty() || sortable == m_sortOrder)
         return;
     m_sortOrder = sortable;
-    resort();
+    invalidate();
 }
 
 void ProductSortProxy::promoteColumn(int column)
 {
     const SortKey& first = m_sortOrder.first();
     const bool reverse = first.column == column && first.order == Qt::AscendingOrder;
-    sort(column, reverse ? Qt::DescendingOrder : Qt::AscendingOrder);
-}
-
-void ProductSortProxy::sort(int column, Qt::SortOrder order)
-{
-    if (!isSortable(column))
-        return;
     QList<SortKey> keys = m_sortOrder;
     keys.removeIf([column](const SortKey& key) { return key.column == column; });
-    keys.prepend({column, order});
+    keys.prepend({column, reverse ? Qt::DescendingOrder : Qt::AscendingOrder});
     setSortOrder(keys);
 }
 
 const Product& ProductSortProxy::productAt(int proxyRow) const
 {
-    return m_table.productAt(m_sourceRows[size_t(proxyRow)]);
+    return m_table.productAt(mapToSource(index(proxyRow, 0)).row());
 }
 
-QModelIndex ProductSortProxy::index(int row, int column, const QModelIndex& parent) const
+bool ProductSortProxy::lessThan(const QModelIndex& left, const QModelIndex& right) const
 {
-    return hasIndex(row, column, parent) ? createIndex(row, column) : QModelIndex();
-}
-
-QModelIndex ProductSortProxy::parent(const QModelIndex&) const
-{
-    return {};
-}
-
-int ProductSortProxy::rowCount(const QModelIndex& parent) const
-{
-    return parent.isValid() ? 0 : int(m_sourceRows.size());
-}
-
-int ProductSortProxy::columnCount(const QModelIndex& parent) const
-{
-    return parent.isValid() ? 0 : ProductTableModel::kColumnCount;
-}
-
-QModelIndex ProductSortProxy::mapToSource(const QModelIndex& proxyIndex) const
-{
-    if (!proxyIndex.isValid())
-        return {};
-    return m_table.index(m_sourceRows[size_t(proxyIndex.row())], proxyIndex.column());
-}
-
-QModelIndex ProductSortProxy::mapFromSource(const QModelIndex& sourceIndex) const
-{
-    if (!sourceIndex.isValid())
-        return {};
-    return createIndex(m_proxyRows[size_t(sourceIndex.row())], sourceIndex.column());
-}
-
-void ProductSortProxy::sortRows()
-{
-    // Each key's collation keys are looked up once per sort, not per comparison.
-    struct Criterion
-    {
-        const Keys* keys; // none: the price
-        bool descending;
-    };
-    std::vector<Criterion> criteria;
-    for (const SortKey& key : std::as_const(m_sortOrder)) {
-        const bool byPrice = key.column == ProductTableModel::kPriceColumn;
-        criteria.push_back(
-            {byPrice ? nullptr : &collationKeys(key.column), key.order == Qt::DescendingOrder});
+    for (const SortKey& key : m_sortOrder) {
+        const bool ascending = key.order == Qt::AscendingOrder;
+        const int result = compare(key.column, ascending ? left.row() : right.row(),
+                                   ascending ? right.row() : left.row());
+        if (result != 0)
+            return result < 0;
     }
-    const auto less = [&](int left, int right) {
-        for (const Criterion& criterion : criteria) {
-            const int a = criterion.descending ? right : left;
-            const int b = criterion.descending ? left : right;
-            const int result =
-                criterion.keys ? (*criterion.keys)[size_t(a)].compare((*criterion.keys)[size_t(b)])
-                               : comparePrices(a, b);
-            if (result != 0)
-                return result < 0;
-        }
-        return false;
-    };
-    m_sourceRows.resize(size_t(m_table.rowCount()));
-    std::iota(m_sourceRows.begin(), m_sourceRows.end(), 0);
     // Equal rows keep the view model's order, whatever order was shown before.
-    std::stable_sort(m_sourceRows.begin(), m_sourceRows.end(), less);
-    m_proxyRows.resize(m_sourceRows.size());
-    for (size_t row = 0; row < m_sourceRows.size(); ++row)
-        m_proxyRows[size_t(m_sourceRows[row])] = int(row);
+    return left.row() < right.row();
 }
 
-void ProductSortProxy::resort()
+int ProductSortProxy::compare(int column, int leftRow, int rightRow) const
 {
-    emit layoutAboutToBeChanged({}, QAbstractItemModel::VerticalSortHint);
-    const QModelIndexList before = persistentIndexList();
-    QModelIndexList sources;
-    sources.reserve(before.size());
-    for (const QModelIndex& index : before)
-        sources.append(mapToSource(index));
-    sortRows();
-    QModelIndexList after;
-    after.reserve(sources.size());
-    for (const QModelIndex& source : sources)
-        after.append(mapFromSource(source));
-    changePersistentIndexList(before, after);
-    emit layoutChanged({}, QAbstractItemModel::VerticalSortHint);
-}
-
-void ProductSortProxy::beginReset()
-{
-    beginResetModel();
-    forgetKeys();
-}
-
-void ProductSortProxy::endReset()
-{
-    sortRows();
-    endResetModel();
-}
-
-void ProductSortProxy::forwardDataChanged(const QModelIndex& topLeft,
-                                          const QModelIndex& bottomRight, const QList<int>& roles)
-{
-    // Sorted rows scatter a source range; the shown rows between its first and
-    // last mapped row cover it.
-    int first = rowCount();
-    int last = -1;
-    for (int row = topLeft.row(); row <= bottomRight.row(); ++row) {
-        first = std::min(first, m_proxyRows[size_t(row)]);
-        last = std::max(last, m_proxyRows[size_t(row)]);
+    if (column == ProductTableModel::kPriceColumn) {
+        // A missing price counts as 0.
+        const double left = m_table.productAt(leftRow).sortablePrice();
+        const double right = m_table.productAt(rightRow).sortablePrice();
+        return left < right ? -1 : (right < left ? 1 : 0);
     }
-    if (last >= 0)
-        emit dataChanged(index(first, topLeft.column()), index(last, bottomRight.column()), roles);
-}
-
-int ProductSortProxy::comparePrices(int leftRow, int rightRow) const
-{
-    const double left = m_table.productAt(leftRow).sortablePrice();
-    const double right = m_table.productAt(rightRow).sortablePrice();
-    return left < right ? -1 : (right < left ? 1 : 0);
+    const Keys& keys = collationKeys(column);
+    return keys[size_t(leftRow)].compare(keys[size_t(rightRow)]);
 }
 
 const ProductSortProxy::Keys& ProductSortProxy::collationKeys(int column) const
 {
-    std::optional<Keys>& keys = m_keys[size_t(column)];
-    if (!keys) {
-        keys.emplace();
+    Keys& keys = m_keys[size_t(column)];
+    if (keys.empty()) {
         const int rows = m_table.rowCount();
-        keys->reserve(size_t(rows));
+        keys.reserve(size_t(rows));
         for (int row = 0; row < rows; ++row)
-            keys->push_back(m_collator.sortKey(sortText(m_table.productAt(row), column)));
+            keys.push_back(m_collator.sortKey(m_table.index(row, column).data().toString()));
     }
-    return *keys;
+    return keys;
 }
 
 void ProductSortProxy::forgetKeys()
 {
-    for (std::optional<Keys>& keys : m_keys)
-        keys.reset();
+    for (Keys& keys : m_keys)
+        keys.clear();
 }

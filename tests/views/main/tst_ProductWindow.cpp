@@ -24,6 +24,7 @@
 #include <QMessageBox>
 #include <QPushButton>
 #include <QScopeGuard>
+#include <QSignalSpy>
 #include <QTableView>
 #include <QTest>
 #include <QToolButton>
@@ -417,6 +418,13 @@ void ProductWindowTest::clickAnywhereInTheCheckCellToggles()
     QTest::mouseClick(table()->viewport(), Qt::LeftButton, {}, nextCell);
     QCOMPARE(m_viewModel->checkedProductIDs().size(), 1);
     QCOMPARE(m_viewModel->selectedProductID(), idAt(1));
+    // Two quick clicks are two toggles: a widget gets press, release, double-click, release.
+    QSignalSpy toggles(m_viewModel.get(), &ProductListViewModel::checkedProductIDsChanged);
+    QTest::mouseClick(table()->viewport(), Qt::LeftButton, {}, cell.center());
+    QTest::mouseDClick(table()->viewport(), Qt::LeftButton, {}, cell.center());
+    QTest::mouseRelease(table()->viewport(), Qt::LeftButton, {}, cell.center());
+    QCOMPARE(toggles.size(), 2);
+    QCOMPARE(m_viewModel->checkedProductIDs(), QSet<qint64>{idAt(1)});
 }
 
 void ProductWindowTest::headerClicksSortAndKeepTheIndicator()
