@@ -72,5 +72,5 @@ void filterBaseline(benchmark::State& state)
 
 } // namespace
 
-BENCHMARK(filterProject)->Name("filter/project")->Arg(1'000)->Arg(100'000)->UseManualTime();
-BENCHMARK(filterBaseline)->Name("filter/baseline")->Arg(1'000)->Arg(100'000)->UseManualTime();
+BENCHMARK(filterProject)->Name("filter/project")->Arg(1'000)->UseManualTime();
+BENCHMARK(filterBaseline)->Name("filter/baseline")->Arg(1'000)->UseManualTime();
