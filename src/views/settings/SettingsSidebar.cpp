@@ -50,7 +50,9 @@ SettingsSidebar::SettingsSidebar(SettingsView& view, QWidget* parent)
     viewport()->setAutoFillBackground(false);
 
     for (const SettingsRecordKind& kind : SettingsRecordKind::all()) {
-        auto* plus = new QToolButton(viewport());
+        // Beside the tree, not in its viewport: a screen reader sees the cells of
+        // an item view only, so buttons inside it would be out of its reach.
+        auto* plus = new QToolButton(this);
         plus->setIcon(SymbolIcons::tinted(u"plus", Theme::secondaryText(palette())));
         plus->setIconSize(QSize(kPlusSize, kPlusSize));
         plus->setFixedSize(kPlusBox, kPlusBox);
@@ -173,13 +175,30 @@ void SettingsSidebar::updateGeometries()
     setViewportMargins(kMargin, kMargin, kMargin, kMargin);
     header()->resizeSection(0, viewport()->width());
     QAbstractItemView::updateGeometries();
+    placeAddButtons();
+    fitDivider();
+}
+
+void SettingsSidebar::moveEvent(QMoveEvent* event)
+{
+    QTreeView::moveEvent(event);
+    placeAddButtons();
+}
+
+void SettingsSidebar::placeAddButtons()
+{
+    QWidget* host = parentWidget();
     for (int group = 0; group < m_addButtons.size(); ++group) {
         const QRect header = visualRect(m_model->index(group, 0));
         QToolButton* plus = m_addButtons.at(group);
+        if (host && plus->parentWidget() != host)
+            plus->setParent(host);
+        const QPoint place(header.right() + 1 - kPlusRight - kPlusBox,
+                           header.top() + (32 - kPlusBox) / 2);
+        plus->move(host ? viewport()->mapTo(host, place) : place);
         plus->setVisible(header.isValid());
-        plus->move(header.right() + 1 - kPlusRight - kPlusBox, header.top() + (32 - kPlusBox) / 2);
+        plus->raise();
     }
-    fitDivider();
 }
 
 void SettingsSidebar::fitDivider()

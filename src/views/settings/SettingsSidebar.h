@@ -33,6 +33,7 @@ protected:
     QItemSelectionModel::SelectionFlags selectionCommand(const QModelIndex& index,
                                                          const QEvent* event) const override;
     void updateGeometries() override;
+    void moveEvent(QMoveEvent* event) override;
     void scrollTo(const QModelIndex& index, ScrollHint hint = EnsureVisible) override;
 
 private:
@@ -40,6 +41,7 @@ private:
     void syncSelection();
     void takeSelection();
     void fitDivider();
+    void placeAddButtons();
 
     SettingsView& m_view;
     SettingsSidebarModel* m_model;

@@ -110,6 +110,9 @@ void SettingsAccessibilityTest::sidebarEntriesTellTheirState()
         QAccessibleInterface* plus = accessible(sidebar->addButton(kind));
         QCOMPARE(plus->role(), QAccessible::Button);
         QCOMPARE(plus->text(QAccessible::Name), addName);
+        // Reachable from the window down: an item view lists only its cells.
+        for (QAccessibleInterface* at = plus; at->parent(); at = at->parent())
+            QVERIFY(at->parent()->indexOfChild(at) >= 0);
     }
     // Closed groups hide their rows; the first is opened again.
     QVERIFY(!entry(tree, u"Winkel"_s));
