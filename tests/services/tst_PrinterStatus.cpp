@@ -69,7 +69,6 @@ void PrinterStatusTest::readsTheAnswer_data()
     QTest::newRow("well-formed but oversized")
         << answer("030,0,0,1218,000,0,0,0,000,0,0,0", kSecond, QByteArray(1100, '1') + ",0")
         << QString() << 0;
-    QTest::newRow("empty") << QByteArray() << QString() << 0;
 }
 
 void PrinterStatusTest::readsTheAnswer()

@@ -404,7 +404,6 @@ void ProductWindowTest::spaceBar_data()
     QTest::addColumn<qint64>("checked"); // 0: none
     QTest::addColumn<qint64>("selectedAfter");
     QTest::newRow("moves down") << 20LL << QString() << 0 << 20LL << 30LL;
-    QTest::newRow("shift held") << 30LL << QString() << int(Qt::ShiftModifier) << 30LL << 10LL;
     QTest::newRow("last row stays") << 10LL << QString() << int(Qt::AltModifier) << 10LL << 10LL;
     QTest::newRow("no selection") << 0LL << QString() << 0 << 0LL << 0LL;
     QTest::newRow("selection hidden") << 10LL << u"hamer"_s << 0 << 0LL << 10LL;
