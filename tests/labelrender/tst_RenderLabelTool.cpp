@@ -54,8 +54,6 @@ void TestRenderLabelTool::run_data()
     add("product caret warned", u"--product product.json label.zpl -o OUT"_s, u"^FH"_s,
         {{400, 200}});
     add("unreadable input", u"missing.zpl -o OUT"_s, u"missing.zpl"_s, {});
-    add("output directory missing", u"label.zpl -o no/such/dir/out.png"_s, u"no/such/dir/out.png"_s,
-        {});
     add("output is a directory", u"label.zpl -o out-is-a-dir.png"_s, u"out-is-a-dir.png"_s, {});
     add("two labels, two pictures", u"- -o OUT"_s, QString(), {{80, 40}, {40, 80}}, two);
     add("second picture unwritable, first not kept", u"- -o out-2-is-a-dir.png"_s,

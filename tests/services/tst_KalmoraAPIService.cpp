@@ -53,7 +53,6 @@ private slots:
     void sendsTheAgreedRequest();
     void outcomes_data();
     void outcomes();
-    void closingEndsAFetchStillOut_data();
     void closingEndsAFetchStillOut();
     void untrustedCertificateIsRefused();
     void longTextsAreCutForTheAlert_data();
@@ -112,7 +111,6 @@ struct Outcome
 };
 
 using Mode = Response::Mode;
-const QByteArray kCut = "HTTP/1.1 200 OK\r\nContent-Length: 900\r\n\r\n{\"data\":[";
 // A gzip header, then a block no inflater accepts: the transfer fails
 // part-way through the body.
 const QByteArray kBrokenGzip =
@@ -137,7 +135,6 @@ const Outcome kOutcomes[] = {
     {"cut short", Mode::truncated, R"({"data":[]})", 200, 5000, "Netwerkfout: "},
     {"streamed oversized", Mode::stream, {}, 200, 20000, "Ongeldige respons van server"},
     {"not HTTP", Mode::raw, "\x01\xffSSH-2.0-x\r\n\r\n", 200, 5000, "Netwerkfout: "},
-    {"reset in the body", Mode::rawReset, kCut, 200, 5000, "Netwerkfout: "},
     // The API key never follows a redirect to another origin: that one ends on
     // its own status, like every status but 200.
     {"redirect", Mode::normal, "/moved", 302, 5000, "2 products"},
@@ -166,10 +163,6 @@ void KalmoraAPIServiceTest::outcomes_data()
     QTest::newRow("16 MiB") << Response::json(envelopeOfSize(kBodyCap)) << 20000 << u"1 products"_s;
     QTest::newRow("16 MiB and a byte") << Response::json(envelopeOfSize(kBodyCap + 1)) << 20000
                                        << u"Ongeldige respons van server"_s;
-    const QString longError = u"0123456789"_s.repeated(1000);
-    QTest::newRow("long error text")
-        << Response::json(R"({"error":")" + longError.toUtf8() + R"("})") << 5000
-        << u"Serverfout: "_s + longError.left(500) + u'\u2026';
 }
 
 // Only an undecodable 200 body writes its one decoding line, and nothing else is printed.
@@ -214,34 +207,29 @@ void KalmoraAPIServiceTest::outcomes()
     QVERIFY(!logged || lines.first().startsWith(u"Decoding error: "_s));
 }
 
-void KalmoraAPIServiceTest::closingEndsAFetchStillOut_data()
-{
-    QTest::addColumn<bool>("requestArrived");
-    QTest::newRow("closed at once") << false;
-    QTest::newRow("closed while the server is silent") << true;
-}
-
-// The network thread goes with the service; the caller's wait must still end.
+// The network thread goes with the service; the caller's wait must still end,
+// whether it is closed at once or while the server is silent.
 void KalmoraAPIServiceTest::closingEndsAFetchStillOut()
 {
-    QFETCH(bool, requestArrived);
-    LoopbackHttpServer server;
-    QVERIFY(server.listen());
-    server.setHandler([](const Request&) {
-        Response silent;
-        silent.mode = Response::Mode::neverAnswer;
-        return silent;
-    });
-    auto service = std::make_unique<KalmoraAPIService>(server.baseUrl());
-    std::optional<Result> result;
-    QEventLoop loop;
-    auto storing =
-        storeTaskResult(service->fetchProducts(u"key"_s, u"2024"_s, 1000, 0), &result, &loop);
-    if (requestArrived)
-        QTRY_COMPARE(server.requests().size(), 1);
-    service.reset();
-    QTRY_VERIFY(result.has_value());
-    QCOMPARE(describe(*result), u"Netwerkfout: De productdienst is afgesloten"_s);
+    for (const bool requestArrived : {false, true}) {
+        LoopbackHttpServer server;
+        QVERIFY(server.listen());
+        server.setHandler([](const Request&) {
+            Response silent;
+            silent.mode = Response::Mode::neverAnswer;
+            return silent;
+        });
+        auto service = std::make_unique<KalmoraAPIService>(server.baseUrl());
+        std::optional<Result> result;
+        QEventLoop loop;
+        auto storing =
+            storeTaskResult(service->fetchProducts(u"key"_s, u"2024"_s, 1000, 0), &result, &loop);
+        if (requestArrived)
+            QTRY_COMPARE(server.requests().size(), 1);
+        service.reset();
+        QTRY_VERIFY(result.has_value());
+        QCOMPARE(describe(*result), u"Netwerkfout: De productdienst is afgesloten"_s);
+    }
 }
 
 void KalmoraAPIServiceTest::untrustedCertificateIsRefused()

@@ -30,8 +30,7 @@ class ZPLServiceTest : public QObject
 private slots:
     void fillsTemplates_data();
     void fillsTemplates();
-    void pricesUseAPointWhateverTheLocale();
-    void previewUsesTheSampleValues();
+    void pricePointAndPreviewSamples();
     void validationMessagesInOrder_data();
     void validationMessagesInOrder();
 
@@ -77,7 +76,8 @@ void ZPLServiceTest::fillsTemplates()
     QCOMPARE(m_service.generateZPL(product, zplTemplate).value_or(u"<geen>"_s), expected);
 }
 
-void ZPLServiceTest::pricesUseAPointWhateverTheLocale()
+// Prices use a point whatever the locale; the preview fills the sample values.
+void ZPLServiceTest::pricePointAndPreviewSamples()
 {
     const QLocale previousLocale;
     const std::string previousC = std::setlocale(LC_NUMERIC, nullptr);
@@ -91,10 +91,6 @@ void ZPLServiceTest::pricesUseAPointWhateverTheLocale()
     std::setlocale(LC_NUMERIC, previousC.c_str());
     QLocale::setDefault(previousLocale);
     QCOMPARE(filled, u"1234.50"_s);
-}
-
-void ZPLServiceTest::previewUsesTheSampleValues()
-{
     QCOMPARE(
         m_service
             .previewZPL(

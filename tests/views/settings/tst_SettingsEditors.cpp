@@ -59,8 +59,7 @@ private slots:
     void fieldsShowTheirEdgeInEitherPalette();
     void writesThroughAStaleIndexAreIgnored();
     void templatePrinterChoice();
-    void addingAPrinterFromTheTemplatePage();
-    void chipsAndValidationFollowTheText();
+    void chipsValidationAndAddingAPrinter();
     void templateTextIsKeptExactly_data();
     void templateTextIsKeptExactly();
     void previewFollowsTheText_data();
@@ -79,17 +78,14 @@ void SettingsEditorsTest::addressAndPortFields()
     harness.setPrinters({SettingsViewHarness::printer(u"Balie"_s, QString())});
     QVERIFY(harness.show());
     auto* page = harness.open<PrinterEditorPage>(Kind::printer);
-    QVERIFY(page);
-
-    QVERIFY(!page->testButton()->isEnabled());
-    QVERIFY(!page->statusButton()->isEnabled());
+    const auto enabled = [page] {
+        return QList<bool>{page->testButton()->isEnabled(), page->statusButton()->isEnabled()};
+    };
+    QCOMPARE(enabled(), (QList<bool>{false, false}));
     QTest::keyClicks(page->ipAddressField(), u"1"_s);
-    QCOMPARE(harness.settings().printers().at(0).ipAddress, u"1"_s);
-    QVERIFY(page->testButton()->isEnabled());
-    QVERIFY(page->statusButton()->isEnabled());
+    QCOMPARE(enabled(), (QList<bool>{true, true}));
     QTest::keyClick(page->ipAddressField(), Qt::Key_Backspace);
-    QVERIFY(!page->testButton()->isEnabled());
-    QVERIFY(!page->statusButton()->isEnabled());
+    QCOMPARE(enabled(), (QList<bool>{false, false}));
     // The address is stored as typed, blanks included.
     QTest::keyClicks(page->ipAddressField(), u" 10.0.0.9 "_s);
     QCOMPARE(harness.settings().printers().at(0).ipAddress, u" 10.0.0.9 "_s);
@@ -252,11 +248,9 @@ void SettingsEditorsTest::templatePrinterChoice()
     harness.setPrinters({withAddress, withoutAddress});
     QVERIFY(harness.show());
     auto* page = harness.open<TemplateEditorPage>(Kind::labelTemplate);
-    QVERIFY(page);
     QComboBox* choice = page->printerField()->choice();
 
-    QVERIFY(choice->isVisible());
-    QVERIFY(!page->printerField()->noPrintersRow()->isVisible());
+    QVERIFY(choice->isVisible() && !page->printerField()->noPrintersRow()->isVisible());
     QCOMPARE(choice->count(), 3);
     QCOMPARE(choice->itemText(0), u"Geen printer geselecteerd"_s);
     QCOMPARE(choice->itemText(1), u"Balie (10.0.0.5)"_s);
@@ -270,7 +264,6 @@ void SettingsEditorsTest::templatePrinterChoice()
     emit choice->activated(2);
     QCOMPARE(harness.settings().templates().at(0).printerID, withoutAddress.id);
     QVERIFY(!page->printerHint()->isVisible());
-    QCOMPARE(harness.pageAs<TemplateEditorPage>(), page);
 
     choice->setCurrentIndex(0);
     emit choice->activated(0);
@@ -282,15 +275,12 @@ void SettingsEditorsTest::templatePrinterChoice()
     QVERIFY(!page->isDeleteShown());
     harness.settings().updateTemplate(
         0, [&withAddress](LabelTemplate& t) { t.printerID = withAddress.id; });
-    QVERIFY(page->testButton()->isEnabled());
     // Bound to a printer that has no address: enabled, and the press says why
     // nothing was sent, in red with the cross.
     harness.settings().updatePrinter(0, [](Printer& p) { p.ipAddress.clear(); });
     QVERIFY(page->testButton()->isEnabled());
     clickOn(page->testButton());
-    QCOMPARE(harness.view().templateTestResult(), u"Geen printer geconfigureerd"_s);
-    QVERIFY(!harness.view().isTemplateTesting());
-    QVERIFY(page->resultRow()->isVisible());
+    QVERIFY(!harness.view().isTemplateTesting() && page->resultRow()->isVisible());
     QCOMPARE(page->resultLabel()->text(), u"Geen printer geconfigureerd"_s);
     QCOMPARE(page->resultLabel()->palette().color(QPalette::WindowText),
              SettingsEditorPage::red(page->palette()));
@@ -299,35 +289,14 @@ void SettingsEditorsTest::templatePrinterChoice()
     QCOMPARE(page->deleteButton()->text(), u"Verwijder Etiket"_s);
 }
 
-void SettingsEditorsTest::addingAPrinterFromTheTemplatePage()
+// On the template page of a store without printers.
+void SettingsEditorsTest::chipsValidationAndAddingAPrinter()
 {
     SettingsViewHarness harness;
     QVERIFY(harness.show());
     harness.clickHeader(Kind::printer);
     auto* page = harness.open<TemplateEditorPage>(Kind::labelTemplate);
     TemplatePrinterField* field = page->printerField();
-
-    QVERIFY(!field->choice()->isVisible());
-    QVERIFY(field->noPrintersRow()->isVisible());
-    QVERIFY(!page->printerHint()->isVisible());
-    QCOMPARE(field->addPrinterButton()->text(), u"Printer Toevoegen"_s);
-
-    clickOn(field->addPrinterButton());
-    QCOMPARE(harness.settings().printers().size(), 1);
-    const Printer added = harness.settings().printers().at(0);
-    QCOMPARE(harness.view().selectedTab(), SettingsTabKey::make(Kind::printer, added.id));
-    QVERIFY(harness.pageAs<PrinterEditorPage>());
-    // Neither bound to the template nor opening the Printers group.
-    QCOMPARE(harness.settings().templates().at(0).printerID, std::nullopt);
-    QVERIFY(!harness.view().isExpanded(Kind::printer));
-}
-
-void SettingsEditorsTest::chipsAndValidationFollowTheText()
-{
-    SettingsViewHarness harness;
-    QVERIFY(harness.show());
-    auto* page = harness.open<TemplateEditorPage>(Kind::labelTemplate);
-
     QStringList chipTexts;
     for (const QToolButton* chip : page->chips()) {
         chipTexts << chip->text();
@@ -338,7 +307,6 @@ void SettingsEditorsTest::chipsAndValidationFollowTheText()
 
     QCOMPARE(page->zplEditor()->toPlainText(), LabelTemplate::kDefaultZPL);
     QVERIFY(page->validationMessages().isEmpty());
-
     page->zplEditor()->clear();
     QCOMPARE(harness.settings().templates().at(0).zplContent, QString());
     QCOMPARE(page->validationMessages(),
@@ -351,6 +319,18 @@ void SettingsEditorsTest::chipsAndValidationFollowTheText()
     QCOMPARE(harness.pageAs<TemplateEditorPage>(), page);
     // The store's notifications did not reset the text under the cursor.
     QCOMPARE(page->zplEditor()->textCursor().position(), 17);
+
+    QVERIFY(!field->choice()->isVisible() && field->noPrintersRow()->isVisible());
+    QVERIFY(!page->printerHint()->isVisible());
+    QCOMPARE(field->addPrinterButton()->text(), u"Printer Toevoegen"_s);
+
+    clickOn(field->addPrinterButton());
+    QCOMPARE(harness.settings().printers().size(), 1);
+    QCOMPARE(harness.view().selectedTab(),
+             SettingsTabKey::make(Kind::printer, harness.settings().printers().at(0).id));
+    // Neither bound to the template nor opening the Printers group.
+    QCOMPARE(harness.settings().templates().at(0).printerID, std::nullopt);
+    QVERIFY(!harness.view().isExpanded(Kind::printer));
 }
 
 void SettingsEditorsTest::templateTextIsKeptExactly_data()
@@ -360,12 +340,8 @@ void SettingsEditorsTest::templateTextIsKeptExactly_data()
     QTest::addColumn<QString>("edited");
     // Shift+Return before the "y": a new line separator, which is a line feed.
     QTest::addColumn<bool>("shiftReturn");
-    QTest::newRow("CRLF") << u"^XA\r\n^FD{{NAAM}}^FS\r\n^XZ"_s
-                          << u"x^XA\r\nz^FD{{NAAM}}^FS\r\n^XZy"_s << false;
     QTest::newRow("lone CR") << u"^XA\r^FD{{NAAM}}^FS\r^XZ"_s << u"x^XA\rz^FD{{NAAM}}^FS\r^XZy"_s
                              << false;
-    QTest::newRow("no-break space")
-        << u"^XA\n^FD{{NAAM}}\u00a0€^FS\n^XZ"_s << u"x^XA\nz^FD{{NAAM}}\u00a0€^FS\n^XZy"_s << false;
     QTest::newRow("line separator") << u"^XA\u2028^FD{{NAAM}}^FS\u2028^XZ"_s
                                     << u"x^XA\u2028z^FD{{NAAM}}^FS\u2028^XZy"_s << false;
     QTest::newRow("typed line separator") << u"^XA\u2028^FD{{NAAM}}^FS\u2028^XZ"_s

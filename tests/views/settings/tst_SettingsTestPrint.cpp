@@ -47,23 +47,19 @@ void SettingsTestPrintTest::testPrintsSucceedInGreen()
     });
     QVERIFY(harness.show());
     auto* page = harness.open<PrinterEditorPage>(Kind::printer);
-    QVERIFY(page->testButton()->isEnabled());
-    QVERIFY(!page->resultLabel()->isVisible());
+    QVERIFY(page->testButton()->isEnabled() && !page->resultLabel()->isVisible());
 
     clickOn(page->testButton());
     // Running: the button is off, the indicator shows, a second press does nothing.
     QVERIFY(harness.view().isPrinterTesting());
-    QVERIFY(!page->testButton()->isEnabled());
-    QVERIFY(page->spinner()->isVisible());
+    QVERIFY(!page->testButton()->isEnabled() && page->spinner()->isVisible());
     harness.view().testPrinterConnection(0);
 
     QTRY_VERIFY(!harness.view().isPrinterTesting());
-    QCOMPARE(harness.view().printerTestResult(), u"Verbinding gelukt! Test etiket verstuurd."_s);
     QVERIFY(page->resultLabel()->isVisible());
     QCOMPARE(page->resultLabel()->text(), u"Verbinding gelukt! Test etiket verstuurd."_s);
     QCOMPARE(textColor(page->resultLabel()), SettingsEditorPage::green(page->palette()));
-    QVERIFY(page->testButton()->isEnabled());
-    QVERIFY(!page->spinner()->isVisible());
+    QVERIFY(page->testButton()->isEnabled() && !page->spinner()->isVisible());
     QTRY_COMPARE(sink.jobs().size(), 1);
     QCOMPARE(sink.jobs().at(0), PrinterService::kTestLabel.toUtf8());
     QCOMPARE(sink.connectionCount(), 1);
@@ -76,17 +72,12 @@ void SettingsTestPrintTest::testPrintsSucceedInGreen()
     // The template's test print sends the label with the preview's sample values.
     auto* templatePage = harness.open<TemplateEditorPage>(Kind::labelTemplate);
     clickOn(templatePage->testButton());
-    QVERIFY(harness.view().isTemplateTesting());
-    QVERIFY(templatePage->testingRow()->isVisible());
-    QVERIFY(!templatePage->resultRow()->isVisible());
-    QVERIFY(!templatePage->testButton()->isEnabled());
+    QVERIFY(harness.view().isTemplateTesting() && templatePage->testingRow()->isVisible());
+    QVERIFY(!templatePage->resultRow()->isVisible() && !templatePage->testButton()->isEnabled());
 
     QTRY_VERIFY(!harness.view().isTemplateTesting());
-    const QString expected = u"✓ Test etiket verstuurd naar Balie"_s;
-    QCOMPARE(harness.view().templateTestResult(), expected);
-    QVERIFY(!templatePage->testingRow()->isVisible());
-    QVERIFY(templatePage->resultRow()->isVisible());
-    QCOMPARE(templatePage->resultLabel()->text(), expected);
+    QVERIFY(!templatePage->testingRow()->isVisible() && templatePage->resultRow()->isVisible());
+    QCOMPARE(templatePage->resultLabel()->text(), u"✓ Test etiket verstuurd naar Balie"_s);
     QCOMPARE(textColor(templatePage->resultLabel()),
              SettingsEditorPage::green(templatePage->palette()));
     QTRY_COMPARE(sink.jobs().size(), 2);
