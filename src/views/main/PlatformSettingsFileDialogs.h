@@ -5,12 +5,13 @@
 #include <QPointer>
 #include <QWidget>
 
-// The settings import and export dialogs on screen: Qt's own file dialogs with
-// the request's message above the file list, and application-modal message boxes.
-class NativeSettingsFileDialogs : public SettingsFileDialogs
+// The settings import and export dialogs on screen: the platform's own file
+// dialogs where it has them, else Qt's with the request's message above, and
+// application-modal message boxes.
+class PlatformSettingsFileDialogs : public SettingsFileDialogs
 {
 public:
-    explicit NativeSettingsFileDialogs(QWidget* parent = nullptr);
+    explicit PlatformSettingsFileDialogs(QWidget* parent = nullptr);
 
     std::optional<QString> askSaveLocation(const FileRequest& request) override;
     std::optional<QString> askOpenFile(const FileRequest& request) override;
