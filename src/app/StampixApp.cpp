@@ -7,7 +7,7 @@
 #include "views/common/AppInfo.h"
 #include "views/main/AboutWindow.h"
 #include "views/main/ContentView.h"
-#include "views/main/NativeSettingsFileDialogs.h"
+#include "views/main/QtMessageFileDialogs.h"
 #include "views/settings/SettingsWindow.h"
 
 #include <QAction>
@@ -190,14 +190,14 @@ void StampixApp::bringForward(QWidget* window)
 void StampixApp::importSettings()
 {
     createSharedObjects();
-    NativeSettingsFileDialogs dialogs(QApplication::activeWindow());
+    QtMessageFileDialogs dialogs(QApplication::activeWindow());
     SettingsFileHelper::importSettings(*m_settings, dialogs);
 }
 
 void StampixApp::exportSettings()
 {
     createSharedObjects();
-    NativeSettingsFileDialogs dialogs(QApplication::activeWindow());
+    QtMessageFileDialogs dialogs(QApplication::activeWindow());
     SettingsFileHelper::exportSettings(*m_settings, dialogs);
 }
 

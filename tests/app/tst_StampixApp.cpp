@@ -128,14 +128,16 @@ void StampixAppTest::menusAndFileDialogs()
           u"JSON (*.json)"_s}}};
     for (const auto& [command, expected] : commands) {
         QStringList shown;
-        whenShown<QFileDialog>([&](QFileDialog* dialog) {
-            auto* message = dialog->findChild<QLabel*>(u"messageLabel"_s);
+        // Offscreen there is no platform dialog: Qt's own is shown under the message.
+        whenShown<QDialog>([&](QDialog* window) {
+            auto* dialog = window->findChild<QFileDialog*>();
+            auto* message = window->findChild<QLabel*>(u"messageLabel"_s);
+            QVERIFY(dialog && message);
             auto* list = dialog->findChild<QListView*>(u"listView"_s);
-            if (message && message->isVisible() && message->y() < list->mapTo(dialog, QPoint()).y())
-                shown << dialog->windowTitle() << message->text() << dialog->nameFilters();
+            if (message->isVisible() && message->y() < list->mapTo(window, QPoint()).y())
+                shown << window->windowTitle() << message->text() << dialog->nameFilters();
             if (dialog->acceptMode() == QFileDialog::AcceptSave)
                 shown << QFileInfo(dialog->selectedFiles().value(0)).fileName();
-            dialog->reject();
         });
         command->trigger();
         QCOMPARE(shown, expected);

@@ -1,6 +1,6 @@
 #include "DemoHome.h"
 #include "LabelJobWriter.h"
-#include "ProductService.h"
+#include "SimulatedProductService.h"
 #include "TestHome.h"
 #include "VirtualPrinter.h"
 #include "app/StampixApp.h"
@@ -49,7 +49,7 @@ private slots:
 void DemoPathTest::printFromTheProductWindow()
 {
     QTemporaryDir jobs;
-    ProductService service(ProductCatalogue(), kKey);
+    SimulatedProductService service(ProductCatalogue(), kKey);
     QVERIFY(service.listen());
     VirtualPrinter printer(u"Virtual printer 1"_s, jobs.filePath(u"printer-1"_s));
     QString error;

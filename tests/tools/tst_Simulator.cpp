@@ -1,6 +1,6 @@
 #include "AwaitTask.h"
 #include "DemoHome.h"
-#include "ProductService.h"
+#include "SimulatedProductService.h"
 #include "SimulatorOptions.h"
 #include "TestHome.h"
 #include "VirtualPrinter.h"
@@ -195,7 +195,7 @@ void SimulatorTest::serviceBoundsABody()
 {
     QFETCH(QByteArray, request);
     QFETCH(QByteArray, status);
-    ProductService service(ProductCatalogue(1), u"k"_s);
+    SimulatedProductService service(ProductCatalogue(1), u"k"_s);
     QVERIFY(service.listen());
     QTcpSocket client;
     QByteArray answer;

@@ -2,7 +2,7 @@
 // opens them.
 
 #include "TestHome.h"
-#include "views/main/NativeSettingsFileDialogs.h"
+#include "views/main/QtMessageFileDialogs.h"
 
 #include <QApplication>
 #include <QDialog>
@@ -33,7 +33,7 @@ void grabWhenShown(const QString& path, int pollsLeft = 200)
 void renderFileDialogShots(const QString& outDir)
 {
     TestHome home;
-    NativeSettingsFileDialogs dialogs;
+    QtMessageFileDialogs dialogs;
     const QString filter = u"JSON (*.json)"_s;
     grabWhenShown(QDir(outDir).filePath(u"export-dialog.png"_s));
     dialogs.askSaveLocation({u"Exporteer Instellingen"_s,

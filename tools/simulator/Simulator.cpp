@@ -13,7 +13,7 @@ Simulator::Simulator(const SimulatorOptions& options, QObject* parent)
 {
     m_service.setFailure(options.serviceFailure);
     m_service.setDelay(options.delay);
-    connect(&m_service, &ProductService::requestAnswered, this,
+    connect(&m_service, &SimulatedProductService::requestAnswered, this,
             [this](const QString& summary) { log(u"service  "_s + summary); });
 }
 
@@ -94,8 +94,9 @@ void Simulator::announce()
     QString service = u"Product service: %1/product  API key \"%2\", %3 products"_s
                           .arg(m_service.baseUrl(), m_options.apiKey)
                           .arg(m_service.catalogue().size());
-    if (m_options.serviceFailure != ProductService::Failure::none)
-        service += u", failure: "_s + ProductService::failureName(m_options.serviceFailure);
+    if (m_options.serviceFailure != SimulatedProductService::Failure::none)
+        service +=
+            u", failure: "_s + SimulatedProductService::failureName(m_options.serviceFailure);
     if (m_options.delay.count() > 0)
         service += u", delay %1 ms"_s.arg(m_options.delay.count());
     emit message(service);

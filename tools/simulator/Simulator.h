@@ -1,6 +1,6 @@
 #pragma once
 
-#include "ProductService.h"
+#include "SimulatedProductService.h"
 #include "SimulatorOptions.h"
 #include "VirtualPrinter.h"
 
@@ -23,7 +23,7 @@ public:
     // the reason in `error` when anything could not be started.
     bool start(QString* error);
 
-    ProductService& service() { return m_service; }
+    SimulatedProductService& service() { return m_service; }
     const QList<VirtualPrinter*>& printers() const { return m_printers; }
 
     static QString jobLine(const QString& printerName, const QString& filePath,
@@ -39,6 +39,6 @@ private:
     void announce();
 
     SimulatorOptions m_options;
-    ProductService m_service;
+    SimulatedProductService m_service;
     QList<VirtualPrinter*> m_printers;
 };

@@ -31,7 +31,7 @@ struct Parser
                              u"ms"_s, u"0"_s};
     QCommandLineOption serviceFailure{
         u"service-failure"_s,
-        u"Make the service fail: %1."_s.arg(ProductService::failureNames().join(u", "_s)),
+        u"Make the service fail: %1."_s.arg(SimulatedProductService::failureNames().join(u", "_s)),
         u"mode"_s, u"none"_s};
     QCommandLineOption printerFailure{
         u"printer-failure"_s,
@@ -91,7 +91,8 @@ SimulatorOptions::Outcome SimulatorOptions::parse(const QStringList& arguments,
     const auto printerPort = number(p.parser.value(p.printerPort), 0, 65535);
     const auto products = number(p.parser.value(p.products), 0, kMaxProducts);
     const auto delay = number(p.parser.value(p.delay), 0, 3'600'000);
-    const auto serviceFailure = ProductService::failureFromName(p.parser.value(p.serviceFailure));
+    const auto serviceFailure =
+        SimulatedProductService::failureFromName(p.parser.value(p.serviceFailure));
     const auto printerFailure = VirtualPrinter::failureFromName(p.parser.value(p.printerFailure));
     const auto printerState = VirtualPrinter::stateFromName(p.parser.value(p.printerState));
     const QString apiKey = p.parser.value(p.apiKey);
@@ -110,7 +111,7 @@ SimulatorOptions::Outcome SimulatorOptions::parse(const QStringList& arguments,
         *message = u"--delay takes milliseconds from 0 to 3600000"_s;
     else if (!serviceFailure)
         *message = u"--service-failure takes one of: %1"_s.arg(
-            ProductService::failureNames().join(u", "_s));
+            SimulatedProductService::failureNames().join(u", "_s));
     else if (!printerFailure)
         *message = u"--printer-failure takes one of: %1"_s.arg(
             VirtualPrinter::failureNames().join(u", "_s));

@@ -1,7 +1,7 @@
 #pragma once
 
 #include "ProductCatalogue.h"
-#include "ProductService.h"
+#include "SimulatedProductService.h"
 #include "VirtualPrinter.h"
 
 #include <QString>
@@ -23,7 +23,7 @@ struct SimulatorOptions
     qsizetype productCount = ProductCatalogue::kDefaultSize;
     QString jobsDirectory = QStringLiteral("stampix-jobs");
     std::chrono::milliseconds delay{0};
-    ProductService::Failure serviceFailure = ProductService::Failure::none;
+    SimulatedProductService::Failure serviceFailure = SimulatedProductService::Failure::none;
     VirtualPrinter::Failure printerFailure = VirtualPrinter::Failure::none;
     VirtualPrinter::State printerState = VirtualPrinter::State::ready;
     QString demoHome; // empty: write no demo settings

@@ -68,12 +68,6 @@ private:
     void refreshValidation(const QString& zpl);
     void showZPL(const QString& zpl);
     void takeZPLEdit(int position);
-    // The exact text after an edit of the editor's document. `oldShown` and
-    // `newShown` are the document's raw text before and after; the edit
-    // starts at `position` or later. Line breaks the user did not touch keep
-    // their form (CRLF, CR, U+2028, U+2029); a new one is a line feed.
-    static QString applyEdit(const QString& exact, const QString& oldShown, const QString& newShown,
-                             qsizetype position);
 
     SettingsView& m_view;
     qsizetype m_index;

@@ -1,4 +1,4 @@
-#include "ProductService.h"
+#include "SimulatedProductService.h"
 
 #include <QJsonArray>
 #include <QJsonDocument>
@@ -11,8 +11,8 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-using Failure = ProductService::Failure;
-using Response = ProductService::Response;
+using Failure = SimulatedProductService::Failure;
+using Response = SimulatedProductService::Response;
 
 constexpr std::array<std::pair<Failure, QStringView>, 5> kFailureNames{{
     {Failure::none, u"none"},
@@ -42,7 +42,8 @@ std::optional<qint64> queryNumber(const QUrlQuery& query, const QString& key)
 
 } // namespace
 
-std::optional<ProductService::Failure> ProductService::failureFromName(QStringView name)
+std::optional<SimulatedProductService::Failure>
+SimulatedProductService::failureFromName(QStringView name)
 {
     for (const auto& [failure, failureName] : kFailureNames) {
         if (failureName == name)
@@ -51,7 +52,7 @@ std::optional<ProductService::Failure> ProductService::failureFromName(QStringVi
     return std::nullopt;
 }
 
-QStringList ProductService::failureNames()
+QStringList SimulatedProductService::failureNames()
 {
     QStringList names;
     for (const auto& entry : kFailureNames)
@@ -59,7 +60,7 @@ QStringList ProductService::failureNames()
     return names;
 }
 
-QString ProductService::failureName(Failure failure)
+QString SimulatedProductService::failureName(Failure failure)
 {
     for (const auto& [candidate, name] : kFailureNames) {
         if (candidate == failure)
@@ -68,18 +69,19 @@ QString ProductService::failureName(Failure failure)
     return {};
 }
 
-ProductService::ProductService(ProductCatalogue catalogue, QString apiKey, QObject* parent)
+SimulatedProductService::SimulatedProductService(ProductCatalogue catalogue, QString apiKey,
+                                                 QObject* parent)
     : QObject(parent), m_catalogue(catalogue), m_apiKey(std::move(apiKey))
 {
     m_server.setHandler([this](const Request& request) { return answerAndLog(request); });
 }
 
-bool ProductService::listen(quint16 port)
+bool SimulatedProductService::listen(quint16 port)
 {
     return m_server.listen(port);
 }
 
-ProductService::Response ProductService::answerAndLog(const Request& request)
+SimulatedProductService::Response SimulatedProductService::answerAndLog(const Request& request)
 {
     Answer answered = answer(request);
     QString summary =
@@ -93,14 +95,14 @@ ProductService::Response ProductService::answerAndLog(const Request& request)
     return answered.response;
 }
 
-ProductService::Response ProductService::respond(const Request& request) const
+SimulatedProductService::Response SimulatedProductService::respond(const Request& request) const
 {
     Response response = answer(request).response;
     response.delay = m_delay;
     return response;
 }
 
-ProductService::Answer ProductService::answer(const Request& request) const
+SimulatedProductService::Answer SimulatedProductService::answer(const Request& request) const
 {
     if (request.path != "/product")
         return {errorResponse(404, u"Not found"_s), u"404"_s};
@@ -113,7 +115,7 @@ ProductService::Answer ProductService::answer(const Request& request) const
     return productPage(request);
 }
 
-ProductService::Answer ProductService::productPage(const Request& request) const
+SimulatedProductService::Answer SimulatedProductService::productPage(const Request& request) const
 {
     const QUrlQuery query(QString::fromUtf8(request.query));
     const std::optional<qint64> limit = queryNumber(query, u"limit"_s);
@@ -135,7 +137,7 @@ ProductService::Answer ProductService::productPage(const Request& request) const
             u"200, %1 of %2 products"_s.arg(products.size()).arg(m_catalogue.size())};
 }
 
-std::optional<ProductService::Answer> ProductService::failureAnswer() const
+std::optional<SimulatedProductService::Answer> SimulatedProductService::failureAnswer() const
 {
     switch (m_failure) {
     case Failure::none:

@@ -12,7 +12,7 @@
 // The invoicing service's product API on 127.0.0.1: GET /product with "limit"
 // and "offset", the key in the "ApiKey" header, the {data, records, error}
 // envelope. It can be made slow or broken to try the program's error paths.
-class ProductService : public QObject
+class SimulatedProductService : public QObject
 {
     Q_OBJECT
 
@@ -32,7 +32,7 @@ public:
 
     static constexpr QStringView kErrorText = u"Boekjaar is niet geopend in deze administratie";
 
-    ProductService(ProductCatalogue catalogue, QString apiKey, QObject* parent = nullptr);
+    SimulatedProductService(ProductCatalogue catalogue, QString apiKey, QObject* parent = nullptr);
 
     // Port 0 picks a free one.
     bool listen(quint16 port = 0);
