@@ -54,7 +54,7 @@ QColor SettingsSidebarDelegate::iconColor(const QModelIndex& index, bool selecte
     if (selected)
         return Qt::white;
     if (index.data(SettingsSidebarModel::setUpRole).toBool())
-        return Theme::green();
+        return Theme::green(palette);
     return Theme::secondaryText(palette);
 }
 

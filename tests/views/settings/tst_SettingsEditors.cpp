@@ -153,9 +153,9 @@ void SettingsEditorsTest::statusButtonAsksThePrinter()
     QCOMPARE(rowOf(page, page->statusButton()),
              (QSet<QWidget*>{page->statusButton(), page->statusLabel()}));
     QCOMPARE(page->statusLabel()->text(), summary);
-    QCOMPARE(page->statusLabel()->palette().color(QPalette::WindowText),
-             summary == u"Gereed"_s ? SettingsEditorPage::green(page->palette())
-                                    : SettingsEditorPage::red(page->palette()));
+    QCOMPARE(page->statusLabel()->palette().color(page->statusLabel()->foregroundRole()),
+             summary == u"Gereed"_s ? Theme::green(page->palette())
+                                    : Theme::errorText(page->palette()));
 
     // The answer belongs to the printer that was asked.
     harness.settings().addPrinter();
@@ -292,8 +292,8 @@ void SettingsEditorsTest::templatePrinterChoice()
     QVERIFY(!harness.view().isTemplateTesting());
     QVERIFY(page->resultRow()->isVisible());
     QCOMPARE(page->resultLabel()->text(), u"Geen printer geconfigureerd"_s);
-    QCOMPARE(page->resultLabel()->palette().color(QPalette::WindowText),
-             SettingsEditorPage::red(page->palette()));
+    QCOMPARE(page->resultLabel()->palette().color(page->resultLabel()->foregroundRole()),
+             Theme::errorText(page->palette()));
     harness.settings().addTemplate();
     QVERIFY(page->isDeleteShown());
     QCOMPARE(page->deleteButton()->text(), u"Verwijder Etiket"_s);

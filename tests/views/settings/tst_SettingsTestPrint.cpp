@@ -18,7 +18,7 @@ namespace {
 
 QColor textColor(const QLabel* label)
 {
-    return label->palette().color(QPalette::WindowText);
+    return label->palette().color(label->foregroundRole());
 }
 
 } // namespace
@@ -61,7 +61,7 @@ void SettingsTestPrintTest::testPrintsSucceedInGreen()
     QCOMPARE(harness.view().printerTestResult(), u"Verbinding gelukt! Test etiket verstuurd."_s);
     QVERIFY(page->resultLabel()->isVisible());
     QCOMPARE(page->resultLabel()->text(), u"Verbinding gelukt! Test etiket verstuurd."_s);
-    QCOMPARE(textColor(page->resultLabel()), SettingsEditorPage::green(page->palette()));
+    QCOMPARE(textColor(page->resultLabel()), Theme::green(page->palette()));
     QVERIFY(page->testButton()->isEnabled());
     QVERIFY(!page->spinner()->isVisible());
     QTRY_COMPARE(sink.jobs().size(), 1);
@@ -87,8 +87,7 @@ void SettingsTestPrintTest::testPrintsSucceedInGreen()
     QVERIFY(!templatePage->testingRow()->isVisible());
     QVERIFY(templatePage->resultRow()->isVisible());
     QCOMPARE(templatePage->resultLabel()->text(), expected);
-    QCOMPARE(textColor(templatePage->resultLabel()),
-             SettingsEditorPage::green(templatePage->palette()));
+    QCOMPARE(textColor(templatePage->resultLabel()), Theme::green(templatePage->palette()));
     QTRY_COMPARE(sink.jobs().size(), 2);
     QCOMPARE(sink.jobs().at(1), u"^XA^FDVoorbeeld Product 19,99 é^FS^XZ"_s.toUtf8());
 }
