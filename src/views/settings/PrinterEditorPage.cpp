@@ -27,10 +27,9 @@ PrinterEditorPage::PrinterEditorPage(SettingsView& view, qsizetype index, QWidge
     : SettingsEditorPage(parent), m_view(view), m_index(index),
       m_name(makeLineEdit(u"Printer naam"_s)), m_ipAddress(makeLineEdit(u"192.168.1.100"_s, 150)),
       m_port(makeLineEdit(u"9100"_s, 70)), m_testButton(makeButton(u"Test Verbinding"_s)),
-      m_spinner(new BusyIndicator(kSpinnerSize, &Theme::secondaryText)),
+      m_spinner(new BusyIndicator(kSpinnerSize)),
       m_result(Theme::label({}, Theme::caption(), QPalette::WindowText)),
-      m_statusButton(makeButton(u"Status"_s)),
-      m_statusSpinner(new BusyIndicator(kSpinnerSize, &Theme::secondaryText)),
+      m_statusButton(makeButton(u"Status"_s)), m_statusSpinner(new BusyIndicator(kSpinnerSize)),
       m_status(Theme::label({}, Theme::caption(), Theme::kSecondaryText))
 {
     const Section details = addSection(u"Printer Details"_s);

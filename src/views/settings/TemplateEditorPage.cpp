@@ -177,7 +177,7 @@ QWidget* TemplateEditorPage::buildTestingRow()
 {
     m_testingRow = new QWidget;
     QHBoxLayout* row = tightRow(m_testingRow, 8);
-    row->addWidget(new BusyIndicator(kSpinnerSize, &Theme::secondaryText));
+    row->addWidget(new BusyIndicator(kSpinnerSize));
     row->addWidget(
         Theme::label(u"Test etiket versturen..."_s, Theme::caption(), Theme::kSecondaryText));
     row->addStretch();
