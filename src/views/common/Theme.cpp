@@ -91,11 +91,6 @@ double Theme::contrastRatio(const QColor& first, const QColor& second)
     return (qMax(a, b) + 0.05) / (qMin(a, b) + 0.05);
 }
 
-QColor Theme::windowBackground(const QPalette& palette)
-{
-    return palette.color(QPalette::Window);
-}
-
 QColor Theme::controlBackground(const QPalette& palette)
 {
     return palette.color(QPalette::Base);

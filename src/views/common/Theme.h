@@ -35,7 +35,6 @@ public:
                          QPalette::ColorRole role = QPalette::WindowText,
                          QWidget* parent = nullptr);
 
-    static QColor windowBackground(const QPalette& palette);
     static QColor controlBackground(const QPalette& palette);
     static QColor primaryText(const QPalette& palette);
     static QColor secondaryText(const QPalette& palette);

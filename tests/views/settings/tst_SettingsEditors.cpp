@@ -187,6 +187,7 @@ void SettingsEditorsTest::fieldsShowTheirEdgeInEitherPalette()
 
     // The field's background stands off the card's, just left of it.
     QTRY_COMPARE(page->palette().color(QPalette::Base), palette.color(QPalette::Base));
+    QCOMPARE(harness.view().palette().color(QPalette::Window), palette.color(QPalette::Window));
     const QLineEdit* name = page->nameField();
     const QImage shown = page->grab().toImage();
     const QPoint inField = name->mapTo(page, QPoint(name->width() - 6, name->height() / 2));
