@@ -96,11 +96,6 @@ QColor Theme::controlBackground(const QPalette& palette)
     return palette.color(QPalette::Base);
 }
 
-QColor Theme::primaryText(const QPalette& palette)
-{
-    return palette.color(QPalette::WindowText);
-}
-
 QColor Theme::secondaryText(const QPalette& palette)
 {
     const QColor window = palette.color(QPalette::Window);

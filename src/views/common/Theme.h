@@ -36,7 +36,6 @@ public:
                          QWidget* parent = nullptr);
 
     static QColor controlBackground(const QPalette& palette);
-    static QColor primaryText(const QPalette& palette);
     static QColor secondaryText(const QPalette& palette);
     static QColor separator(const QPalette& palette);
     static QColor accent(const QPalette& palette);

@@ -60,7 +60,7 @@ QColor SettingsSidebarDelegate::iconColor(const QModelIndex& index, bool selecte
 
 QColor SettingsSidebarDelegate::textColor(bool selected, const QPalette& palette)
 {
-    return selected ? QColor(Qt::white) : Theme::primaryText(palette);
+    return selected ? QColor(Qt::white) : palette.color(QPalette::WindowText);
 }
 
 QSize SettingsSidebarDelegate::sizeHint(const QStyleOptionViewItem& option,
