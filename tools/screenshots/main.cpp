@@ -1,6 +1,7 @@
 #include "MainWindowShots.h"
 #include "views/common/AppInfo.h"
 #include "views/common/SymbolIcons.h"
+#include "views/common/Theme.h"
 
 #include <QApplication>
 
@@ -20,6 +21,7 @@ int main(int argc, char* argv[])
     QApplication::setApplicationName(u"Stampix"_s);
     QApplication::setApplicationVersion(AppInfo::version());
     QApplication::setWindowIcon(SymbolIcons::appIcon());
+    Theme theme(application);
 
     const QStringList arguments = QApplication::arguments();
     const QString output =

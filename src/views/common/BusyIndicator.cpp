@@ -1,5 +1,7 @@
 #include "views/common/BusyIndicator.h"
 
+#include "views/common/Theme.h"
+
 #include <QPainter>
 
 namespace {
@@ -9,19 +11,13 @@ constexpr qreal kFaintestOpacity = 0.2;
 
 } // namespace
 
-BusyIndicator::BusyIndicator(int diameter, Theme::PaletteColor color, QWidget* parent)
-    : QWidget(parent), m_diameter(diameter), m_color(color)
+BusyIndicator::BusyIndicator(int diameter, QWidget* parent) : QWidget(parent), m_diameter(diameter)
 {
+    setForegroundRole(Theme::kSecondaryText);
     setFixedSize(diameter, diameter);
     setAttribute(Qt::WA_TransparentForMouseEvents);
     m_timer.setInterval(kFrameMs);
     connect(&m_timer, &QTimer::timeout, this, &BusyIndicator::advance);
-}
-
-void BusyIndicator::setColor(Theme::PaletteColor color)
-{
-    m_color = color;
-    update();
 }
 
 QSize BusyIndicator::sizeHint() const
@@ -34,7 +30,7 @@ void BusyIndicator::paintEvent(QPaintEvent*)
     QPainter painter(this);
     painter.setRenderHint(QPainter::Antialiasing);
     const qreal radius = m_diameter / 2.0;
-    QColor color = m_color(palette());
+    QColor color = palette().color(foregroundRole());
     QPen pen(color, qMax(1.0, radius * 0.18), Qt::SolidLine, Qt::RoundCap);
     painter.translate(width() / 2.0, height() / 2.0);
     for (int spoke = 0; spoke < kSpokes; ++spoke) {

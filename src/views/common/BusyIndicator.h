@@ -1,12 +1,10 @@
 #pragma once
 
-#include "views/common/Theme.h"
-
 #include <QTimer>
 #include <QWidget>
 
 // The spinning wheel: twelve spokes whose brightness runs round. It animates
-// only while it is visible.
+// only while it is visible, in its foreground role (secondary text unless set).
 class BusyIndicator : public QWidget
 {
     Q_OBJECT
@@ -14,9 +12,7 @@ class BusyIndicator : public QWidget
 public:
     static constexpr int kSpokes = 12;
 
-    BusyIndicator(int diameter, Theme::PaletteColor color, QWidget* parent = nullptr);
-
-    void setColor(Theme::PaletteColor color);
+    explicit BusyIndicator(int diameter, QWidget* parent = nullptr);
 
     QSize sizeHint() const override;
 
@@ -29,7 +25,6 @@ private:
     void advance();
 
     int m_diameter;
-    Theme::PaletteColor m_color;
     QTimer m_timer;
     int m_step = 0;
 };

@@ -4,9 +4,9 @@
 #include "views/common/LabelPictureButton.h"
 #include "views/common/SymbolLabel.h"
 #include "views/common/Theme.h"
-#include "views/common/ThemedLabel.h"
 
 #include <QHBoxLayout>
+#include <QLabel>
 #include <QLocale>
 #include <QScreen>
 #include <QScrollArea>
@@ -37,9 +37,8 @@ QWidget* warningRow(const QString& text)
     auto* layout = new QHBoxLayout(row);
     layout->setContentsMargins(0, 0, 0, 0);
     layout->setSpacing(4);
-    auto* icon = new SymbolLabel(u"exclamationmark.triangle.fill"_s, kIconSize,
-                                 [](const QPalette&) { return Theme::orange(); });
-    auto* label = new ThemedLabel(text, Theme::caption(), &Theme::primaryText);
+    auto* icon = new SymbolLabel(u"exclamationmark.triangle.fill"_s, kIconSize, Theme::orange());
+    auto* label = Theme::label(text, Theme::caption(), QPalette::WindowText);
     label->setWordWrap(true);
     label->setTextInteractionFlags(Qt::TextSelectableByMouse);
     layout->addWidget(icon, 0, Qt::AlignTop);
@@ -51,8 +50,8 @@ QWidget* warningRow(const QString& text)
 
 LabelPreviewView::LabelPreviewView(QWidget* parent)
     : QWidget(parent), m_picture(new LabelPictureButton),
-      m_size(new ThemedLabel({}, Theme::caption(), &Theme::secondaryText)),
-      m_warningsBox(new QWidget), m_warningRows(new QVBoxLayout)
+      m_size(Theme::label({}, Theme::caption(), Theme::kSecondaryText)), m_warningsBox(new QWidget),
+      m_warningRows(new QVBoxLayout)
 {
     m_picture->setAccessibleName(u"Etiketvoorbeeld"_s);
     m_picture->setToolTip(u"Klik om het etiket op 100 % te zien"_s);
@@ -62,7 +61,7 @@ LabelPreviewView::LabelPreviewView(QWidget* parent)
     warningsLayout->setContentsMargins(0, 4, 0, 0);
     warningsLayout->setSpacing(4);
     warningsLayout->addWidget(
-        new ThemedLabel(u"Waarschuwingen"_s, Theme::headline(), &Theme::primaryText));
+        Theme::label(u"Waarschuwingen"_s, Theme::headline(), QPalette::WindowText));
     m_warningRows->setSpacing(4);
     warningsLayout->addLayout(m_warningRows);
     m_warningsBox->hide();

@@ -2,8 +2,8 @@
 
 #include "views/common/SymbolLabel.h"
 #include "views/common/Theme.h"
-#include "views/common/ThemedLabel.h"
 
+#include <QLabel>
 #include <QPushButton>
 #include <QVBoxLayout>
 
@@ -20,7 +20,7 @@ PlaceholderView::PlaceholderView(QWidget* picture, const QString& headline, cons
     m_column->addStretch();
     add(picture);
     if (!headline.isEmpty()) {
-        m_headline = new ThemedLabel(headline, Theme::headline(), &Theme::primaryText);
+        m_headline = Theme::label(headline, Theme::headline(), QPalette::WindowText);
         add(m_headline);
     }
     if (!detail.isEmpty())
@@ -29,12 +29,12 @@ PlaceholderView::PlaceholderView(QWidget* picture, const QString& headline, cons
 
 QWidget* PlaceholderView::symbol(const QString& symbolName)
 {
-    return new SymbolLabel(symbolName, kSymbolSize, &Theme::secondaryText);
+    return new SymbolLabel(symbolName, kSymbolSize, Theme::kSecondaryText);
 }
 
 QLabel* PlaceholderView::addLine(const QString& text, const QFont& font)
 {
-    auto* line = new ThemedLabel(text, font, &Theme::secondaryText);
+    auto* line = Theme::label(text, font, Theme::kSecondaryText);
     add(line);
     return line;
 }

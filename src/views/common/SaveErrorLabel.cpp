@@ -1,6 +1,7 @@
 #include "views/common/SaveErrorLabel.h"
 
 #include "model/AppSettings.h"
+#include "views/common/Theme.h"
 
 #include <QAccessible>
 #include <QFontMetricsF>
@@ -16,8 +17,10 @@ constexpr int kMinimumCharacters = 12;
 } // namespace
 
 SaveErrorLabel::SaveErrorLabel(const AppSettings& settings, const QFont& font, QWidget* parent)
-    : ThemedLabel(QString(), font, &Theme::errorText, parent), m_settings(settings)
+    : QLabel(parent), m_settings(settings)
 {
+    setFont(font);
+    setForegroundRole(Theme::kErrorText);
     setObjectName(u"saveErrorLabel"_s);
     setTextFormat(Qt::PlainText);
     connect(&m_settings, &AppSettings::saveErrorChanged, this, &SaveErrorLabel::showSaveError);
@@ -30,7 +33,7 @@ QSize SaveErrorLabel::sizeHint() const
     const int textWidth = qCeil(QFontMetricsF(font()).horizontalAdvance(m_line));
     const QMargins margins = contentsMargins();
     return {textWidth + margins.left() + margins.right() + 2 * margin(),
-            ThemedLabel::sizeHint().height()};
+            QLabel::sizeHint().height()};
 }
 
 QSize SaveErrorLabel::minimumSizeHint() const
@@ -42,7 +45,7 @@ QSize SaveErrorLabel::minimumSizeHint() const
 
 void SaveErrorLabel::resizeEvent(QResizeEvent* event)
 {
-    ThemedLabel::resizeEvent(event);
+    QLabel::resizeEvent(event);
     elide();
 }
 

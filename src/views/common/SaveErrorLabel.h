@@ -1,6 +1,6 @@
 #pragma once
 
-#include "views/common/ThemedLabel.h"
+#include <QLabel>
 
 class AppSettings;
 
@@ -8,7 +8,7 @@ class AppSettings;
 // last save failed, hidden again once a save succeeds. A reason too long for
 // the room is cut off with an ellipsis; the tooltip and the accessible name
 // keep it whole.
-class SaveErrorLabel : public ThemedLabel
+class SaveErrorLabel : public QLabel
 {
     Q_OBJECT
 

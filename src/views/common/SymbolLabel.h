@@ -1,27 +1,27 @@
 #pragma once
 
-#include "views/common/Theme.h"
-
 #include <QIcon>
+#include <QPalette>
 #include <QWidget>
 
-// One symbol of the bundled set at a fixed pixel size in a named colour.
+// One symbol of the bundled set at a fixed pixel size, in a colour role of its
+// palette (or a fixed colour), tinted when painted so it follows every palette.
 class SymbolLabel : public QWidget
 {
     Q_OBJECT
 
 public:
-    SymbolLabel(const QString& symbolName, int pixelSize, Theme::PaletteColor color,
+    SymbolLabel(const QString& symbolName, int pixelSize, QPalette::ColorRole role,
+                QWidget* parent = nullptr);
+    SymbolLabel(const QString& symbolName, int pixelSize, const QColor& color,
                 QWidget* parent = nullptr);
 
 protected:
     void paintEvent(QPaintEvent* event) override;
-    void changeEvent(QEvent* event) override;
 
 private:
-    void tint();
-
     QString m_symbolName;
-    Theme::PaletteColor m_color;
+    QPalette::ColorRole m_role;
+    QColor m_tint;
     QIcon m_icon;
 };

@@ -2,7 +2,7 @@
 
 #include <QApplication>
 #include <QFontDatabase>
-#include <QWidget>
+#include <QLabel>
 #include <cmath>
 
 namespace {
@@ -16,7 +16,50 @@ double relativeLuminance(const QColor& color)
            0.0722 * linear(color.blueF());
 }
 
+// Readable on every background text is put on.
+QColor readableOnAll(QColor color, const QPalette& palette)
+{
+    for (const QPalette::ColorRole role :
+         {QPalette::Window, QPalette::Base, QPalette::AlternateBase})
+        color = Theme::readableOn(color, palette.color(role));
+    return color;
+}
+
 } // namespace
+
+Theme::Theme(QApplication& application)
+{
+    application.installEventFilter(this);
+    QApplication::setPalette(withRoles(QApplication::palette()));
+}
+
+bool Theme::eventFilter(QObject* watched, QEvent* event)
+{
+    if (watched == qApp && event->type() == QEvent::ApplicationPaletteChange) {
+        // Setting it sends the event again, then with nothing left to change.
+        const QPalette palette = withRoles(QApplication::palette());
+        if (palette != QApplication::palette())
+            QApplication::setPalette(palette);
+    }
+    return QObject::eventFilter(watched, event);
+}
+
+QPalette Theme::withRoles(QPalette palette)
+{
+    palette.setColor(kSecondaryText, secondaryText(palette));
+    palette.setColor(kSuccessText, green(palette));
+    palette.setColor(kErrorText, errorText(palette));
+    return palette;
+}
+
+QLabel* Theme::label(const QString& text, const QFont& font, QPalette::ColorRole role,
+                     QWidget* parent)
+{
+    auto* label = new QLabel(text, parent);
+    label->setFont(font);
+    label->setForegroundRole(role);
+    return label;
+}
 
 QColor Theme::blend(const QColor& base, const QColor& over, qreal weight)
 {
@@ -48,19 +91,9 @@ double Theme::contrastRatio(const QColor& first, const QColor& second)
     return (qMax(a, b) + 0.05) / (qMin(a, b) + 0.05);
 }
 
-QColor Theme::windowBackground(const QPalette& palette)
-{
-    return palette.color(QPalette::Window);
-}
-
 QColor Theme::controlBackground(const QPalette& palette)
 {
     return palette.color(QPalette::Base);
-}
-
-QColor Theme::primaryText(const QPalette& palette)
-{
-    return palette.color(QPalette::WindowText);
 }
 
 QColor Theme::secondaryText(const QPalette& palette)
@@ -79,14 +112,9 @@ QColor Theme::accent(const QPalette& palette)
     return palette.color(QPalette::Active, QPalette::Highlight);
 }
 
-QColor Theme::green()
+QColor Theme::green(const QPalette& palette)
 {
-    return QColor(52, 199, 89);
-}
-
-QColor Theme::successText(const QPalette& palette)
-{
-    return readableOn(green(), palette.color(QPalette::Window));
+    return readableOnAll(QColor(52, 199, 89), palette);
 }
 
 QColor Theme::red()
@@ -96,7 +124,7 @@ QColor Theme::red()
 
 QColor Theme::errorText(const QPalette& palette)
 {
-    return readableOn(red(), palette.color(QPalette::Window));
+    return readableOnAll(red(), palette);
 }
 
 QColor Theme::orange()

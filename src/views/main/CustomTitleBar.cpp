@@ -1,9 +1,9 @@
 #include "views/main/CustomTitleBar.h"
 
 #include "views/common/Theme.h"
-#include "views/common/ThemedLabel.h"
 
 #include <QHBoxLayout>
+#include <QLabel>
 
 using namespace Qt::StringLiterals;
 
@@ -15,8 +15,8 @@ CustomTitleBar::CustomTitleBar(QWidget* parent) : QWidget(parent)
     layout->setSpacing(0);
     layout->addSpacing(kReservedWidth);
     layout->addStretch();
-    auto* title = new ThemedLabel(u"Stampix"_s, Theme::systemFont(13, QFont::Medium),
-                                  &Theme::primaryText, this);
+    auto* title = Theme::label(u"Stampix"_s, Theme::systemFont(13, QFont::Medium),
+                               QPalette::WindowText, this);
     title->setObjectName(u"titleLabel"_s);
     layout->addWidget(title, 0, Qt::AlignVCenter);
     layout->addStretch();

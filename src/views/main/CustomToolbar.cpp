@@ -7,11 +7,11 @@
 #include "views/common/SymbolIcons.h"
 #include "views/common/SymbolLabel.h"
 #include "views/common/Theme.h"
-#include "views/common/ThemedLabel.h"
 
 #include <QComboBox>
 #include <QEvent>
 #include <QHBoxLayout>
+#include <QLabel>
 #include <QLineEdit>
 #include <QPushButton>
 #include <QToolButton>
@@ -25,11 +25,6 @@ constexpr int kSearchWidth = 200;
 constexpr int kDividerHeight = 20;
 constexpr int kClearSymbolSize = 10;
 
-QColor white(const QPalette&)
-{
-    return Qt::white;
-}
-
 QColor badgeGreen(const QPalette&)
 {
     return Theme::badgeGreen();
@@ -41,7 +36,7 @@ QWidget* pickerGroup(const QString& title, QComboBox* picker, QWidget* parent)
     auto* layout = new QHBoxLayout(group);
     layout->setContentsMargins(0, 0, 0, 0);
     layout->setSpacing(4);
-    auto* label = new ThemedLabel(title, Theme::systemFont(12), &Theme::secondaryText, group);
+    auto* label = Theme::label(title, Theme::systemFont(12), Theme::kSecondaryText, group);
     // Screen readers name the picker after this label.
     label->setBuddy(picker);
     layout->addWidget(label);
@@ -144,7 +139,7 @@ QWidget* CustomToolbar::buildSearchField()
     box->showFocusOf(m_searchField);
     auto* layout = new QHBoxLayout(box);
     layout->setContentsMargins(8, 4, 8, 4);
-    layout->addWidget(new SymbolLabel(u"magnifyingglass"_s, 14, &Theme::secondaryText, box));
+    layout->addWidget(new SymbolLabel(u"magnifyingglass"_s, 14, Theme::kSecondaryText, box));
     m_searchField->setParent(box);
     m_searchField->setObjectName(u"searchField"_s);
     m_searchField->setFrame(false);
@@ -164,8 +159,11 @@ QWidget* CustomToolbar::buildCheckedBadge()
     auto* layout = new QHBoxLayout(m_badge);
     layout->setContentsMargins(10, 4, 10, 4);
     layout->setSpacing(6);
-    m_badgeLabel =
-        new ThemedLabel(QString(), Theme::systemFont(10, QFont::Medium), &white, m_badge);
+    m_badgeLabel = Theme::label(QString(), Theme::systemFont(10, QFont::Medium),
+                                QPalette::WindowText, m_badge);
+    QPalette white = m_badgeLabel->palette();
+    white.setColor(QPalette::WindowText, Qt::white);
+    m_badgeLabel->setPalette(white);
     layout->addWidget(m_badgeLabel);
     m_clearChecked = new QToolButton(m_badge);
     m_clearChecked->setObjectName(u"clearCheckedButton"_s);

@@ -6,8 +6,8 @@
 #include "views/common/LabelPictureButton.h"
 #include "views/common/LabelPreviewView.h"
 #include "views/common/Theme.h"
-#include "views/common/ThemedLabel.h"
 
+#include <QLabel>
 #include <QScrollArea>
 #include <QVBoxLayout>
 
@@ -23,7 +23,7 @@ constexpr int kMargin = 12;
 LabelPreviewPanel::LabelPreviewPanel(AppSettings& settings, ProductListViewModel& viewModel,
                                      QWidget* parent)
     : QWidget(parent), m_settings(settings), m_viewModel(viewModel),
-      m_subtitle(new ThemedLabel({}, Theme::caption(), &Theme::secondaryText)),
+      m_subtitle(Theme::label({}, Theme::caption(), Theme::kSecondaryText)),
       m_scroll(new QScrollArea), m_preview(new LabelPreviewView)
 {
     setMinimumWidth(kMinimumWidth);
@@ -39,8 +39,7 @@ LabelPreviewPanel::LabelPreviewPanel(AppSettings& settings, ProductListViewModel
     auto* layout = new QVBoxLayout(this);
     layout->setContentsMargins(kMargin, kMargin, kMargin, 0);
     layout->setSpacing(4);
-    layout->addWidget(
-        new ThemedLabel(u"Etiketvoorbeeld"_s, Theme::headline(), &Theme::primaryText));
+    layout->addWidget(Theme::label(u"Etiketvoorbeeld"_s, Theme::headline(), QPalette::WindowText));
     layout->addWidget(m_subtitle);
     layout->addSpacing(6);
     layout->addWidget(m_scroll, 1);

@@ -10,6 +10,5 @@ constexpr int kWheelDiameter = 48;
 } // namespace
 
 LoadingView::LoadingView(QWidget* parent)
-    : PlaceholderView(new BusyIndicator(kWheelDiameter, &Theme::secondaryText), {},
-                      u"Producten laden..."_s, parent)
+    : PlaceholderView(new BusyIndicator(kWheelDiameter), {}, u"Producten laden..."_s, parent)
 {}

@@ -30,16 +30,13 @@ QPushButton:focus { border-color: palette(window-text); }
 QPushButton:disabled { background: rgba(128, 128, 128, 80); color: rgb(128, 128, 128); }
 )";
 
-QColor disabledText(const QPalette&)
-{
-    return QColor(128, 128, 128);
-}
+// The grey of the disabled button's text, as the style sheet has it.
+const QColor kDisabledText(128, 128, 128);
 
 } // namespace
 
 PrintButton::PrintButton(QWidget* parent)
-    : QPushButton(u"Start afdrukken"_s, parent),
-      m_wheel(new BusyIndicator(kBusyDiameter, &disabledText, this))
+    : QPushButton(u"Start afdrukken"_s, parent), m_wheel(new BusyIndicator(kBusyDiameter, this))
 {
     setFont(Theme::systemFont(13, QFont::Medium));
     setFocusPolicy(Qt::StrongFocus);
@@ -49,6 +46,9 @@ PrintButton::PrintButton(QWidget* parent)
     setAccessibleDescription(u"Drukt de aangevinkte producten af"_s);
     // The wheel stands where the style draws the symbol, which a blank icon keeps free.
     m_wheel->setFixedSize(kSymbolSize, kSymbolSize);
+    QPalette grey = m_wheel->palette();
+    grey.setColor(m_wheel->foregroundRole(), kDisabledText);
+    m_wheel->setPalette(grey);
     m_wheel->hide();
     auto* layout = new QHBoxLayout(this);
     layout->setContentsMargins(kSymbolInset, 0, 0, 0);
@@ -87,7 +87,7 @@ void PrintButton::showSymbol()
         setIcon(QIcon(blank));
         return;
     }
-    const QColor color = isEnabled() ? palette().color(QPalette::Active, QPalette::HighlightedText)
-                                     : disabledText(palette());
+    const QColor color =
+        isEnabled() ? palette().color(QPalette::Active, QPalette::HighlightedText) : kDisabledText;
     setIcon(SymbolIcons::tinted(u"printer.fill", color, kSymbolSize));
 }

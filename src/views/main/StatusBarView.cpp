@@ -6,11 +6,11 @@
 #include "views/common/SaveErrorLabel.h"
 #include "views/common/SymbolLabel.h"
 #include "views/common/Theme.h"
-#include "views/common/ThemedLabel.h"
 #include "views/main/PrintButton.h"
 
 #include <QEvent>
 #include <QHBoxLayout>
+#include <QLabel>
 #include <QLineEdit>
 #include <QVBoxLayout>
 
@@ -25,10 +25,10 @@ constexpr int kQuantityWidth = 60;
 StatusBarView::StatusBarView(AppSettings& settings, ProductListViewModel& viewModel,
                              QWidget* parent)
     : QWidget(parent), m_settings(settings), m_viewModel(viewModel),
-      m_countLabel(new ThemedLabel(QString(), Theme::caption(), &Theme::secondaryText, this)),
+      m_countLabel(Theme::label(QString(), Theme::caption(), Theme::kSecondaryText, this)),
       m_saveErrorLabel(new SaveErrorLabel(settings, Theme::caption(), this)),
-      m_versionLabel(new ThemedLabel(u"v"_s + AppInfo::version(), Theme::caption(),
-                                     &Theme::secondaryText, this))
+      m_versionLabel(
+          Theme::label(u"v"_s + AppInfo::version(), Theme::caption(), Theme::kSecondaryText, this))
 {
     m_countLabel->setObjectName(u"countLabel"_s);
     m_versionLabel->setObjectName(u"versionLabel"_s);
@@ -86,9 +86,8 @@ QWidget* StatusBarView::buildSuccessRow()
     layout->setContentsMargins(0, 0, 0, 0);
     layout->setSpacing(4);
     layout->addWidget(
-        new SymbolLabel(u"checkmark.circle.fill"_s, 11, &Theme::successText, m_successRow));
-    m_successLabel =
-        new ThemedLabel(QString(), Theme::caption(), &Theme::successText, m_successRow);
+        new SymbolLabel(u"checkmark.circle.fill"_s, 11, Theme::kSuccessText, m_successRow));
+    m_successLabel = Theme::label(QString(), Theme::caption(), Theme::kSuccessText, m_successRow);
     m_successLabel->setTextFormat(Qt::PlainText);
     layout->addWidget(m_successLabel);
     return m_successRow;
@@ -101,8 +100,8 @@ QWidget* StatusBarView::buildPrintControls()
     auto* layout = new QHBoxLayout(m_printControls);
     layout->setContentsMargins(0, 0, 0, 0);
     layout->setSpacing(12);
-    layout->addWidget(new ThemedLabel(u"Aantal:"_s, Theme::systemFont(13), &Theme::secondaryText,
-                                      m_printControls));
+    layout->addWidget(
+        Theme::label(u"Aantal:"_s, Theme::systemFont(13), Theme::kSecondaryText, m_printControls));
 
     m_quantityField = new QLineEdit(m_printControls);
     m_quantityField->setObjectName(u"quantityField"_s);

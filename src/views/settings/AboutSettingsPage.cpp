@@ -3,7 +3,6 @@
 #include "views/common/Divider.h"
 #include "views/common/SymbolLabel.h"
 #include "views/common/Theme.h"
-#include "views/common/ThemedLabel.h"
 #include "views/main/AboutView.h"
 #include "views/settings/SettingsView.h"
 
@@ -33,12 +32,12 @@ AboutSettingsPage::AboutSettingsPage(QWidget* parent) : SettingsEditorPage(paren
 {
     const Section section = addSection(u"Over Stampix"_s);
 
-    auto* icon = new SymbolLabel(u"printer.fill"_s, kIconSize, &Theme::accent);
+    auto* icon = new SymbolLabel(u"printer.fill"_s, kIconSize, QPalette::Highlight);
     QVBoxLayout* nameColumn = tightColumn(2);
     nameColumn->addWidget(
-        new ThemedLabel(u"Stampix"_s, Theme::systemFont(15, QFont::DemiBold), &Theme::primaryText));
-    nameColumn->addWidget(new ThemedLabel(u"Versie "_s + SettingsView::appVersion(),
-                                          Theme::systemFont(11), &Theme::secondaryText));
+        Theme::label(u"Stampix"_s, Theme::systemFont(15, QFont::DemiBold), QPalette::WindowText));
+    nameColumn->addWidget(Theme::label(u"Versie "_s + SettingsView::appVersion(),
+                                       Theme::systemFont(11), Theme::kSecondaryText));
     auto* nameRow = new QHBoxLayout;
     nameRow->addWidget(icon, 0, Qt::AlignVCenter);
     nameRow->addLayout(nameColumn);
@@ -46,13 +45,13 @@ AboutSettingsPage::AboutSettingsPage(QWidget* parent) : SettingsEditorPage(paren
     section.content->addLayout(nameRow);
 
     QVBoxLayout* about = tightColumn(4);
-    about->addWidget(new ThemedLabel(u"Etiket print tool voor Kalmora Online"_s,
-                                     Theme::subheadline(), &Theme::primaryText));
-    auto* description = new ThemedLabel(
+    about->addWidget(Theme::label(u"Etiket print tool voor Kalmora Online"_s, Theme::subheadline(),
+                                  QPalette::WindowText));
+    auto* description = Theme::label(
         u"Print ZPL etiketten naar Zebra netwerkprinters direct vanuit je Kalmora Online product "
         u"database. Meerdere aanpasbare templates mogelijk, elk met hun eigen printer "
         u"configuratie."_s,
-        Theme::caption(), &Theme::secondaryText);
+        Theme::caption(), Theme::kSecondaryText);
     description->setWordWrap(true);
     about->addWidget(description);
     section.content->addLayout(about);
@@ -60,9 +59,9 @@ AboutSettingsPage::AboutSettingsPage(QWidget* parent) : SettingsEditorPage(paren
     section.content->addWidget(SettingsView::makeDivider(Qt::Horizontal));
 
     QVBoxLayout* owner = tightColumn(4);
-    owner->addWidget(new ThemedLabel(
-        u"© %1 Stampix. Alle rechten voorbehouden."_s.arg(QDate::currentDate().year()),
-        Theme::caption(), &Theme::secondaryText));
+    owner->addWidget(
+        Theme::label(u"© %1 Stampix. Alle rechten voorbehouden."_s.arg(QDate::currentDate().year()),
+                     Theme::caption(), Theme::kSecondaryText));
     m_link = new QLabel(
         u"<a href=\"%1\">%2</a>"_s.arg(AboutView::makerURL().toString(), AboutView::makerDomain()));
     m_link->setFont(Theme::caption());

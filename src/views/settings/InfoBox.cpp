@@ -1,9 +1,10 @@
 #include "views/settings/InfoBox.h"
 
 #include "views/common/SymbolLabel.h"
-#include "views/common/ThemedLabel.h"
+#include "views/common/Theme.h"
 
 #include <QHBoxLayout>
+#include <QLabel>
 
 using namespace Qt::StringLiterals;
 
@@ -23,7 +24,7 @@ QColor blueAt(qreal alpha)
 InfoBox::InfoBox(const QString& text, QWidget* parent)
     : Card(
           8, nullptr, [](const QPalette&) { return blueAt(0.2); }, parent),
-      m_text(new ThemedLabel(text, Theme::caption(), &Theme::secondaryText))
+      m_text(Theme::label(text, Theme::caption(), Theme::kSecondaryText))
 {
     setGradient(blueAt(0.12), blueAt(0.08));
     m_text->setWordWrap(true);
@@ -31,9 +32,8 @@ InfoBox::InfoBox(const QString& text, QWidget* parent)
     auto* row = new QHBoxLayout(this);
     row->setContentsMargins(10, 10, 10, 10);
     row->setSpacing(8);
-    row->addWidget(new SymbolLabel(u"info.circle.fill"_s, kIconSize,
-                                   [](const QPalette&) { return Theme::blue(); }),
-                   0, Qt::AlignVCenter);
+    row->addWidget(new SymbolLabel(u"info.circle.fill"_s, kIconSize, Theme::blue()), 0,
+                   Qt::AlignVCenter);
     row->addWidget(m_text, 1, Qt::AlignVCenter);
     setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Fixed);
 }

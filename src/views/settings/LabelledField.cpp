@@ -1,9 +1,10 @@
 #include "views/settings/LabelledField.h"
 
 #include "views/common/SymbolLabel.h"
-#include "views/common/ThemedLabel.h"
+#include "views/common/Theme.h"
 
 #include <QHBoxLayout>
+#include <QLabel>
 #include <QVBoxLayout>
 
 namespace {
@@ -28,11 +29,10 @@ LabelledField::LabelledField(const QString& symbolName, const QString& label, QW
     // The symbol centred in its box.
     constexpr int kIconMargin = (kIconBox - kIconSize) / 2;
     labelRow->addSpacing(kIconMargin);
-    labelRow->addWidget(new SymbolLabel(symbolName, kIconSize, &Theme::secondaryText), 0,
+    labelRow->addWidget(new SymbolLabel(symbolName, kIconSize, Theme::kSecondaryText), 0,
                         Qt::AlignVCenter);
     labelRow->addSpacing(kIconMargin);
-    labelRow->addWidget(new ThemedLabel(label, labelFont, &Theme::primaryText), 0,
-                        Qt::AlignVCenter);
+    labelRow->addWidget(Theme::label(label, labelFont, QPalette::WindowText), 0, Qt::AlignVCenter);
     labelRow->addStretch();
 
     auto* column = new QVBoxLayout(this);

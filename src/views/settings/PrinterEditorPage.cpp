@@ -3,7 +3,6 @@
 #include "model/AppSettings.h"
 #include "views/common/BusyIndicator.h"
 #include "views/common/Theme.h"
-#include "views/common/ThemedLabel.h"
 #include "views/settings/InfoBox.h"
 #include "views/settings/LabelledField.h"
 #include "views/settings/SettingsRecordKind.h"
@@ -28,11 +27,10 @@ PrinterEditorPage::PrinterEditorPage(SettingsView& view, qsizetype index, QWidge
     : SettingsEditorPage(parent), m_view(view), m_index(index),
       m_name(makeLineEdit(u"Printer naam"_s)), m_ipAddress(makeLineEdit(u"192.168.1.100"_s, 150)),
       m_port(makeLineEdit(u"9100"_s, 70)), m_testButton(makeButton(u"Test Verbinding"_s)),
-      m_spinner(new BusyIndicator(kSpinnerSize, &Theme::secondaryText)),
-      m_result(new ThemedLabel({}, Theme::caption(), &Theme::primaryText)),
-      m_statusButton(makeButton(u"Status"_s)),
-      m_statusSpinner(new BusyIndicator(kSpinnerSize, &Theme::secondaryText)),
-      m_status(new ThemedLabel({}, Theme::caption(), &Theme::secondaryText))
+      m_spinner(new BusyIndicator(kSpinnerSize)),
+      m_result(Theme::label({}, Theme::caption(), QPalette::WindowText)),
+      m_statusButton(makeButton(u"Status"_s)), m_statusSpinner(new BusyIndicator(kSpinnerSize)),
+      m_status(Theme::label({}, Theme::caption(), Theme::kSecondaryText))
 {
     const Section details = addSection(u"Printer Details"_s);
     details.content->addWidget(new LabelledField(u"tag"_s, u"Naam"_s, m_name));
@@ -151,7 +149,8 @@ void PrinterEditorPage::refreshTestState()
     m_result->setVisible(result.has_value());
     m_result->setText(result.value_or(QString()));
     if (result)
-        m_result->setColor(result->contains(u"gelukt"_s) ? &green : &red);
+        m_result->setForegroundRole(result->contains(u"gelukt"_s) ? Theme::kSuccessText
+                                                                  : Theme::kErrorText);
 }
 
 void PrinterEditorPage::refreshStatus()
@@ -167,9 +166,9 @@ void PrinterEditorPage::refreshStatus()
     m_statusSpinner->setVisible(asking);
     if (asking) {
         m_status->setText(u"Status opvragen..."_s);
-        m_status->setColor(&Theme::secondaryText);
+        m_status->setForegroundRole(Theme::kSecondaryText);
     } else if (status) {
         m_status->setText(status->summary());
-        m_status->setColor(status->isReady() ? &green : &red);
+        m_status->setForegroundRole(status->isReady() ? Theme::kSuccessText : Theme::kErrorText);
     }
 }

@@ -8,7 +8,6 @@ class BusyIndicator;
 class QLabel;
 class QLineEdit;
 class QPushButton;
-class ThemedLabel;
 class SettingsView;
 
 // Edits one printer's name, address and port, tests the connection, asks the
@@ -52,9 +51,9 @@ private:
     QLineEdit* m_port;
     QPushButton* m_testButton;
     BusyIndicator* m_spinner;
-    ThemedLabel* m_result;
+    QLabel* m_result;
     QPushButton* m_statusButton;
     BusyIndicator* m_statusSpinner;
-    ThemedLabel* m_status;
+    QLabel* m_status;
     QPushButton* m_deleteButton;
 };

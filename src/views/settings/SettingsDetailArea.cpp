@@ -1,7 +1,7 @@
 #include "views/settings/SettingsDetailArea.h"
 
 #include "model/AppSettings.h"
-#include "views/common/ThemedLabel.h"
+#include "views/common/Theme.h"
 #include "views/settings/AboutSettingsPage.h"
 #include "views/settings/DossierEditorPage.h"
 #include "views/settings/NoRecordSelectedView.h"
@@ -10,6 +10,7 @@
 #include "views/settings/SettingsView.h"
 #include "views/settings/TemplateEditorPage.h"
 
+#include <QLabel>
 #include <QScrollArea>
 
 using namespace Qt::StringLiterals;
@@ -17,7 +18,7 @@ using Kind = SettingsTabKey::Kind;
 
 SettingsDetailArea::SettingsDetailArea(SettingsView& view, QWidget* parent)
     : QStackedWidget(parent), m_view(view),
-      m_nothing(new ThemedLabel(u"Selecteer een item"_s, Theme::body(), &Theme::secondaryText)),
+      m_nothing(Theme::label(u"Selecteer een item"_s, Theme::body(), Theme::kSecondaryText)),
       m_about(new AboutSettingsPage)
 {
     setObjectName(u"contentView"_s);

@@ -3,7 +3,6 @@
 #include "views/common/Card.h"
 #include "views/common/SymbolIcons.h"
 #include "views/common/Theme.h"
-#include "views/common/ThemedLabel.h"
 
 #include <QHBoxLayout>
 #include <QLabel>
@@ -47,7 +46,7 @@ SettingsEditorPage::Section SettingsEditorPage::addSection(const QString& header
     layout->setContentsMargins(0, 0, 0, 0);
     layout->setSpacing(6);
     if (!header.isEmpty()) {
-        auto* title = new ThemedLabel(header, Theme::headline(), &Theme::primaryText);
+        auto* title = Theme::label(header, Theme::headline(), QPalette::WindowText);
         title->setContentsMargins(4, 0, 0, 0);
         layout->addWidget(title);
     }
@@ -96,16 +95,6 @@ QLineEdit* SettingsEditorPage::makeLineEdit(const QString& placeholder, int widt
     if (width > 0)
         field->setFixedWidth(width);
     return field;
-}
-
-QColor SettingsEditorPage::green(const QPalette& palette)
-{
-    return Theme::readableOn(Theme::green(), cardFill(palette));
-}
-
-QColor SettingsEditorPage::red(const QPalette& palette)
-{
-    return Theme::readableOn(Theme::red(), cardFill(palette));
 }
 
 QPushButton* SettingsEditorPage::makeButton(const QString& text)

@@ -15,10 +15,6 @@ class SettingsEditorPage : public QWidget
 public:
     explicit SettingsEditorPage(QWidget* parent = nullptr);
 
-    // Result colours for ThemedLabel: green and red, darkened or lightened
-    // until they read on the cards.
-    static QColor green(const QPalette&);
-    static QColor red(const QPalette&);
     // A push button that Return presses too, as the space bar does.
     static QPushButton* makeButton(const QString& text);
 

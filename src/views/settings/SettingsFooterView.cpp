@@ -2,7 +2,6 @@
 
 #include "views/common/SaveErrorLabel.h"
 #include "views/common/Theme.h"
-#include "views/common/ThemedLabel.h"
 
 #include <QHBoxLayout>
 #include <QLabel>
@@ -16,12 +15,12 @@ SettingsFooterView::SettingsFooterView(const AppSettings& settings, const QStrin
 {
     auto* row = new QHBoxLayout(this);
     row->setContentsMargins(24, 12, 24, 12);
-    row->addWidget(new ThemedLabel(u"Wijzigingen worden automatisch opgeslagen"_s,
-                                   Theme::systemFont(11), &Theme::secondaryText));
+    row->addWidget(Theme::label(u"Wijzigingen worden automatisch opgeslagen"_s,
+                                Theme::systemFont(11), Theme::kSecondaryText));
     // Beside the note it contradicts; hidden while saves succeed.
     row->addWidget(m_saveErrorLabel);
     row->addStretch();
-    row->addWidget(new ThemedLabel(version, Theme::systemFont(11), &Theme::secondaryText));
+    row->addWidget(Theme::label(version, Theme::systemFont(11), Theme::kSecondaryText));
     setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Fixed);
 }
 

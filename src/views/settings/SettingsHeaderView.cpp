@@ -2,10 +2,11 @@
 
 #include "views/common/Card.h"
 #include "views/common/SymbolLabel.h"
-#include "views/common/ThemedLabel.h"
+#include "views/common/Theme.h"
 
 #include <QGraphicsDropShadowEffect>
 #include <QHBoxLayout>
+#include <QLabel>
 #include <QPainter>
 #include <QVBoxLayout>
 
@@ -30,9 +31,7 @@ QWidget* gearTile()
     tile->setGraphicsEffect(shadow);
     auto* centre = new QVBoxLayout(tile);
     centre->setContentsMargins(0, 0, 0, 0);
-    centre->addWidget(
-        new SymbolLabel(u"gear"_s, kGearSize, [](const QPalette&) { return QColor(Qt::white); }), 0,
-        Qt::AlignCenter);
+    centre->addWidget(new SymbolLabel(u"gear"_s, kGearSize, QColor(Qt::white)), 0, Qt::AlignCenter);
     return tile;
 }
 
@@ -43,10 +42,10 @@ SettingsHeaderView::SettingsHeaderView(QWidget* parent) : QWidget(parent)
     auto* texts = new QVBoxLayout;
     texts->setSpacing(2);
     texts->addStretch();
-    texts->addWidget(new ThemedLabel(u"Stampix Instellingen"_s,
-                                     Theme::systemFont(20, QFont::DemiBold), &Theme::primaryText));
-    texts->addWidget(new ThemedLabel(u"Configureer je dossiers, printers en etiket templates"_s,
-                                     Theme::systemFont(12), &Theme::secondaryText));
+    texts->addWidget(Theme::label(u"Stampix Instellingen"_s, Theme::systemFont(20, QFont::DemiBold),
+                                  QPalette::WindowText));
+    texts->addWidget(Theme::label(u"Configureer je dossiers, printers en etiket templates"_s,
+                                  Theme::systemFont(12), Theme::kSecondaryText));
     texts->addStretch();
     auto* row = new QHBoxLayout(this);
     row->setContentsMargins(24, 16, 24, 16);

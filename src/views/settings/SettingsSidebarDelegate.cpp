@@ -54,13 +54,13 @@ QColor SettingsSidebarDelegate::iconColor(const QModelIndex& index, bool selecte
     if (selected)
         return Qt::white;
     if (index.data(SettingsSidebarModel::setUpRole).toBool())
-        return Theme::green();
+        return Theme::green(palette);
     return Theme::secondaryText(palette);
 }
 
 QColor SettingsSidebarDelegate::textColor(bool selected, const QPalette& palette)
 {
-    return selected ? QColor(Qt::white) : Theme::primaryText(palette);
+    return selected ? QColor(Qt::white) : palette.color(QPalette::WindowText);
 }
 
 QSize SettingsSidebarDelegate::sizeHint(const QStyleOptionViewItem& option,

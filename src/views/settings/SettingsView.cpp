@@ -4,7 +4,6 @@
 #include "services/PrinterService.h"
 #include "views/common/AppInfo.h"
 #include "views/common/Divider.h"
-#include "views/common/Theme.h"
 #include "views/settings/SettingsDetailArea.h"
 #include "views/settings/SettingsFooterView.h"
 #include "views/settings/SettingsHeaderView.h"
@@ -26,9 +25,6 @@ SettingsView::SettingsView(AppSettings& settings, QWidget* parent)
     : QWidget(parent), m_settings(settings), m_printerService(std::make_shared<PrinterService>()),
       m_templatePrinterService(std::make_shared<PrinterService>())
 {
-    QPalette pal = palette();
-    pal.setColor(QPalette::Window, Theme::windowBackground(pal));
-    setPalette(pal);
     setAutoFillBackground(true);
     buildLayout();
 }

@@ -6,7 +6,6 @@
 #include "views/common/LabelPreviewView.h"
 #include "views/common/SymbolLabel.h"
 #include "views/common/Theme.h"
-#include "views/common/ThemedLabel.h"
 #include "views/settings/ExactTextEdit.h"
 #include "views/settings/InfoBox.h"
 #include "views/settings/LabelledField.h"
@@ -16,6 +15,7 @@
 
 #include <QGridLayout>
 #include <QHBoxLayout>
+#include <QLabel>
 #include <QLineEdit>
 #include <QPlainTextEdit>
 #include <QPushButton>
@@ -45,16 +45,6 @@ constexpr QStringView kChipStyle =
 constexpr QStringView kEditorStyle =
     u"QPlainTextEdit { border: 1px solid rgba(160, 160, 164, 77); padding: 1px; }"
     " QPlainTextEdit:focus { border: 2px solid palette(highlight); padding: 0px; }";
-
-QColor plainGreen(const QPalette&)
-{
-    return Theme::green();
-}
-
-QColor orange(const QPalette&)
-{
-    return Theme::orange();
-}
 
 QHBoxLayout* tightRow(QWidget* owner, int spacing)
 {
@@ -139,9 +129,10 @@ void TemplateEditorPage::buildPlaceholderSection()
     m_copyHint->setSizePolicy(keepSpace);
 
     m_copyFeedback = new QWidget;
-    m_copyFeedbackText = new ThemedLabel({}, Theme::caption(), &green);
+    m_copyFeedbackText = Theme::label({}, Theme::caption(), Theme::kSuccessText);
     QHBoxLayout* feedbackRow = tightRow(m_copyFeedback, 4);
-    feedbackRow->addWidget(new SymbolLabel(u"checkmark.circle.fill"_s, kSmallIcon, &plainGreen));
+    feedbackRow->addWidget(
+        new SymbolLabel(u"checkmark.circle.fill"_s, kSmallIcon, Theme::kSuccessText));
     feedbackRow->addWidget(m_copyFeedbackText);
     feedbackRow->addStretch();
 
@@ -187,9 +178,9 @@ QWidget* TemplateEditorPage::buildTestingRow()
 {
     m_testingRow = new QWidget;
     QHBoxLayout* row = tightRow(m_testingRow, 8);
-    row->addWidget(new BusyIndicator(kSpinnerSize, &Theme::secondaryText));
+    row->addWidget(new BusyIndicator(kSpinnerSize));
     row->addWidget(
-        new ThemedLabel(u"Test etiket versturen..."_s, Theme::caption(), &Theme::secondaryText));
+        Theme::label(u"Test etiket versturen..."_s, Theme::caption(), Theme::kSecondaryText));
     row->addStretch();
     return m_testingRow;
 }
@@ -197,9 +188,9 @@ QWidget* TemplateEditorPage::buildTestingRow()
 QWidget* TemplateEditorPage::buildResultRow()
 {
     m_resultRow = new QWidget;
-    m_successIcon = new SymbolLabel(u"checkmark.circle.fill"_s, kSmallIcon, &green);
-    m_failureIcon = new SymbolLabel(u"xmark.circle.fill"_s, kSmallIcon, &red);
-    m_resultText = new ThemedLabel({}, Theme::caption(), &Theme::primaryText);
+    m_successIcon = new SymbolLabel(u"checkmark.circle.fill"_s, kSmallIcon, Theme::kSuccessText);
+    m_failureIcon = new SymbolLabel(u"xmark.circle.fill"_s, kSmallIcon, Theme::kErrorText);
+    m_resultText = Theme::label({}, Theme::caption(), QPalette::WindowText);
     m_resultText->setWordWrap(true);
     m_resultText->setTextInteractionFlags(Qt::TextSelectableByMouse);
     QHBoxLayout* row = tightRow(m_resultRow, 4);
@@ -300,7 +291,7 @@ void TemplateEditorPage::refreshTestState()
         return;
     const bool success = result->contains(u"✓"_s);
     m_resultText->setText(*result);
-    m_resultText->setColor(success ? &green : &red);
+    m_resultText->setForegroundRole(success ? Theme::kSuccessText : Theme::kErrorText);
     m_successIcon->setVisible(success);
     m_failureIcon->setVisible(!success);
 }
@@ -327,8 +318,9 @@ void TemplateEditorPage::refreshValidation(const QString& zpl)
     for (const QString& message : std::as_const(m_shownMessages)) {
         auto* row = new QWidget;
         QHBoxLayout* layout = tightRow(row, 4);
-        layout->addWidget(new SymbolLabel(u"exclamationmark.triangle.fill"_s, kSmallIcon, &orange));
-        layout->addWidget(new ThemedLabel(message, Theme::caption(), &Theme::primaryText));
+        layout->addWidget(
+            new SymbolLabel(u"exclamationmark.triangle.fill"_s, kSmallIcon, Theme::orange()));
+        layout->addWidget(Theme::label(message, Theme::caption(), QPalette::WindowText));
         layout->addStretch();
         m_validation->addWidget(row);
     }

@@ -1,7 +1,6 @@
 #pragma once
 
 #include "labelrender/LabelRenderer.h"
-#include "views/common/ThemedLabel.h"
 #include "views/settings/SettingsEditorPage.h"
 
 #include <QList>
@@ -77,14 +76,14 @@ private:
     QList<QToolButton*> m_chips;
     InfoBox* m_copyHint = nullptr;
     QWidget* m_copyFeedback = nullptr;
-    ThemedLabel* m_copyFeedbackText = nullptr;
+    QLabel* m_copyFeedbackText = nullptr;
     QPlainTextEdit* m_zpl = nullptr;
     QPushButton* m_testButton = nullptr;
     QWidget* m_testingRow = nullptr;
     QWidget* m_resultRow = nullptr;
     QWidget* m_successIcon = nullptr;
     QWidget* m_failureIcon = nullptr;
-    ThemedLabel* m_resultText = nullptr;
+    QLabel* m_resultText = nullptr;
     QVBoxLayout* m_validation = nullptr;
     QStringList m_shownMessages;
     LabelRenderer m_renderer;

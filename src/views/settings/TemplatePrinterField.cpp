@@ -2,7 +2,6 @@
 
 #include "model/AppSettings.h"
 #include "views/common/Theme.h"
-#include "views/common/ThemedLabel.h"
 #include "views/settings/PrinterChoiceDelegate.h"
 #include "views/settings/SettingsEditorPage.h"
 #include "views/settings/SettingsView.h"
@@ -39,8 +38,8 @@ TemplatePrinterField::TemplatePrinterField(SettingsView& view, qsizetype index, 
 
     auto* noPrintersRow = new QHBoxLayout(m_noPrinters);
     noPrintersRow->setContentsMargins(0, 0, 0, 0);
-    noPrintersRow->addWidget(new ThemedLabel(u"Geen printers geconfigureerd"_s, Theme::caption(),
-                                             &Theme::secondaryText));
+    noPrintersRow->addWidget(
+        Theme::label(u"Geen printers geconfigureerd"_s, Theme::caption(), Theme::kSecondaryText));
     noPrintersRow->addWidget(m_addPrinter);
     noPrintersRow->addStretch();
 

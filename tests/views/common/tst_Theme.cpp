@@ -1,8 +1,9 @@
 #include "views/common/SymbolIcons.h"
 #include "views/common/Theme.h"
-#include "views/settings/SettingsEditorPage.h"
 
+#include <QApplication>
 #include <QImage>
+#include <QScopeGuard>
 #include <QTest>
 
 // The named colours and the symbol set.
@@ -13,6 +14,7 @@ class ThemeTest : public QObject
 private slots:
     void textColoursAreReadable_data();
     void textColoursAreReadable();
+    void theApplicationPaletteKeepsTheRoles();
     void everySymbolIsDrawnInItsColour();
 };
 
@@ -37,16 +39,33 @@ void ThemeTest::textColoursAreReadable()
     palette.setColor(QPalette::Window, window);
     palette.setColor(QPalette::WindowText, text);
     palette.setColor(QPalette::AlternateBase, card);
+    palette.setColor(QPalette::Base, card);
     QVERIFY(Theme::contrastRatio(Theme::secondaryText(palette), window) >= 4.5);
-    QVERIFY(Theme::contrastRatio(Theme::successText(palette), window) >= 4.5);
-    // The settings editors' results, on the card.
-    QVERIFY(Theme::contrastRatio(SettingsEditorPage::green(palette), card) >= 4.5);
-    QVERIFY(Theme::contrastRatio(SettingsEditorPage::red(palette), card) >= 4.5);
-    QVERIFY(SettingsEditorPage::green(palette).hue() / 60 == Theme::green().hue() / 60);
+    // One green and one red for text and symbols, wherever they are put.
+    for (const QColor& background : {window, card}) {
+        QVERIFY(Theme::contrastRatio(Theme::green(palette), background) >= 4.5);
+        QVERIFY(Theme::contrastRatio(Theme::errorText(palette), background) >= 4.5);
+    }
+    // Still green.
+    QCOMPARE(Theme::green(palette).hue() / 60, QColor(52, 199, 89).hue() / 60);
     QCOMPARE(qRound(Theme::contrastRatio(Qt::black, Qt::white)), 21);
     QCOMPARE(qRound(Theme::contrastRatio(QColor(118, 118, 118), Qt::white) * 100), 454);
-    // Still green.
-    QVERIFY(Theme::successText(palette).hue() / 60 == Theme::green().hue() / 60);
+}
+
+void ThemeTest::theApplicationPaletteKeepsTheRoles()
+{
+    const QPalette original = QApplication::palette();
+    const auto restore = qScopeGuard([&original] { QApplication::setPalette(original); });
+    Theme theme(*qApp);
+    // A desktop switching to dark replaces the whole palette.
+    QPalette dark(QColor(58, 58, 60), QColor(40, 40, 42));
+    dark.setColor(QPalette::WindowText, QColor(236, 236, 236));
+    QApplication::setPalette(dark);
+    const QPalette now = QApplication::palette();
+    QCOMPARE(now.color(QPalette::Window), QColor(40, 40, 42));
+    QCOMPARE(now.color(Theme::kSecondaryText), Theme::secondaryText(dark));
+    QCOMPARE(now.color(Theme::kSuccessText), Theme::green(dark));
+    QCOMPARE(now.color(QPalette::Disabled, Theme::kErrorText), Theme::errorText(dark));
 }
 
 void ThemeTest::everySymbolIsDrawnInItsColour()

@@ -2,12 +2,14 @@
 
 #include "TestHome.h"
 #include "model/AppSettings.h"
+#include "views/common/Theme.h"
 #include "views/settings/SettingsDetailArea.h"
 #include "views/settings/SettingsRecordKind.h"
 #include "views/settings/SettingsSidebar.h"
 #include "views/settings/SettingsSidebarModel.h"
 #include "views/settings/SettingsView.h"
 
+#include <QApplication>
 #include <QTest>
 #include <memory>
 
@@ -80,6 +82,7 @@ public:
 
 private:
     TestHome m_home;
+    Theme m_theme{*qApp};
     std::unique_ptr<AppSettings> m_settings;
     std::unique_ptr<SettingsView> m_view;
 };

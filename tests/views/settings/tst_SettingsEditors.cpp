@@ -148,9 +148,9 @@ void SettingsEditorsTest::statusButtonAsksThePrinter()
     QCOMPARE(rowOf(page, page->statusButton()),
              (QSet<QWidget*>{page->statusButton(), page->statusLabel()}));
     QCOMPARE(page->statusLabel()->text(), summary);
-    QCOMPARE(page->statusLabel()->palette().color(QPalette::WindowText),
-             summary == u"Gereed"_s ? SettingsEditorPage::green(page->palette())
-                                    : SettingsEditorPage::red(page->palette()));
+    QCOMPARE(page->statusLabel()->palette().color(page->statusLabel()->foregroundRole()),
+             summary == u"Gereed"_s ? Theme::green(page->palette())
+                                    : Theme::errorText(page->palette()));
 
     // The answer belongs to the printer that was asked.
     harness.settings().addPrinter();
@@ -182,6 +182,7 @@ void SettingsEditorsTest::fieldsShowTheirEdgeInEitherPalette()
 
     // The field's background stands off the card's, just left of it.
     QTRY_COMPARE(page->palette().color(QPalette::Base), palette.color(QPalette::Base));
+    QCOMPARE(harness.view().palette().color(QPalette::Window), palette.color(QPalette::Window));
     const QLineEdit* name = page->nameField();
     const QImage shown = page->grab().toImage();
     const QPoint inField = name->mapTo(page, QPoint(name->width() - 6, name->height() / 2));
@@ -281,8 +282,8 @@ void SettingsEditorsTest::templatePrinterChoice()
     clickOn(page->testButton());
     QVERIFY(!harness.view().isTemplateTesting() && page->resultRow()->isVisible());
     QCOMPARE(page->resultLabel()->text(), u"Geen printer geconfigureerd"_s);
-    QCOMPARE(page->resultLabel()->palette().color(QPalette::WindowText),
-             SettingsEditorPage::red(page->palette()));
+    QCOMPARE(page->resultLabel()->palette().color(page->resultLabel()->foregroundRole()),
+             Theme::errorText(page->palette()));
     harness.settings().addTemplate();
     QVERIFY(page->isDeleteShown());
     QCOMPARE(page->deleteButton()->text(), u"Verwijder Etiket"_s);

@@ -120,7 +120,7 @@ void SettingsSelectionTest::rowsShowStateAndFollowTheStore()
     QVERIFY(harness.isRowSelected(Kind::dossier, 0));
     QCOMPARE(SettingsSidebarDelegate::iconColor(selected, true, palette), QColor(Qt::white));
     QCOMPARE(SettingsSidebarDelegate::textColor(true, palette), QColor(Qt::white));
-    QCOMPARE(SettingsSidebarDelegate::iconColor(selected, false, palette), Theme::green());
+    QCOMPARE(SettingsSidebarDelegate::iconColor(selected, false, palette), Theme::green(palette));
     QCOMPARE(SettingsSidebarDelegate::iconColor(harness.row(Kind::dossier, 1), false, palette),
              Theme::secondaryText(palette));
 

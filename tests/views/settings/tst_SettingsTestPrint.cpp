@@ -18,7 +18,7 @@ namespace {
 
 QColor textColor(const QLabel* label)
 {
-    return label->palette().color(QPalette::WindowText);
+    return label->palette().color(label->foregroundRole());
 }
 
 } // namespace
@@ -58,7 +58,7 @@ void SettingsTestPrintTest::testPrintsSucceedInGreen()
     QTRY_VERIFY(!harness.view().isPrinterTesting());
     QVERIFY(page->resultLabel()->isVisible());
     QCOMPARE(page->resultLabel()->text(), u"Verbinding gelukt! Test etiket verstuurd."_s);
-    QCOMPARE(textColor(page->resultLabel()), SettingsEditorPage::green(page->palette()));
+    QCOMPARE(textColor(page->resultLabel()), Theme::green(page->palette()));
     QVERIFY(page->testButton()->isEnabled() && !page->spinner()->isVisible());
     QTRY_COMPARE(sink.jobs().size(), 1);
     QCOMPARE(sink.jobs().at(0), PrinterService::kTestLabel.toUtf8());
@@ -78,8 +78,7 @@ void SettingsTestPrintTest::testPrintsSucceedInGreen()
     QTRY_VERIFY(!harness.view().isTemplateTesting());
     QVERIFY(!templatePage->testingRow()->isVisible() && templatePage->resultRow()->isVisible());
     QCOMPARE(templatePage->resultLabel()->text(), u"✓ Test etiket verstuurd naar Balie"_s);
-    QCOMPARE(textColor(templatePage->resultLabel()),
-             SettingsEditorPage::green(templatePage->palette()));
+    QCOMPARE(textColor(templatePage->resultLabel()), Theme::green(templatePage->palette()));
     QTRY_COMPARE(sink.jobs().size(), 2);
     QCOMPARE(sink.jobs().at(1), u"^XA^FDVoorbeeld Product 19,99 é^FS^XZ"_s.toUtf8());
 }
