@@ -102,6 +102,13 @@ int SettingsSidebarModel::rowCount(const QModelIndex& parent) const
     return int(std::max<qsizetype>(1, m_counts[parent.row()]));
 }
 
+// The header is hidden, but a screen reader still reads its name; Qt's
+// default would be the column number.
+QVariant SettingsSidebarModel::headerData(int, Qt::Orientation, int role) const
+{
+    return role == Qt::DisplayRole ? QVariant(u"Instellingen"_s) : QVariant();
+}
+
 int SettingsSidebarModel::columnCount(const QModelIndex&) const
 {
     return 1;
