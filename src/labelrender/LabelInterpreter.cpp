@@ -437,10 +437,11 @@ std::optional<FieldGraphic> LabelInterpreter::fieldGraphic(const QByteArray& byt
 void LabelInterpreter::fieldSeparator(const Params&)
 {
     const bool isField = m_field.box || m_field.data;
-    if (isField && m_fieldsDrawn == LabelRenderer::kMaxFields)
+    const bool fieldsFull = isField && m_fieldsDrawn == LabelRenderer::kMaxFields;
+    if (fieldsFull)
         cut(u"Alleen de eerste %1 velden getoond."_s.arg(
             QLocale(QLocale::Dutch).toString(LabelRenderer::kMaxFields)));
-    if (!drawing() || (isField && m_fieldsDrawn == LabelRenderer::kMaxFields)) {
+    if (!drawing() || fieldsFull) {
         m_fieldsSkipped = m_fieldsSkipped || isField;
         m_field = {};
         return;
