@@ -118,15 +118,14 @@ void SettingsSidebarDelegate::paint(QPainter* painter, const QStyleOptionViewIte
     const int midY = row.top() + (m.height - m.iconSize) / 2;
     if (entry == Entry::group) {
         const bool open = option.state & QStyle::State_Open;
-        SymbolIcons::tinted(open ? u"chevron.down" : u"chevron.right",
-                            Theme::secondaryText(palette))
+        symbol(open ? u"chevron.down"_s : u"chevron.right"_s, Theme::secondaryText(palette), 9)
             .paint(painter, QRect(row.left() + kPadding, row.top() + (m.height - 9) / 2, 9, 9));
     }
     const QColor symbolColor = entry == Entry::record ? iconColor(index, selected, palette)
                                : selected             ? QColor(Qt::white)
                                                       : Theme::secondaryText(palette);
     const int iconX = row.left() + m.leading;
-    SymbolIcons::tinted(index.data(SettingsSidebarModel::symbolRole).toString(), symbolColor)
+    symbol(index.data(SettingsSidebarModel::symbolRole).toString(), symbolColor, m.iconSize)
         .paint(painter, QRect(iconX + (m.iconBox - m.iconSize) / 2, midY, m.iconSize, m.iconSize));
 
     const int textX = iconX + m.iconBox + kGap;
@@ -150,4 +149,14 @@ void SettingsSidebarDelegate::paint(QPainter* painter, const QStyleOptionViewIte
         painter->drawPath(ring);
     }
     painter->restore();
+}
+
+const QIcon& SettingsSidebarDelegate::symbol(const QString& name, const QColor& color,
+                                             int size) const
+{
+    const QString key = u"%1 %2 %3"_s.arg(name, color.name(QColor::HexArgb)).arg(size);
+    auto found = m_symbols.constFind(key);
+    if (found == m_symbols.constEnd())
+        found = m_symbols.insert(key, SymbolIcons::tinted(name, color, size));
+    return *found;
 }

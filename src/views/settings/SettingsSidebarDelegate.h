@@ -1,5 +1,7 @@
 #pragma once
 
+#include <QHash>
+#include <QIcon>
 #include <QStyledItemDelegate>
 
 // Draws the sidebar's entries: group headers with chevron and symbol, record
@@ -24,5 +26,9 @@ public:
     QSize sizeHint(const QStyleOptionViewItem& option, const QModelIndex& index) const override;
 
 private:
+    // Each symbol is drawn from its SVG once per colour and size, not on every paint.
+    const QIcon& symbol(const QString& name, const QColor& color, int size) const;
+
     int m_dividerHeight = 17;
+    mutable QHash<QString, QIcon> m_symbols;
 };
