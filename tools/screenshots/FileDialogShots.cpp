@@ -1,12 +1,15 @@
 // Pictures of the settings export and import file dialogs, as the File menu
-// opens them.
+// opens them, and of the window that shows an update check waiting.
 
 #include "TestHome.h"
+#include "app/MessageBoxUpdateDialogs.h"
 #include "views/main/QtMessageFileDialogs.h"
 
 #include <QApplication>
 #include <QDialog>
 #include <QDir>
+#include <QProgressDialog>
+#include <QTest>
 #include <QTimer>
 
 using namespace Qt::StringLiterals;
@@ -44,4 +47,17 @@ void renderFileDialogShots(const QString& outDir)
                          u"Selecteer een settings.json bestand om te importeren"_s,
                          {},
                          filter});
+}
+
+void renderUpdateCheckShot(const QString& outDir)
+{
+    MessageBoxUpdateDialogs dialogs;
+    dialogs.showChecking([] {});
+    QProgressDialog* window = nullptr;
+    for (QWidget* top : QApplication::topLevelWidgets())
+        window = window ? window : qobject_cast<QProgressDialog*>(top);
+    if (!window || !QTest::qWaitForWindowExposed(window))
+        return;
+    window->grab().save(QDir(outDir).filePath(u"update-checking.png"_s));
+    dialogs.closeChecking();
 }

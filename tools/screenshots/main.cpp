@@ -9,6 +9,7 @@ using namespace Qt::StringLiterals;
 
 void renderSettingsShots(const QString& outDir);
 void renderFileDialogShots(const QString& outDir);
+void renderUpdateCheckShot(const QString& outDir);
 
 // Renders every state of the product window, the settings window and the
 // About window and the settings file dialogs to PNG files, without a desktop:
@@ -30,5 +31,6 @@ int main(int argc, char* argv[])
     const int failures = shots.run();
     renderSettingsShots(output);
     renderFileDialogShots(output);
+    renderUpdateCheckShot(output);
     return failures == 0 ? 0 : 1;
 }
