@@ -1,7 +1,6 @@
 #include "ModalDialogProbe.h"
 #include "ProductWindowFixture.h"
 #include "app/AppcastReader.h"
-#include "app/MessageBoxUpdateDialogs.h"
 #include "app/StampixApp.h"
 #include "app/UpdaterViewModel.h"
 #include "viewmodels/ProductListViewModel.h"
@@ -316,7 +315,7 @@ void StampixAppTest::comparesBuildNumbersAndShowsTheVersion()
         QUrl(server.baseUrl()), u"2"_s, u"1.4.2"_s, 400ms, false, {}};
     if (mode < 0)
         configuration.feedURL.clear();
-    UpdaterViewModel updater(configuration, std::make_unique<MessageBoxUpdateDialogs>());
+    UpdaterViewModel updater(configuration);
     const QString text = shownWhile([&] {
         updater.checkForUpdates();
         QTRY_VERIFY_WITH_TIMEOUT(!updater.isChecking(), 5000);
@@ -341,8 +340,7 @@ void StampixAppTest::showsTheWaitForTheFeed()
     const LoopbackHttpServer::Response response{
         200, {}, feed(item("2", "1.4.2")), 300ms, cancels ? Mode::neverAnswer : Mode::normal};
     server.setHandler([&](const LoopbackHttpServer::Request&) { return response; });
-    UpdaterViewModel updater({QUrl(server.baseUrl()), u"2"_s, u"1.4.2"_s, 1500ms, false, {}},
-                             std::make_unique<MessageBoxUpdateDialogs>());
+    UpdaterViewModel updater({QUrl(server.baseUrl()), u"2"_s, u"1.4.2"_s, 1500ms, false, {}});
     const QSignalSpy finished(&updater, &UpdaterViewModel::checkFinished);
     updater.checkForUpdates();
     const QList<QWidget*> windows = checkingWindows();

@@ -3,7 +3,6 @@
 #include "UnansweredPort.h"
 
 #include <QTcpServer>
-#include <array>
 #include <utility>
 
 using namespace Qt::StringLiterals;
@@ -15,50 +14,11 @@ constexpr qsizetype kMaxFieldDataShown = 60;
 using Failure = VirtualPrinter::Failure;
 using State = VirtualPrinter::State;
 
-constexpr std::array<std::pair<Failure, QStringView>, 6> kFailureNames{{
-    {Failure::none, u"none"},
-    {Failure::refuse, u"refuse"},
-    {Failure::hang, u"hang"},
-    {Failure::slow, u"slow"},
-    {Failure::drop, u"drop"},
-    {Failure::reset, u"reset"},
-}};
-
-constexpr std::array<std::pair<State, QStringView>, 6> kStateNames{{
-    {State::ready, u"ready"},
-    {State::paperOut, u"paper-out"},
-    {State::paused, u"paused"},
-    {State::headOpen, u"head-open"},
-    {State::ribbonOut, u"ribbon-out"},
-    {State::bufferFull, u"buffer-full"},
-}};
-
-template <typename Names> auto fromName(const Names& names, QStringView name)
-{
-    std::optional<typename Names::value_type::first_type> found;
-    for (const auto& [value, valueName] : names) {
-        if (valueName == name)
-            found = value;
-    }
-    return found;
-}
-
-template <typename Names> QStringList allNames(const Names& names)
-{
-    QStringList list;
-    for (const auto& entry : names)
-        list.append(entry.second.toString());
-    return list;
-}
-
-template <typename Names, typename Value> QString nameOf(const Names& names, Value value)
-{
-    for (const auto& [candidate, name] : names) {
-        if (candidate == value)
-            return name.toString();
-    }
-    return {};
-}
+// In the order of the enums.
+const QStringList kFailureNames{u"none"_s, u"refuse"_s, u"hang"_s,
+                                u"slow"_s, u"drop"_s,   u"reset"_s};
+const QStringList kStateNames{u"ready"_s,     u"paper-out"_s,  u"paused"_s,
+                              u"head-open"_s, u"ribbon-out"_s, u"buffer-full"_s};
 
 LabelSink::Behaviour sinkBehaviour(Failure failure)
 {
@@ -81,32 +41,34 @@ LabelSink::Behaviour sinkBehaviour(Failure failure)
 
 std::optional<VirtualPrinter::Failure> VirtualPrinter::failureFromName(QStringView name)
 {
-    return fromName(kFailureNames, name);
+    const qsizetype index = kFailureNames.indexOf(name);
+    return index < 0 ? std::nullopt : std::optional(Failure(index));
 }
 
 QStringList VirtualPrinter::failureNames()
 {
-    return allNames(kFailureNames);
+    return kFailureNames;
 }
 
 QString VirtualPrinter::failureName(Failure failure)
 {
-    return nameOf(kFailureNames, failure);
+    return kFailureNames.value(qsizetype(failure));
 }
 
 std::optional<VirtualPrinter::State> VirtualPrinter::stateFromName(QStringView name)
 {
-    return fromName(kStateNames, name);
+    const qsizetype index = kStateNames.indexOf(name);
+    return index < 0 ? std::nullopt : std::optional(State(index));
 }
 
 QStringList VirtualPrinter::stateNames()
 {
-    return allNames(kStateNames);
+    return kStateNames;
 }
 
 QString VirtualPrinter::stateName(State state)
 {
-    return nameOf(kStateNames, state);
+    return kStateNames.value(qsizetype(state));
 }
 
 QByteArray VirtualPrinter::statusAnswer(State state)
