@@ -1,15 +1,22 @@
 #include "AwaitTask.h"
 #include "DemoHome.h"
+#include "LabelJobWriter.h"
 #include "SimulatedProductService.h"
 #include "SimulatorOptions.h"
 #include "TestHome.h"
 #include "VirtualPrinter.h"
+#include "app/StampixApp.h"
 #include "labelrender/LabelRenderer.h"
 #include "services/PrinterService.h"
 #include "services/PrinterStatusService.h"
+#include "viewmodels/ProductListViewModel.h"
+#include "views/main/ContentView.h"
+#include "views/main/PrintButton.h"
+#include "views/main/StatusBarView.h"
 
 #include <QDir>
 #include <QFile>
+#include <QLineEdit>
 #include <QSignalSpy>
 #include <QTcpSocket>
 #include <QTemporaryDir>
@@ -33,6 +40,7 @@ private slots:
     void serviceBoundsABody_data();
     void serviceBoundsABody();
     void demoSettingsStayOutOfTheOwnHome();
+    void demoPrintsFromTheProductWindow();
 };
 
 void SimulatorTest::options_data()
@@ -216,6 +224,53 @@ void SimulatorTest::demoSettingsStayOutOfTheOwnHome()
          {own, own + u'/', own + u"/."_s, own + u"/../"_s + QDir(own).dirName(), QString()})
         QVERIFY2(DemoHome::write(spelling, u"k"_s, 9100), qPrintable(spelling));
     QVERIFY(!QFile::exists(home.settingsFilePath()));
+}
+
+// The demo as a user runs it: its settings, the application's window against
+// the simulator's service, two products ticked, quantity 2 typed and
+// "Start afdrukken" pressed; the printer's folder holds the four labels.
+void SimulatorTest::demoPrintsFromTheProductWindow()
+{
+    QTemporaryDir jobs;
+    SimulatedProductService service(ProductCatalogue(), u"demo-sleutel"_s);
+    QVERIFY(service.listen());
+    VirtualPrinter printer(u"Virtual printer 1"_s, jobs.filePath(u"printer-1"_s));
+    QString error;
+    QVERIFY2(printer.start(0, &error), qPrintable(error));
+    TestHome home;
+    QVERIFY(home.writeSettingsFile(DemoHome::settingsDocument(u"demo-sleutel"_s, printer.port())));
+
+    StampixApp app(service.baseUrl());
+    StatusBarView* statusBar = app.openMainWindow()->contentView()->statusBar();
+    ProductListViewModel& model = *app.productListViewModel();
+    QTRY_COMPARE_WITH_TIMEOUT(model.products().size(), qsizetype(300), 5000);
+    QCOMPARE(model.products(), service.catalogue().page(0, ProductListViewModel::kPageLimit));
+    // An accented name, and a product without a price; ticked in reverse order,
+    // printed in the service's order.
+    const Product withoutPrice = service.catalogue().product(19);
+    const Product accented = service.catalogue().product(2);
+    QVERIFY(!withoutPrice.SellPrice1WithVat && accented.Name->contains(u'è'));
+    model.toggleChecked(withoutPrice);
+    model.toggleChecked(accented);
+    QTRY_VERIFY(statusBar->printControls()->isVisible());
+    statusBar->quantityField()->selectAll();
+    QTest::keyClicks(statusBar->quantityField(), u"2"_s);
+    QTest::keyClick(statusBar->quantityField(), Qt::Key_Return);
+    QTest::mouseClick(statusBar->printButton(), Qt::LeftButton);
+
+    const QDir folder(printer.jobDirectory(), u"*.zpl"_s); // a picture lies beside each
+    QTRY_COMPARE_WITH_TIMEOUT(folder.entryList(QDir::Files).size(), 4, 5000);
+    // The default label, written out by hand.
+    const auto label = [](const Product& product, const QString& price) {
+        return (u"^XA\n^FO50,50^A0N,50,50^FD"_s + product.sku() + u"^FS\n^FO50,120^A0N,40,40^FD"_s +
+                *product.Name + u"^FS\n^FO50,180^A0N,35,35^FDE "_s + price + u"^FS\n^XZ"_s)
+            .toUtf8();
+    };
+    const QByteArray first = label(accented, QString::number(*accented.SellPrice1WithVat, 'f', 2));
+    const QList<QByteArray> expected{first, first, label(withoutPrice, u"-"_s),
+                                     label(withoutPrice, u"-"_s)};
+    for (int i = 0; i < expected.size(); ++i)
+        QCOMPARE(TestHome::readFile(folder.filePath(LabelJobWriter::fileName(i + 1))), expected[i]);
 }
 
 QTEST_MAIN(SimulatorTest)
