@@ -1,6 +1,5 @@
 #include "AwaitTask.h"
 #include "DemoHome.h"
-#include "LabelJobWriter.h"
 #include "SimulatedProductService.h"
 #include "SimulatorOptions.h"
 #include "TestHome.h"
@@ -270,7 +269,7 @@ void SimulatorTest::demoPrintsFromTheProductWindow()
     const QList<QByteArray> expected{first, first, label(withoutPrice, u"-"_s),
                                      label(withoutPrice, u"-"_s)};
     for (int i = 0; i < expected.size(); ++i)
-        QCOMPARE(TestHome::readFile(folder.filePath(LabelJobWriter::fileName(i + 1))), expected[i]);
+        QCOMPARE(TestHome::readFile(folder.filePath(u"job-00000%1.zpl"_s.arg(i + 1))), expected[i]);
 }
 
 QTEST_MAIN(SimulatorTest)
