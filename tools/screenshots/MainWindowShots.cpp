@@ -28,38 +28,33 @@ namespace {
 
 QList<Product> catalogue()
 {
-    const struct
-    {
-        const char16_t* sku;
-        const char16_t* name;
-        double price;
-        const char16_t* barcode;
-    } rows[] = {
-        {u"100", u"Kruiskopschroeven 4x40 mm (200 st.)", 7.95, u"8712345000107"},
-        {u"9", u"Houtlijm D3 watervast 250 g", 6.49, u"8712345000091"},
-        {u"10", u"Schuurpapier korrel 120 (5 vel)", 3.25, u"8712345000015"},
-        {u"A-220", u"Klauwhamer 450 g glasvezel steel", 24.95, u"8712345002200"},
-        {u"a-31", u"Rolmaat 5 m met blokkering", 12.5, u"8712345000312"},
-        {u"B-12", u"Waterpas aluminium 60 cm", 18.99, u"8712345000121"},
-        {u"B-7", u"Kitpistool professioneel", 9.99, u"8712345000077"},
-        {u"C-400", u"Afplaktape 38 mm x 50 m", 4.45, u"8712345004006"},
-        {u"D-15", u"Accuboormachine 18 V met 2 accu's", 149.0, u"8712345000152"},
-        {u"E-2", u"Verfroller 18 cm + beugel", 5.75, u"8712345000022"},
-        {u"F-88", u"Werkhandschoenen maat 10", 3.99, u"8712345000886"},
-        {u"G-5", u"Pluggen 6 mm (100 st.)", 2.79, u"8712345000053"},
-        {u"H-41", u"Stofmasker FFP2 (3 st.)", 8.95, u"8712345000411"},
-        {u"K-9", u"Kabelbinders 200 mm zwart (100 st.)", 4.99, u"8712345000091"},
-        {u"L-3", u"Zaagblad decoupeerzaag hout (5 st.)", 11.49, u"8712345000039"},
-        {u"M-60", u"Montagekit transparant 290 ml", 7.25, u"8712345000602"},
-        {u"N-8", u"Ladder aluminium 3 x 7 treden", 199.0, u"8712345000084"},
-        {u"P-14", u"Plamuurmes 60 mm", 3.49, u"8712345000145"},
-    };
+    // Article number; name; price; barcode.
+    const QStringList rows =
+        QStringLiteral(u"100;Kruiskopschroeven 4x40 mm (200 st.);7.95;8712345000107\n"
+                       u"9;Houtlijm D3 watervast 250 g;6.49;8712345000091\n"
+                       u"10;Schuurpapier korrel 120 (5 vel);3.25;8712345000015\n"
+                       u"A-220;Klauwhamer 450 g glasvezel steel;24.95;8712345002200\n"
+                       u"a-31;Rolmaat 5 m met blokkering;12.5;8712345000312\n"
+                       u"B-12;Waterpas aluminium 60 cm;18.99;8712345000121\n"
+                       u"B-7;Kitpistool professioneel;9.99;8712345000077\n"
+                       u"C-400;Afplaktape 38 mm x 50 m;4.45;8712345004006\n"
+                       u"D-15;Accuboormachine 18 V met 2 accu's;149.0;8712345000152\n"
+                       u"E-2;Verfroller 18 cm + beugel;5.75;8712345000022\n"
+                       u"F-88;Werkhandschoenen maat 10;3.99;8712345000886\n"
+                       u"G-5;Pluggen 6 mm (100 st.);2.79;8712345000053\n"
+                       u"H-41;Stofmasker FFP2 (3 st.);8.95;8712345000411\n"
+                       u"K-9;Kabelbinders 200 mm zwart (100 st.);4.99;8712345000091\n"
+                       u"L-3;Zaagblad decoupeerzaag hout (5 st.);11.49;8712345000039\n"
+                       u"M-60;Montagekit transparant 290 ml;7.25;8712345000602\n"
+                       u"N-8;Ladder aluminium 3 x 7 treden;199.0;8712345000084\n"
+                       u"P-14;Plamuurmes 60 mm;3.49;8712345000145")
+            .split(u'\n');
     QList<Product> products;
     qint64 id = 1001;
-    for (const auto& row : rows) {
-        products.append(Fixture::product(id++, QString::fromUtf16(row.sku),
-                                         QString::fromUtf16(row.name), row.price,
-                                         QString::fromUtf16(row.barcode)));
+    for (const QString& row : rows) {
+        const QStringList fields = row.split(u';');
+        products.append(
+            Fixture::product(id++, fields[0], fields[1], fields[2].toDouble(), fields[3]));
     }
     // One product as the service sometimes sends it: no name, no price.
     products.append(Fixture::product(id, u"Z-1"_s, {}, std::nullopt, {}));
