@@ -25,13 +25,6 @@ const QHash<int, QByteArray> kReasonPhrases{{200, "OK"},
                                             {413, "Payload Too Large"},
                                             {500, "Internal Server Error"}};
 
-bool hasHeader(const LoopbackHttpServer::HeaderList& headers, QByteArrayView name)
-{
-    return std::any_of(headers.cbegin(), headers.cend(), [&](const auto& entry) {
-        return entry.first.compare(name, Qt::CaseInsensitive) == 0;
-    });
-}
-
 } // namespace
 
 LoopbackHttpConnection::LoopbackHttpConnection(QTcpSocket* socket, Responder responder)
@@ -132,7 +125,9 @@ QByteArray LoopbackHttpConnection::headerBlock(const Response& response, qint64 
                        kReasonPhrases.value(response.status, "Status") + "\r\n";
     for (const auto& [name, value] : response.headers)
         block += name + ": " + value + "\r\n";
-    if (contentLength >= 0 && !hasHeader(response.headers, "Content-Length"))
+    Request declared;
+    declared.headers = response.headers;
+    if (contentLength >= 0 && !declared.hasHeader("Content-Length"))
         block += "Content-Length: " + QByteArray::number(contentLength) + "\r\n";
     block += "Connection: close\r\n\r\n";
     return block;

@@ -35,15 +35,6 @@ void scrollToBottom(QWidget* window)
     }
 }
 
-Printer makePrinter(const QString& name, const QString& ip, qint64 port = 9100)
-{
-    Printer printer;
-    printer.name = name;
-    printer.ipAddress = ip;
-    printer.port = port;
-    return printer;
-}
-
 void fillStore(AppSettings& settings, quint16 printerPort)
 {
     Dossier shop{QUuid::createUuid(), u"Winkel Amsterdam"_s, u"ak_live_4f9c2e71b8"_s};
@@ -52,8 +43,8 @@ void fillStore(AppSettings& settings, quint16 printerPort)
     settings.setDossiers({shop, warehouse, webshop});
     settings.setBookyear(u"2026"_s);
 
-    const Printer counter = makePrinter(u"Balie Zebra"_s, u"127.0.0.1"_s, printerPort);
-    settings.setPrinters({counter, makePrinter(u"Magazijn ZD420"_s, QString())});
+    const Printer counter{QUuid::createUuid(), u"Balie Zebra"_s, u"127.0.0.1"_s, printerPort};
+    settings.setPrinters({counter, {QUuid::createUuid(), u"Magazijn ZD420"_s, QString(), 9100}});
 
     LabelTemplate shelf = settings.templates().constFirst();
     shelf.name = u"Schaplabel"_s;
