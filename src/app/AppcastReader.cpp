@@ -36,55 +36,31 @@ QUrl webURL(const QString& text)
     return url;
 }
 
-bool isLoopbackHost(const QString& host)
-{
-    return host == u"127.0.0.1" || host == u"::1" || host == u"localhost";
-}
-
 // What the user downloads and installs must not be open to change on the way:
-// https only, plain http just for a feed served on this machine.
-struct DownloadLink
+// https only, plain http just for a feed served on this machine. `refusedAsPlain`
+// tells whether a web address was turned down for being plain http.
+QUrl downloadURL(const QString& text, bool& refusedAsPlain)
 {
-    QUrl url;
-    bool isRefusedAsPlain = false;
-
-    DownloadLink() = default;
-    explicit DownloadLink(const QString& text)
-    {
-        const QUrl web = webURL(text);
-        if (web.scheme().toLower() == u"https" || (web.isValid() && isLoopbackHost(web.host())))
-            url = web;
-        else
-            isRefusedAsPlain = web.isValid();
-    }
-};
-
-struct ReadItem
-{
-    AppcastItem item;
-    // Left without a download only because its links were plain http.
-    bool isRefusedAsPlain = false;
-};
-
-// Older feeds carry the versions as attributes of the enclosure; the
-// elements of the item win when both are present.
-void readEnclosure(const QXmlStreamReader& xml, AppcastItem& item, DownloadLink& enclosure)
-{
-    const QXmlStreamAttributes attributes = xml.attributes();
-    enclosure = DownloadLink(attributes.value(u"url"_s).toString());
-    if (item.version.isEmpty())
-        item.version = attributes.value(kSparkleNamespace, u"version"_s).trimmed().toString();
-    if (item.shortVersionString.isEmpty()) {
-        item.shortVersionString =
-            attributes.value(kSparkleNamespace, u"shortVersionString"_s).trimmed().toString();
-    }
+    const QUrl web = webURL(text);
+    const QString host = web.host();
+    refusedAsPlain = false;
+    if (web.scheme().toLower() == u"https" || host == u"127.0.0.1" || host == u"::1" ||
+        host == u"localhost")
+        return web;
+    refusedAsPlain = web.isValid();
+    return {};
 }
 
-ReadItem readItem(QXmlStreamReader& xml)
+// Older feeds carry the versions as attributes of the enclosure; the elements
+// of the item win when both are present. Sets `refusedAsPlain` when the item
+// was left without a download only because its links were plain http.
+AppcastItem readItem(QXmlStreamReader& xml, bool& refusedAsPlain)
 {
     AppcastItem item;
-    DownloadLink enclosure;
-    DownloadLink link;
+    QUrl enclosure;
+    QUrl link;
+    bool enclosurePlain = false;
+    bool linkPlain = false;
     while (xml.readNextStartElement()) {
         if (isSparkle(xml, u"version")) {
             item.version = elementText(xml);
@@ -93,40 +69,27 @@ ReadItem readItem(QXmlStreamReader& xml)
         } else if (isSparkle(xml, u"releaseNotesLink")) {
             item.releaseNotesURL = webURL(elementText(xml));
         } else if (isPlain(xml, u"enclosure")) {
-            readEnclosure(xml, item, enclosure);
+            const QXmlStreamAttributes attributes = xml.attributes();
+            enclosure = downloadURL(attributes.value(u"url"_s).toString(), enclosurePlain);
+            for (auto [field, name] :
+                 {std::pair{&item.version, u"version"_s},
+                  std::pair{&item.shortVersionString, u"shortVersionString"_s}}) {
+                if (field->isEmpty())
+                    *field = attributes.value(kSparkleNamespace, name).trimmed().toString();
+            }
             xml.skipCurrentElement();
         } else if (isPlain(xml, u"title")) {
             item.title = elementText(xml);
         } else if (isPlain(xml, u"link")) {
-            link = DownloadLink(elementText(xml));
+            link = downloadURL(elementText(xml), linkPlain);
         } else {
             xml.skipCurrentElement();
         }
     }
     // An item without a file still points somewhere people can download it.
-    item.downloadURL = enclosure.url.isValid() ? enclosure.url : link.url;
-    const bool isRefusedAsPlain =
-        !item.downloadURL.isValid() && (enclosure.isRefusedAsPlain || link.isRefusedAsPlain);
-    return {item, isRefusedAsPlain};
-}
-
-// Returns whether an item with a version was left out only for plain http.
-bool readChannel(QXmlStreamReader& xml, QList<AppcastItem>& items)
-{
-    bool refusedPlain = false;
-    while (xml.readNextStartElement()) {
-        if (!isPlain(xml, u"item")) {
-            xml.skipCurrentElement();
-            continue;
-        }
-        const ReadItem entry = readItem(xml);
-        if (entry.item.version.isEmpty())
-            continue;
-        if (entry.item.downloadURL.isValid())
-            items.append(entry.item);
-        refusedPlain = refusedPlain || entry.isRefusedAsPlain;
-    }
-    return refusedPlain;
+    item.downloadURL = enclosure.isValid() ? enclosure : link;
+    refusedAsPlain = !item.downloadURL.isValid() && (enclosurePlain || linkPlain);
+    return item;
 }
 
 } // namespace
@@ -143,10 +106,23 @@ Expected<QList<AppcastItem>, QString> AppcastReader::read(const QByteArray& feed
     QList<AppcastItem> items;
     bool refusedPlain = false;
     while (xml.readNextStartElement()) {
-        if (isPlain(xml, u"channel"))
-            refusedPlain = readChannel(xml, items) || refusedPlain;
-        else
+        if (!isPlain(xml, u"channel")) {
             xml.skipCurrentElement();
+            continue;
+        }
+        while (xml.readNextStartElement()) {
+            if (!isPlain(xml, u"item")) {
+                xml.skipCurrentElement();
+                continue;
+            }
+            bool plain = false;
+            const AppcastItem item = readItem(xml, plain);
+            if (item.version.isEmpty())
+                continue;
+            if (item.downloadURL.isValid())
+                items.append(item);
+            refusedPlain = refusedPlain || plain;
+        }
     }
     if (xml.hasError())
         return u"De updatefeed is geen geldige XML: "_s + xml.errorString();

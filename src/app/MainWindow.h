@@ -1,6 +1,7 @@
 #pragma once
 
 #include <QMainWindow>
+#include <array>
 
 class AppSettings;
 class ContentView;
@@ -27,7 +28,7 @@ public:
     MainWindow(AppSettings& settings, ProductListViewModel& viewModel, QWidget* parent = nullptr);
 
     ContentView* contentView() const { return m_contentView; }
-    QMenu* menu(Menu menu) const;
+    QMenu* menu(Menu menu) const { return m_menus.at(size_t(menu)); }
 
     // macOS hides the system title bar and draws its own; elsewhere hiding it
     // would take the window's move, resize and close controls with it.
@@ -38,9 +39,6 @@ protected:
 
 private:
     ContentView* m_contentView;
-    QMenu* m_fileMenu;
-    QMenu* m_viewMenu;
-    QMenu* m_settingsMenu;
-    QMenu* m_helpMenu;
+    std::array<QMenu*, 4> m_menus; // in the order of Menu
     bool m_titleBarPrepared = false;
 };

@@ -11,13 +11,25 @@ namespace {
 
 constexpr QStringView kCheckingText = u"Controleren op updates…";
 
-// QMessageBox::setTextFormat reaches only the main text; the informative
-// label would otherwise guess the format from its content.
-void setDetailsFormat(QMessageBox& box, Qt::TextFormat format)
+// Whether the first of `buttons` was pressed; a second one is the escape button.
+bool ask(QWidget* parent, QMessageBox::Icon icon, const QString& text, const QString& details,
+         Qt::TextFormat format, const QStringList& buttons = {u"OK"_s})
 {
+    QMessageBox box(parent);
+    box.setIcon(icon);
+    box.setText(text);
+    box.setInformativeText(details);
+    // setTextFormat reaches only the main text; the informative label would
+    // otherwise guess the format from its content.
     box.setTextFormat(format);
-    if (auto* details = box.findChild<QLabel*>(u"qt_msgbox_informativelabel"_s))
-        details->setTextFormat(format);
+    if (auto* label = box.findChild<QLabel*>(u"qt_msgbox_informativelabel"_s))
+        label->setTextFormat(format);
+    QPushButton* accept = box.addButton(buttons.first(), QMessageBox::AcceptRole);
+    box.setDefaultButton(accept);
+    box.setEscapeButton(buttons.size() > 1 ? box.addButton(buttons.last(), QMessageBox::RejectRole)
+                                           : accept);
+    box.exec();
+    return box.clickedButton() == accept;
 }
 
 } // namespace
@@ -29,10 +41,12 @@ MessageBoxUpdateDialogs::~MessageBoxUpdateDialogs()
     delete m_checking.data();
 }
 
+// Error descriptions and versions are shown as they are, never as markup.
 void MessageBoxUpdateDialogs::showUpToDate(const QString& currentVersion)
 {
-    showPlain(QMessageBox::Information, u"Stampix is bijgewerkt"_s,
-              u"Je gebruikt versie %1, de nieuwste versie van Stampix."_s.arg(currentVersion));
+    ask(m_parent, QMessageBox::Information, u"Stampix is bijgewerkt"_s,
+        u"Je gebruikt versie %1, de nieuwste versie van Stampix."_s.arg(currentVersion),
+        Qt::PlainText);
 }
 
 void MessageBoxUpdateDialogs::showUpdateAvailable(const AppcastItem& item,
@@ -44,31 +58,22 @@ void MessageBoxUpdateDialogs::showUpdateAvailable(const AppcastItem& item,
         details += u"<br><br><a href=\"%1\">Bekijk wat er nieuw is</a>"_s.arg(
             item.releaseNotesURL.toString(QUrl::FullyEncoded).toHtmlEscaped());
     }
-
-    QMessageBox box(m_parent);
-    box.setIcon(QMessageBox::Information);
-    box.setText(u"Er is een nieuwe versie van Stampix beschikbaar"_s);
-    box.setInformativeText(details);
-    setDetailsFormat(box, Qt::RichText);
-    QPushButton* download = box.addButton(u"Downloaden"_s, QMessageBox::AcceptRole);
-    QPushButton* later = box.addButton(u"Later"_s, QMessageBox::RejectRole);
-    box.setDefaultButton(download);
-    box.setEscapeButton(later);
-    box.exec();
-    if (box.clickedButton() == download)
+    if (ask(m_parent, QMessageBox::Information,
+            u"Er is een nieuwe versie van Stampix beschikbaar"_s, details, Qt::RichText,
+            {u"Downloaden"_s, u"Later"_s}))
         QDesktopServices::openUrl(item.downloadURL);
 }
 
 void MessageBoxUpdateDialogs::showFailure(const QString& description)
 {
-    showPlain(QMessageBox::Critical, u"Controleren op updates mislukt"_s,
-              u"Kon niet controleren op updates: "_s + description);
+    ask(m_parent, QMessageBox::Critical, u"Controleren op updates mislukt"_s,
+        u"Kon niet controleren op updates: "_s + description, Qt::PlainText);
 }
 
 void MessageBoxUpdateDialogs::showNotConfigured()
 {
-    showPlain(QMessageBox::Information, u"Updates niet beschikbaar"_s,
-              u"Controleren op updates is niet ingesteld voor deze build."_s);
+    ask(m_parent, QMessageBox::Information, u"Updates niet beschikbaar"_s,
+        u"Controleren op updates is niet ingesteld voor deze build."_s, Qt::PlainText);
 }
 
 void MessageBoxUpdateDialogs::showChecking(std::function<void()> cancel)
@@ -98,19 +103,4 @@ void MessageBoxUpdateDialogs::closeChecking()
         m_checking->deleteLater();
         m_checking = nullptr;
     }
-}
-
-void MessageBoxUpdateDialogs::showPlain(QMessageBox::Icon icon, const QString& text,
-                                        const QString& informativeText)
-{
-    QMessageBox box(m_parent);
-    box.setIcon(icon);
-    box.setText(text);
-    box.setInformativeText(informativeText);
-    // Error descriptions are shown as they are, never as markup.
-    setDetailsFormat(box, Qt::PlainText);
-    QPushButton* button = box.addButton(u"OK"_s, QMessageBox::AcceptRole);
-    box.setDefaultButton(button);
-    box.setEscapeButton(button);
-    box.exec();
 }

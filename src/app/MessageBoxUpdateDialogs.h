@@ -1,30 +1,33 @@
 #pragma once
 
-#include "app/UpdateDialogs.h"
+#include "app/AppcastItem.h"
 
-#include <QMessageBox>
 #include <QPointer>
 #include <QProgressDialog>
-#include <QWidget>
+#include <functional>
 
-// Update check results as application-modal message boxes; the wait for the
-// feed as a small window the user can go on working beside.
-class MessageBoxUpdateDialogs : public UpdateDialogs
+// The outcomes of a user-initiated update check as application-modal message
+// boxes; the wait for the feed as a small window the user can go on working beside.
+class MessageBoxUpdateDialogs
 {
 public:
     explicit MessageBoxUpdateDialogs(QWidget* parent = nullptr);
-    ~MessageBoxUpdateDialogs() override;
+    MessageBoxUpdateDialogs(const MessageBoxUpdateDialogs&) = delete;
+    MessageBoxUpdateDialogs& operator=(const MessageBoxUpdateDialogs&) = delete;
+    ~MessageBoxUpdateDialogs();
 
-    void showUpToDate(const QString& currentVersion) override;
-    void showUpdateAvailable(const AppcastItem& item, const QString& currentVersion) override;
-    void showFailure(const QString& description) override;
-    void showNotConfigured() override;
-    void showChecking(std::function<void()> cancel) override;
-    void closeChecking() override;
+    void showUpToDate(const QString& currentVersion);
+    // Offers to open the item's download in the browser.
+    void showUpdateAvailable(const AppcastItem& item, const QString& currentVersion);
+    void showFailure(const QString& description);
+    // The build carries no feed address.
+    void showNotConfigured();
+    // One window, brought forward when it is open already. `cancel` runs when
+    // the user gives up waiting.
+    void showChecking(std::function<void()> cancel);
+    void closeChecking();
 
 private:
-    void showPlain(QMessageBox::Icon icon, const QString& text, const QString& informativeText);
-
     QPointer<QWidget> m_parent;
     QPointer<QProgressDialog> m_checking;
 };

@@ -18,19 +18,6 @@
 
 using namespace Qt::StringLiterals;
 
-namespace {
-
-constexpr QPoint kCascadeOffset{24, 24};
-
-QAction* separatorAction(QObject* parent)
-{
-    auto* separator = new QAction(parent);
-    separator->setSeparator(true);
-    return separator;
-}
-
-} // namespace
-
 StampixApp::StampixApp(QObject* parent) : QObject(parent)
 {
     // Qt's own texts (network errors, dialog buttons) in Dutch, as the rest of
@@ -62,21 +49,11 @@ MainWindow* StampixApp::openMainWindow()
     auto* window = new MainWindow(*m_settings, *m_productListViewModel);
     populateMenus(window);
     m_windows.removeAll(nullptr);
-    if (!m_windows.isEmpty() && m_windows.last())
-        window->move(m_windows.last()->pos() + kCascadeOffset);
+    if (!m_windows.isEmpty())
+        window->move(m_windows.last()->pos() + QPoint(24, 24)); // cascaded
     m_windows.append(window);
     window->show();
     return window;
-}
-
-QList<MainWindow*> StampixApp::mainWindows() const
-{
-    QList<MainWindow*> windows;
-    for (const QPointer<MainWindow>& window : m_windows) {
-        if (window)
-            windows.append(window);
-    }
-    return windows;
 }
 
 void StampixApp::createSharedObjects()
@@ -144,11 +121,6 @@ void StampixApp::createActions()
     m_about = addAction(u"About Stampix (v"_s + AppInfo::version() + u")"_s, {},
                         &StampixApp::openAboutWindow);
     m_about->setMenuRole(QAction::AboutRole);
-
-    m_quitSeparator = separatorAction(this);
-    m_printSeparator = separatorAction(this);
-    m_updatesSeparator = separatorAction(this);
-    m_previewSeparator = separatorAction(this);
 }
 
 void StampixApp::openSettingsWindow()
@@ -209,13 +181,17 @@ void StampixApp::checkForUpdates()
 
 void StampixApp::populateMenus(MainWindow* window) const
 {
+    const auto separator = [window] {
+        auto* action = new QAction(window);
+        action->setSeparator(true);
+        return action;
+    };
     window->menu(Menu::File)
-        ->addActions({m_newWindow, m_importSettings, m_exportSettings, m_quitSeparator, m_quit});
+        ->addActions({m_newWindow, m_importSettings, m_exportSettings, separator(), m_quit});
     window->menu(Menu::View)
-        ->addActions({m_refreshProducts, m_printSeparator, m_printSelectedLabel, m_previewSeparator,
-                      m_labelPreview});
-    window->menu(Menu::Settings)
-        ->addActions({m_openSettings, m_updatesSeparator, m_checkForUpdates});
+        ->addActions(
+            {m_refreshProducts, separator(), m_printSelectedLabel, separator(), m_labelPreview});
+    window->menu(Menu::Settings)->addActions({m_openSettings, separator(), m_checkForUpdates});
     window->menu(Menu::Help)->addAction(m_about);
 }
 
@@ -225,18 +201,18 @@ void StampixApp::updatePrintSelectedLabel()
                                      m_productListViewModel->selectedProduct().has_value());
 }
 
-MainWindow* StampixApp::previewTarget() const
+MainWindow* StampixApp::previewTarget()
 {
-    if (m_lastActiveWindow)
-        return m_lastActiveWindow;
-    const QList<MainWindow*> windows = mainWindows();
-    return windows.isEmpty() ? nullptr : windows.last();
+    m_windows.removeAll(nullptr);
+    if (!m_lastActiveWindow && !m_windows.isEmpty())
+        return m_windows.last();
+    return m_lastActiveWindow;
 }
 
 void StampixApp::followActiveWindow()
 {
-    for (MainWindow* window : mainWindows()) {
-        if (window->isActiveWindow())
+    for (const QPointer<MainWindow>& window : std::as_const(m_windows)) {
+        if (window && window->isActiveWindow())
             m_lastActiveWindow = window;
     }
     const MainWindow* target = previewTarget();

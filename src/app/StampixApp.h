@@ -34,26 +34,20 @@ public:
 
     // Creates the store and then the model the first time, then a new main window.
     MainWindow* openMainWindow();
-    QList<MainWindow*> mainWindows() const;
 
     // Null until the first window has been opened.
     AppSettings* settings() const { return m_settings.get(); }
     ProductListViewModel* productListViewModel() const { return m_productListViewModel.get(); }
-    UpdaterViewModel* updaterViewModel() const { return m_updaterViewModel.get(); }
     // Single-instance windows: null while closed.
     SettingsWindow* settingsWindow() const { return m_settingsWindow; }
     AboutWindow* aboutWindow() const { return m_aboutWindow; }
 
-    QAction* newWindowAction() const { return m_newWindow; }
-    QAction* quitAction() const { return m_quit; }
     QAction* refreshProductsAction() const { return m_refreshProducts; }
-    QAction* printSelectedLabelAction() const { return m_printSelectedLabel; }
     // Checkable: the label preview panel of the active product window.
     QAction* labelPreviewAction() const { return m_labelPreview; }
     QAction* importSettingsAction() const { return m_importSettings; }
     QAction* exportSettingsAction() const { return m_exportSettings; }
     QAction* settingsAction() const { return m_openSettings; }
-    QAction* checkForUpdatesAction() const { return m_checkForUpdates; }
     QAction* aboutAction() const { return m_about; }
 
     // Opens the window, or brings the open one to the front, restored.
@@ -74,7 +68,7 @@ private:
     void updatePrintSelectedLabel();
     void refreshProducts();
     void printSelectedLabel();
-    MainWindow* previewTarget() const;
+    MainWindow* previewTarget();
     void followActiveWindow();
     void showLabelPreview(bool shown);
     void saveBeforeQuit();
@@ -99,9 +93,4 @@ private:
     QAction* m_openSettings = nullptr;
     QAction* m_checkForUpdates = nullptr;
     QAction* m_about = nullptr;
-    // One separator per menu position, shared by all windows.
-    QAction* m_quitSeparator = nullptr;
-    QAction* m_printSeparator = nullptr;
-    QAction* m_updatesSeparator = nullptr;
-    QAction* m_previewSeparator = nullptr;
 };

@@ -1,7 +1,6 @@
 #pragma once
 
-#include "app/UpdateDialogs.h"
-#include "app/UpdateFeedClient.h"
+#include "app/MessageBoxUpdateDialogs.h"
 #include "services/Expected.h"
 
 #include <QCoro/QCoroTask>
@@ -14,6 +13,7 @@
 #ifdef STAMPIX_HAVE_SPARKLE
 class SparkleUpdater;
 #endif
+class QNetworkAccessManager;
 
 // Behind "Check for Updates...": fetches the update feed, compares the build
 // number of its newest release with the running build and tells the user the
@@ -32,7 +32,8 @@ public:
         QString currentBuild;
         // The running short version, shown to the user.
         QString displayVersion;
-        std::chrono::milliseconds timeout = UpdateFeedClient::kDefaultTimeout;
+        // For the whole fetch, however slowly the server sends.
+        std::chrono::milliseconds timeout{15000};
         // Whether the program also looks on its own when it starts, at most
         // once a day; such a check speaks up only when a newer version exists.
         bool checksAtStart = false;
@@ -43,10 +44,9 @@ public:
         static Configuration fromBuild();
     };
 
-    // The build's configuration and message boxes.
+    // The build's configuration (and Sparkle, where the build has it).
     explicit UpdaterViewModel(QObject* parent = nullptr);
-    UpdaterViewModel(Configuration configuration, std::unique_ptr<UpdateDialogs> dialogs,
-                     QObject* parent = nullptr);
+    explicit UpdaterViewModel(Configuration configuration, QObject* parent = nullptr);
     ~UpdaterViewModel() override;
 
     // A user-initiated check, with a window that shows the wait for the feed.
@@ -62,7 +62,6 @@ signals:
 
 private:
     void checkAtStartIfDue();
-    void showChecking();
     // Aborts the request; the check ends without a word.
     void cancelCheck();
     QCoro::Task<> runCheck();
@@ -70,8 +69,9 @@ private:
     void finishCheck();
 
     Configuration m_configuration;
-    std::unique_ptr<UpdateDialogs> m_dialogs;
-    UpdateFeedClient* m_feedClient;
+    MessageBoxUpdateDialogs m_dialogs;
+    // A child, so it and its replies go only after every QPointer to this has been cleared.
+    QNetworkAccessManager* m_manager;
     bool m_isChecking = false;
     // False while only the quiet check at start is running.
     bool m_isUserWaiting = false;

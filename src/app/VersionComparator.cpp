@@ -2,7 +2,6 @@
 
 #include <QList>
 #include <algorithm>
-#include <span>
 
 namespace {
 
@@ -11,8 +10,6 @@ struct Component
     bool isNumber = false;
     QStringView text;
 };
-
-using Components = std::span<const Component>;
 
 bool isDigit(QChar c)
 {
@@ -23,19 +20,14 @@ bool isDigit(QChar c)
 QList<Component> split(QStringView version)
 {
     QList<Component> components;
-    qsizetype index = 0;
-    while (index < version.size()) {
-        const QChar first = version[index];
-        if (!isDigit(first) && !first.isLetter()) {
-            ++index;
-            continue;
-        }
-        const bool number = isDigit(first);
-        const qsizetype start = index;
-        while (index < version.size() &&
-               (number ? isDigit(version[index]) : version[index].isLetter()))
-            ++index;
-        components.append({number, version.sliced(start, index - start)});
+    for (qsizetype index = 0; index < version.size();) {
+        const bool number = isDigit(version[index]);
+        qsizetype end = index;
+        while (end < version.size() && (number ? isDigit(version[end]) : version[end].isLetter()))
+            ++end;
+        if (end > index)
+            components.append({number, version.sliced(index, end - index)});
+        index = std::max(end, index + 1);
     }
     return components;
 }
@@ -52,70 +44,49 @@ std::strong_ordering compareNumbers(QStringView left, QStringView right)
     return left.compare(right) <=> 0;
 }
 
-std::strong_ordering compareComponents(const Component& left, const Component& right)
+// A component the other version lacks counts as a zero: neutral against zeros,
+// older against a further number and newer against a further tag.
+std::strong_ordering compareSequences(const QList<Component>& left, const QList<Component>& right)
 {
-    if (left.isNumber && right.isNumber)
-        return compareNumbers(left.text, right.text);
-    if (left.isNumber != right.isNumber)
-        return left.isNumber ? std::strong_ordering::greater : std::strong_ordering::less;
-    return left.text.compare(right.text, Qt::CaseInsensitive) <=> 0;
-}
-
-// How a component that the other version lacks weighs: zeros are neutral, a
-// further number makes its version newer, a further tag older.
-std::strong_ordering compareWithMissing(const Component& component)
-{
-    if (!component.isNumber)
-        return std::strong_ordering::less;
-    return compareNumbers(component.text, u"0");
-}
-
-std::strong_ordering compareSequences(Components left, Components right)
-{
-    const size_t count = std::max(left.size(), right.size());
-    for (size_t index = 0; index < count; ++index) {
-        std::strong_ordering order = std::strong_ordering::equal;
-        if (index < left.size() && index < right.size())
-            order = compareComponents(left[index], right[index]);
-        else if (index < left.size())
-            order = compareWithMissing(left[index]);
-        else
-            order = 0 <=> compareWithMissing(right[index]);
+    const Component zero{true, u"0"};
+    for (qsizetype index = 0; index < std::max(left.size(), right.size()); ++index) {
+        const Component& l = index < left.size() ? left[index] : zero;
+        const Component& r = index < right.size() ? right[index] : zero;
+        std::strong_ordering order = l.isNumber <=> r.isNumber;
+        if (l.isNumber && r.isNumber)
+            order = compareNumbers(l.text, r.text);
+        else if (l.isNumber == r.isNumber)
+            order = l.text.compare(r.text, Qt::CaseInsensitive) <=> 0;
         if (order != 0)
             return order;
     }
     return std::strong_ordering::equal;
 }
 
-// The leading numbers; everything from the first letters on is the
-// pre-release tag.
-size_t releaseLength(Components components)
+// The leading numbers; everything from the first letters on is the pre-release tag.
+qsizetype releaseLength(const QList<Component>& components)
 {
-    const auto tag = std::find_if(components.begin(), components.end(),
-                                  [](const Component& component) { return !component.isNumber; });
-    return size_t(tag - components.begin());
+    return std::find_if(components.cbegin(), components.cend(),
+                        [](const Component& component) { return !component.isNumber; }) -
+           components.cbegin();
 }
 
 } // namespace
 
 std::strong_ordering VersionComparator::compare(QStringView left, QStringView right)
 {
-    const QList<Component> leftList = split(left);
-    const QList<Component> rightList = split(right);
-    const Components leftAll(leftList.constData(), size_t(leftList.size()));
-    const Components rightAll(rightList.constData(), size_t(rightList.size()));
-    const size_t leftRelease = releaseLength(leftAll);
-    const size_t rightRelease = releaseLength(rightAll);
-
+    const QList<Component> leftAll = split(left);
+    const QList<Component> rightAll = split(right);
+    const qsizetype leftRelease = releaseLength(leftAll);
+    const qsizetype rightRelease = releaseLength(rightAll);
     const std::strong_ordering release =
         compareSequences(leftAll.first(leftRelease), rightAll.first(rightRelease));
     if (release != 0)
         return release;
-
     // Without a tag is the release itself, which comes after its pre-releases.
-    const Components leftTag = leftAll.subspan(leftRelease);
-    const Components rightTag = rightAll.subspan(rightRelease);
-    if (leftTag.empty() || rightTag.empty())
+    const QList<Component> leftTag = leftAll.sliced(leftRelease);
+    const QList<Component> rightTag = rightAll.sliced(rightRelease);
+    if (leftTag.isEmpty() || rightTag.isEmpty())
         return rightTag.size() <=> leftTag.size();
     return compareSequences(leftTag, rightTag);
 }

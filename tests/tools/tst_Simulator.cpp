@@ -4,12 +4,18 @@
 #include "SimulatorOptions.h"
 #include "TestHome.h"
 #include "VirtualPrinter.h"
+#include "app/StampixApp.h"
 #include "labelrender/LabelRenderer.h"
 #include "services/PrinterService.h"
 #include "services/PrinterStatusService.h"
+#include "viewmodels/ProductListViewModel.h"
+#include "views/main/ContentView.h"
+#include "views/main/PrintButton.h"
+#include "views/main/StatusBarView.h"
 
 #include <QDir>
 #include <QFile>
+#include <QLineEdit>
 #include <QSignalSpy>
 #include <QTcpSocket>
 #include <QTemporaryDir>
@@ -28,11 +34,10 @@ private slots:
     void options();
     void printers_data();
     void printers();
-    void jobs_data();
-    void jobs();
-    void serviceBoundsABody_data();
-    void serviceBoundsABody();
+    void rawExchanges_data();
+    void rawExchanges();
     void demoSettingsStayOutOfTheOwnHome();
+    void demoPrintsFromTheProductWindow();
 };
 
 void SimulatorTest::options_data()
@@ -68,26 +73,28 @@ void SimulatorTest::options()
 
 void SimulatorTest::printers_data()
 {
-    const QString silence =
-        u"Geen antwoord op de statusvraag: papier of lint op, kop open of te warm?"_s;
-    const QString unknown = u"Onbekend antwoord van de printer"_s;
     QTest::addColumn<QString>("state");
     QTest::addColumn<QString>("failure");
     QTest::addColumn<QString>("status");
     QTest::addColumn<QString>("sent"); // the start of the send's error; empty: printed
-    QTest::newRow("ready") << u"ready"_s << u"none"_s << u"Gereed"_s << QString();
-    QTest::newRow("paper-out") << u"paper-out"_s << u"none"_s << u"Papier op"_s << QString();
-    QTest::newRow("paused") << u"paused"_s << u"none"_s << u"Gepauzeerd"_s << QString();
-    QTest::newRow("buffer-full") << u"buffer-full"_s << u"none"_s << u"Ontvangstbuffer vol"_s
-                                 << QString();
-    QTest::newRow("head-open") << u"head-open"_s << u"none"_s << silence << QString();
-    QTest::newRow("ribbon-out") << u"ribbon-out"_s << u"none"_s << silence << QString();
-    QTest::newRow("refuse") << u"ready"_s << u"refuse"_s << u"Verbinding mislukt: "_s
-                            << u"Verbinding mislukt: "_s;
-    QTest::newRow("hang") << u"ready"_s << u"hang"_s << u"Verbinding time-out"_s
-                          << u"Verbinding time-out"_s;
-    QTest::newRow("drop") << u"ready"_s << u"drop"_s << unknown << u"Verzenden mislukt: "_s;
-    QTest::newRow("reset") << u"ready"_s << u"reset"_s << unknown << u"Verzenden mislukt: "_s;
+    const auto add = [](const char* state, const char* failure, const QString& status,
+                        const QString& sent = {}) {
+        QTest::addRow("%s %s", state, failure)
+            << QString::fromLatin1(state) << QString::fromLatin1(failure) << status << sent;
+    };
+    const QString silence =
+        u"Geen antwoord op de statusvraag: papier of lint op, kop open of te warm?"_s;
+    const QString unknown = u"Onbekend antwoord van de printer"_s;
+    add("ready", "none", u"Gereed"_s);
+    add("paper-out", "none", u"Papier op"_s);
+    add("paused", "none", u"Gepauzeerd"_s);
+    add("buffer-full", "none", u"Ontvangstbuffer vol"_s);
+    add("head-open", "none", silence);
+    add("ribbon-out", "none", silence);
+    add("ready", "refuse", u"Verbinding mislukt: "_s, u"Verbinding mislukt: "_s);
+    add("ready", "hang", u"Verbinding time-out"_s, u"Verbinding time-out"_s);
+    add("ready", "drop", unknown, u"Verzenden mislukt: "_s);
+    add("ready", "reset", unknown, u"Verzenden mislukt: "_s);
 }
 
 // Every state answers the status query as a printer does and still takes jobs,
@@ -121,90 +128,79 @@ void SimulatorTest::printers()
         return;
     QTRY_COMPARE(QDir(jobs.path()).entryList(QDir::Files),
                  (QStringList{u"job-000001.png"_s, u"job-000001.zpl"_s}));
-    QFile job(jobs.filePath(u"job-000001.zpl"_s));
-    QVERIFY(job.open(QIODevice::ReadOnly));
-    QCOMPARE(job.readAll(), "^XA^FD\xC3\xA9^FS^XZ");
+    QCOMPARE(TestHome::readFile(jobs.filePath(u"job-000001.zpl"_s)), "^XA^FD\xC3\xA9^FS^XZ");
     // Beside it, the label drawn from exactly those bytes.
     QCOMPARE(QImage(jobs.filePath(u"job-000001.png"_s)).convertToFormat(QImage::Format_RGB32),
              LabelRenderer().render(u"^XA^FD\u00e9^FS^XZ"_s).labels.value(0).image);
 }
 
-void SimulatorTest::jobs_data()
+void SimulatorTest::rawExchanges_data()
 {
+    QTest::addColumn<bool>("toService");
     QTest::addColumn<QByteArrayList>("reads"); // each written on its own, a moment apart
-    QTest::addColumn<int>("answers");
-    QTest::addColumn<QByteArray>("job"); // null: not kept
+    QTest::addColumn<QByteArray>("answer");    // the whole answer; from the service its start
+    QTest::addColumn<QByteArray>("job");       // null: not kept
     // A query is found wherever the reads split it, answered, and kept out of the job.
-    QTest::newRow("query in one read") << QByteArrayList{"^XA~HS^XZ"} << 1 << QByteArray("^XA^XZ");
+    const QByteArray status = VirtualPrinter::statusAnswer(VirtualPrinter::State::ready);
+    const QByteArray empty("^XA^XZ");
+    QTest::newRow("query in one read") << false << QByteArrayList{"^XA~HS^XZ"} << status << empty;
     QTest::newRow("query byte by byte")
-        << QByteArrayList{"^XA~", "H", "S^XZ"} << 1 << QByteArray("^XA^XZ");
+        << false << QByteArrayList{"^XA~", "H", "S^XZ"} << status << empty;
     QTest::newRow("query around another, split")
-        << QByteArrayList{"^XA~", "H~HSS^XZ"} << 2 << QByteArray("^XA^XZ");
+        << false << QByteArrayList{"^XA~", "H~HSS^XZ"} << status.repeated(2) << empty;
     const QByteArray bound(VirtualPrinter::kMaxJobBytes, 'x');
-    QTest::newRow("at the bound") << QByteArrayList{bound} << 0 << bound;
+    QTest::newRow("job at the bound") << false << QByteArrayList{bound} << QByteArray() << bound;
     // Past the bound the printer closes the connection itself.
-    QTest::newRow("past the bound") << QByteArrayList{bound + 'x'} << 0 << QByteArray();
+    QTest::newRow("job past the bound")
+        << false << QByteArrayList{bound + 'x'} << QByteArray() << QByteArray();
+    // A body the service would not take is refused at once, not waited for.
+    const QByteArray post = "POST /product HTTP/1.1\r\nContent-Length: ";
+    QTest::newRow("body within 1 MiB") << true << QByteArrayList{post + "2\r\n\r\n{}"}
+                                       << QByteArray("HTTP/1.1 405 ") << QByteArray();
+    QTest::newRow("body past 1 MiB") << true << QByteArrayList{post + "1048577\r\n\r\n"}
+                                     << QByteArray("HTTP/1.1 413 ") << QByteArray();
+    QTest::newRow("body past any number")
+        << true << QByteArrayList{post + "99999999999999999999\r\n\r\n"}
+        << QByteArray("HTTP/1.1 400 ") << QByteArray();
 }
 
-void SimulatorTest::jobs()
+void SimulatorTest::rawExchanges()
 {
+    QFETCH(bool, toService);
     QFETCH(QByteArrayList, reads);
-    QFETCH(int, answers);
+    QFETCH(QByteArray, answer);
     QFETCH(QByteArray, job);
     QTemporaryDir jobs;
     VirtualPrinter printer(u"P"_s, jobs.path());
+    SimulatedProductService service(ProductCatalogue(1), u"k"_s);
     QString error;
-    QVERIFY2(printer.start(0, &error), qPrintable(error));
+    QVERIFY2(printer.start(0, &error) && service.listen(), qPrintable(error));
     QSignalSpy written(&printer, &VirtualPrinter::jobWritten);
     QSignalSpy notWritten(&printer, &VirtualPrinter::jobNotWritten);
     QTcpSocket client;
-    client.connectToHost(QHostAddress::LocalHost, printer.port());
+    QByteArray received;
+    connect(&client, &QTcpSocket::readyRead, this, [&] { received += client.readAll(); });
+    client.connectToHost(QHostAddress::LocalHost, toService ? service.port() : printer.port());
     QVERIFY(client.waitForConnected(5000));
     for (const QByteArray& read : std::as_const(reads)) {
         client.write(read);
         client.waitForBytesWritten(5000);
         QTest::qWait(20);
     }
-    const QByteArray answer = VirtualPrinter::statusAnswer(VirtualPrinter::State::ready);
-    QTRY_VERIFY(client.bytesAvailable() >= answer.size() * answers);
+    QTRY_VERIFY(received.size() >= answer.size());
     QTest::qWait(20);
-    QCOMPARE(client.readAll(), answer.repeated(answers));
+    QVERIFY2(toService ? received.startsWith(answer) : received == answer, received.constData());
     if (!job.isNull())
         client.disconnectFromHost();
     QTRY_COMPARE_WITH_TIMEOUT(client.state(), QAbstractSocket::UnconnectedState, 10000);
+    if (toService)
+        return;
     QTRY_COMPARE(written.size() + notWritten.size(), 1);
     QCOMPARE(written.size(), job.isNull() ? 0 : 1);
     if (job.isNull())
         QVERIFY(QDir(jobs.path()).isEmpty());
     else
         QCOMPARE(written.at(0).at(1).toByteArray(), job);
-}
-
-void SimulatorTest::serviceBoundsABody_data()
-{
-    QTest::addColumn<QByteArray>("request");
-    QTest::addColumn<QByteArray>("status");
-    const QByteArray start = "POST /product HTTP/1.1\r\nContent-Length: ";
-    QTest::newRow("within 1 MiB") << start + "2\r\n\r\n{}" << QByteArray("405");
-    QTest::newRow("past 1 MiB") << start + "1048577\r\n\r\n" << QByteArray("413");
-    QTest::newRow("past any number") << start + "99999999999999999999\r\n\r\n" << QByteArray("400");
-}
-
-// A body the service would not take is refused at once, not waited for.
-void SimulatorTest::serviceBoundsABody()
-{
-    QFETCH(QByteArray, request);
-    QFETCH(QByteArray, status);
-    SimulatedProductService service(ProductCatalogue(1), u"k"_s);
-    QVERIFY(service.listen());
-    QTcpSocket client;
-    QByteArray answer;
-    connect(&client, &QTcpSocket::readyRead, this, [&] { answer += client.readAll(); });
-    client.connectToHost(QHostAddress::LocalHost, service.port());
-    QVERIFY(client.waitForConnected(5000));
-    client.write(request);
-    QTRY_COMPARE_WITH_TIMEOUT(client.state(), QAbstractSocket::UnconnectedState, 5000);
-    QVERIFY2(answer.startsWith("HTTP/1.1 " + status + ' '), answer.constData());
 }
 
 void SimulatorTest::demoSettingsStayOutOfTheOwnHome()
@@ -216,6 +212,53 @@ void SimulatorTest::demoSettingsStayOutOfTheOwnHome()
          {own, own + u'/', own + u"/."_s, own + u"/../"_s + QDir(own).dirName(), QString()})
         QVERIFY2(DemoHome::write(spelling, u"k"_s, 9100), qPrintable(spelling));
     QVERIFY(!QFile::exists(home.settingsFilePath()));
+}
+
+// The demo as a user runs it: its settings, the application's window against
+// the simulator's service, two products ticked, quantity 2 typed and
+// "Start afdrukken" pressed; the printer's folder holds the four labels.
+void SimulatorTest::demoPrintsFromTheProductWindow()
+{
+    QTemporaryDir jobs;
+    SimulatedProductService service(ProductCatalogue(), u"demo-sleutel"_s);
+    QVERIFY(service.listen());
+    VirtualPrinter printer(u"Virtual printer 1"_s, jobs.filePath(u"printer-1"_s));
+    QString error;
+    QVERIFY2(printer.start(0, &error), qPrintable(error));
+    TestHome home;
+    QVERIFY(home.writeSettingsFile(DemoHome::settingsDocument(u"demo-sleutel"_s, printer.port())));
+
+    StampixApp app(service.baseUrl());
+    StatusBarView* statusBar = app.openMainWindow()->contentView()->statusBar();
+    ProductListViewModel& model = *app.productListViewModel();
+    QTRY_COMPARE_WITH_TIMEOUT(model.products().size(), qsizetype(300), 5000);
+    QCOMPARE(model.products(), service.catalogue().page(0, ProductListViewModel::kPageLimit));
+    // An accented name, and a product without a price; ticked in reverse order,
+    // printed in the service's order.
+    const Product withoutPrice = service.catalogue().product(19);
+    const Product accented = service.catalogue().product(2);
+    QVERIFY(!withoutPrice.SellPrice1WithVat && accented.Name->contains(u'è'));
+    model.toggleChecked(withoutPrice);
+    model.toggleChecked(accented);
+    QTRY_VERIFY(statusBar->printControls()->isVisible());
+    statusBar->quantityField()->selectAll();
+    QTest::keyClicks(statusBar->quantityField(), u"2"_s);
+    QTest::keyClick(statusBar->quantityField(), Qt::Key_Return);
+    QTest::mouseClick(statusBar->printButton(), Qt::LeftButton);
+
+    const QDir folder(printer.jobDirectory(), u"*.zpl"_s); // a picture lies beside each
+    QTRY_COMPARE_WITH_TIMEOUT(folder.entryList(QDir::Files).size(), 4, 5000);
+    // The default label, written out by hand.
+    const auto label = [](const Product& product, const QString& price) {
+        return (u"^XA\n^FO50,50^A0N,50,50^FD"_s + product.sku() + u"^FS\n^FO50,120^A0N,40,40^FD"_s +
+                *product.Name + u"^FS\n^FO50,180^A0N,35,35^FDE "_s + price + u"^FS\n^XZ"_s)
+            .toUtf8();
+    };
+    const QByteArray first = label(accented, QString::number(*accented.SellPrice1WithVat, 'f', 2));
+    const QList<QByteArray> expected{first, first, label(withoutPrice, u"-"_s),
+                                     label(withoutPrice, u"-"_s)};
+    for (int i = 0; i < expected.size(); ++i)
+        QCOMPARE(TestHome::readFile(folder.filePath(u"job-00000%1.zpl"_s.arg(i + 1))), expected[i]);
 }
 
 QTEST_MAIN(SimulatorTest)

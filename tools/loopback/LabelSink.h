@@ -1,6 +1,7 @@
 #pragma once
 
 #include <QByteArray>
+#include <QHash>
 #include <QHostAddress>
 #include <QList>
 #include <QObject>
@@ -55,8 +56,22 @@ signals:
     void jobTooLarge();
 
 private:
+    // One accepted connection; the sink's settings at accept time hold for all of it.
+    struct Connection
+    {
+        Behaviour behaviour;
+        std::optional<QByteArray> statusAnswer;
+        qint64 maxJobBytes;
+        QByteArray received;
+        bool dropped = false;
+        bool queried = false;
+    };
+
     void acceptPending();
-    void recordJob(const QByteArray& job);
+    void read(QTcpSocket* socket, qint64 maxBytes);
+    void answerStatusQueries(QTcpSocket* socket, Connection& connection, qsizetype newFrom);
+    void drop(QTcpSocket* socket, bool reset = false);
+    void finish(QTcpSocket* socket);
 
     QTcpServer m_server;
     Behaviour m_behaviour = Behaviour::normal;
@@ -65,4 +80,5 @@ private:
     qint64 m_maxJobBytes = qint64(64) * 1024 * 1024;
     QList<QByteArray> m_jobs;
     int m_connectionCount = 0;
+    QHash<QTcpSocket*, Connection> m_connections;
 };

@@ -1,13 +1,10 @@
 #include "LoopbackHttpConnection.h"
 
+#include <QHash>
 #include <QList>
 #include <QTcpSocket>
 #include <algorithm>
 #include <utility>
-
-#ifdef Q_OS_UNIX
-#include <sys/socket.h>
-#endif
 
 namespace {
 
@@ -15,44 +12,18 @@ constexpr qsizetype kMaxHeaderBytes = 64 * 1024;
 constexpr qint64 kMaxBodyBytes = 1024 * 1024;
 constexpr qint64 kStreamChunk = 1024 * 1024;
 constexpr QByteArrayView kHeaderEnd = "\r\n\r\n";
-constexpr std::chrono::milliseconds kResetDelay{50};
 
-QByteArray reasonPhrase(int status)
-{
-    switch (status) {
-    case 200:
-        return "OK";
-    case 204:
-        return "No Content";
-    case 301:
-        return "Moved Permanently";
-    case 302:
-        return "Found";
-    case 307:
-        return "Temporary Redirect";
-    case 400:
-        return "Bad Request";
-    case 401:
-        return "Unauthorized";
-    case 403:
-        return "Forbidden";
-    case 404:
-        return "Not Found";
-    case 413:
-        return "Payload Too Large";
-    case 500:
-        return "Internal Server Error";
-    default:
-        return "Status";
-    }
-}
-
-bool hasHeader(const LoopbackHttpServer::HeaderList& headers, QByteArrayView name)
-{
-    return std::any_of(headers.cbegin(), headers.cend(), [&](const auto& entry) {
-        return entry.first.compare(name, Qt::CaseInsensitive) == 0;
-    });
-}
+const QHash<int, QByteArray> kReasonPhrases{{200, "OK"},
+                                            {204, "No Content"},
+                                            {301, "Moved Permanently"},
+                                            {302, "Found"},
+                                            {307, "Temporary Redirect"},
+                                            {400, "Bad Request"},
+                                            {401, "Unauthorized"},
+                                            {403, "Forbidden"},
+                                            {404, "Not Found"},
+                                            {413, "Payload Too Large"},
+                                            {500, "Internal Server Error"}};
 
 } // namespace
 
@@ -151,10 +122,12 @@ void LoopbackHttpConnection::reject(int status)
 QByteArray LoopbackHttpConnection::headerBlock(const Response& response, qint64 contentLength) const
 {
     QByteArray block = "HTTP/1.1 " + QByteArray::number(response.status) + ' ' +
-                       reasonPhrase(response.status) + "\r\n";
+                       kReasonPhrases.value(response.status, "Status") + "\r\n";
     for (const auto& [name, value] : response.headers)
         block += name + ": " + value + "\r\n";
-    if (contentLength >= 0 && !hasHeader(response.headers, "Content-Length"))
+    Request declared;
+    declared.headers = response.headers;
+    if (contentLength >= 0 && !declared.hasHeader("Content-Length"))
         block += "Content-Length: " + QByteArray::number(contentLength) + "\r\n";
     block += "Connection: close\r\n\r\n";
     return block;
@@ -182,11 +155,6 @@ void LoopbackHttpConnection::answer(const Response& response)
     case Mode::raw:
         m_socket->write(response.body);
         finishAnswer();
-        return;
-    case Mode::rawReset:
-        m_socket->write(response.body);
-        // Late enough for the client to have read what was written.
-        QTimer::singleShot(kResetDelay, this, &LoopbackHttpConnection::reset);
         return;
     case Mode::stream:
         m_socket->write(headerBlock(response, -1));
@@ -223,15 +191,4 @@ void LoopbackHttpConnection::finishAnswer()
 {
     // Closes once everything queued has been written.
     m_socket->disconnectFromHost();
-}
-
-void LoopbackHttpConnection::reset()
-{
-#ifdef Q_OS_UNIX
-    // Linger with a zero time-out turns the close into a reset (RST), not a FIN.
-    const linger abortive{1, 0};
-    ::setsockopt(static_cast<int>(m_socket->socketDescriptor()), SOL_SOCKET, SO_LINGER, &abortive,
-                 sizeof(abortive));
-#endif
-    m_socket->abort();
 }

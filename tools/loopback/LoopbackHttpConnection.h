@@ -31,7 +31,6 @@ private:
     void trickleNext();
     void streamMore();
     void finishAnswer();
-    void reset();
 
     QTcpSocket* m_socket;
     Responder m_responder;

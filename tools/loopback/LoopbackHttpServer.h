@@ -48,7 +48,6 @@ public:
             truncated,   // announce declaredLength bytes, send the body, close
             stream,      // no Content-Length: streamLength filler bytes, then close
             raw,         // the body as the whole answer, no status or headers, then close
-            rawReset,    // the body as the whole answer, then a reset instead of a close
         };
 
         int status = 200;

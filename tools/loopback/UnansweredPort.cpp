@@ -31,6 +31,25 @@ QString systemError(const char* what)
     return u"%1: %2"_s.arg(QString::fromLatin1(what), QString::fromLocal8Bit(std::strerror(errno)));
 }
 
+// Connects until one attempt is left hanging: from then on the queue is full.
+bool fillQueue(quint16 port, QList<int>& fillers)
+{
+    const sockaddr_in address = loopback(port);
+    for (int i = 0; i < kMaxFillers; ++i) {
+        const int filler = ::socket(AF_INET, SOCK_STREAM, 0);
+        if (filler < 0)
+            return false;
+        fillers.append(filler);
+        ::fcntl(filler, F_SETFL, ::fcntl(filler, F_GETFL) | O_NONBLOCK);
+        if (::connect(filler, reinterpret_cast<const sockaddr*>(&address), sizeof(address)) == 0)
+            continue;
+        pollfd waiting{filler, POLLOUT, 0};
+        if (::poll(&waiting, 1, kConnectWaitMs) == 0)
+            return true;
+    }
+    return false;
+}
+
 } // namespace
 
 UnansweredPort::~UnansweredPort()
@@ -58,31 +77,12 @@ bool UnansweredPort::open(quint16 port, QString* error)
         return false;
     }
     m_port = ntohs(address.sin_port);
-    if (!fillQueue()) {
+    if (!fillQueue(m_port, m_fillers)) {
         *error = u"the accept queue of port %1 could not be filled"_s.arg(m_port);
         closeAll();
         return false;
     }
     return true;
-}
-
-// Connects until one attempt is left hanging: from then on the queue is full.
-bool UnansweredPort::fillQueue()
-{
-    const sockaddr_in address = loopback(m_port);
-    for (int i = 0; i < kMaxFillers; ++i) {
-        const int filler = ::socket(AF_INET, SOCK_STREAM, 0);
-        if (filler < 0)
-            return false;
-        m_fillers.append(filler);
-        ::fcntl(filler, F_SETFL, ::fcntl(filler, F_GETFL) | O_NONBLOCK);
-        if (::connect(filler, reinterpret_cast<const sockaddr*>(&address), sizeof(address)) == 0)
-            continue;
-        pollfd waiting{filler, POLLOUT, 0};
-        if (::poll(&waiting, 1, kConnectWaitMs) == 0)
-            return true;
-    }
-    return false;
 }
 
 void UnansweredPort::closeAll()
@@ -105,11 +105,6 @@ UnansweredPort::~UnansweredPort() = default;
 bool UnansweredPort::open(quint16, QString* error)
 {
     *error = QStringLiteral("a silent port needs POSIX sockets");
-    return false;
-}
-
-bool UnansweredPort::fillQueue()
-{
     return false;
 }
 

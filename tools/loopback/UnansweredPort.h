@@ -20,7 +20,6 @@ public:
     quint16 port() const { return m_port; }
 
 private:
-    bool fillQueue();
     void closeAll();
 
     int m_listener = -1;

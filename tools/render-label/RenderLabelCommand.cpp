@@ -86,48 +86,6 @@ struct Output
     bool placed = false;
 };
 
-// A new, empty file with a name of its own beside `target`.
-QString reserveBeside(const QString& target)
-{
-    QTemporaryFile file(target + u".XXXXXX"_s);
-    file.setAutoRemove(false);
-    if (!file.open())
-        throw Failure{cannotWrite(target, file.errorString())};
-    return file.fileName();
-}
-
-void writeFresh(Output& output, const QImage& image)
-{
-    output.fresh = reserveBeside(output.target);
-    QFile file(output.fresh);
-    if (!file.open(QIODevice::WriteOnly) || !image.save(&file, "PNG") || !file.flush())
-        throw Failure{cannotWrite(output.target, file.errorString())};
-    file.close();
-    if (file.error() != QFileDevice::NoError)
-        throw Failure{cannotWrite(output.target, file.errorString())};
-}
-
-void moveAside(Output& output)
-{
-    if (!QFileInfo(output.target).isFile())
-        return;
-    // QFile::rename never replaces a file, so the reserved name is freed first.
-    const QString backup = reserveBeside(output.target);
-    QFile::remove(backup);
-    QFile earlier(output.target);
-    if (!earlier.rename(backup))
-        throw Failure{cannotWrite(output.target, earlier.errorString())};
-    output.backup = backup;
-}
-
-void place(Output& output)
-{
-    QFile fresh(output.fresh);
-    if (!fresh.rename(output.target))
-        throw Failure{cannotWrite(output.target, fresh.errorString())};
-    output.placed = true;
-}
-
 // Leaves the outputs as they were before the run.
 void rollBack(const QList<Output>& outputs, QTextStream& errors)
 {
@@ -147,13 +105,39 @@ void writePngs(const QList<RenderedLabel>& labels, const QString& output, QTextS
     QList<Output> outputs;
     try {
         for (qsizetype i = 0; i < labels.size(); ++i) {
-            outputs.append(Output{outputName(output, i), {}, {}, false});
-            writeFresh(outputs.last(), labels.at(i).image);
+            Output& each = outputs.emplaceBack(Output{outputName(output, i), {}, {}, false});
+            QTemporaryFile fresh(each.target + u".XXXXXX"_s);
+            fresh.setAutoRemove(false);
+            if (fresh.open())
+                each.fresh = fresh.fileName();
+            const bool written =
+                fresh.isOpen() && labels.at(i).image.save(&fresh, "PNG") && fresh.flush();
+            fresh.close();
+            if (!written || fresh.error() != QFileDevice::NoError)
+                throw Failure{cannotWrite(each.target, fresh.errorString())};
         }
-        for (Output& each : outputs)
-            moveAside(each);
-        for (Output& each : outputs)
-            place(each);
+        for (Output& each : outputs) {
+            if (!QFileInfo(each.target).isFile())
+                continue;
+            // QFile::rename never replaces a file, so the reserved name is freed first.
+            QTemporaryFile aside(each.target + u".XXXXXX"_s);
+            aside.setAutoRemove(false);
+            if (!aside.open())
+                throw Failure{cannotWrite(each.target, aside.errorString())};
+            const QString backup = aside.fileName();
+            aside.close();
+            QFile::remove(backup);
+            QFile earlier(each.target);
+            if (!earlier.rename(backup))
+                throw Failure{cannotWrite(each.target, earlier.errorString())};
+            each.backup = backup;
+        }
+        for (Output& each : outputs) {
+            QFile fresh(each.fresh);
+            if (!fresh.rename(each.target))
+                throw Failure{cannotWrite(each.target, fresh.errorString())};
+            each.placed = true;
+        }
     } catch (const Failure&) {
         rollBack(outputs, errors);
         throw;

@@ -1,15 +1,21 @@
-#include "MainWindowShots.h"
+#include "ScreenshotFolder.h"
 #include "views/common/AppInfo.h"
 #include "views/common/SymbolIcons.h"
 #include "views/common/Theme.h"
 
 #include <QApplication>
+#include <QDir>
+#include <QLibraryInfo>
+#include <QStyleFactory>
+#include <QTranslator>
+#include <cstdio>
 
 using namespace Qt::StringLiterals;
 
-void renderSettingsShots(const QString& outDir);
-void renderFileDialogShots(const QString& outDir);
-void renderUpdateCheckShot(const QString& outDir);
+void renderMainWindowShots(ScreenshotFolder& folder);
+void renderSettingsShots(ScreenshotFolder& folder);
+void renderFileDialogShots(ScreenshotFolder& folder);
+void renderUpdateCheckShot(ScreenshotFolder& folder);
 
 // Renders every state of the product window, the settings window and the
 // About window and the settings file dialogs to PNG files, without a desktop:
@@ -22,15 +28,24 @@ int main(int argc, char* argv[])
     QApplication::setApplicationName(u"Stampix"_s);
     QApplication::setApplicationVersion(AppInfo::version());
     QApplication::setWindowIcon(SymbolIcons::appIcon());
+    QApplication::setStyle(QStyleFactory::create(u"Fusion"_s));
     Theme theme(application);
+    // Qt's own texts in Dutch for all pictures, as the program shows them.
+    QTranslator qtTexts;
+    if (qtTexts.load(u"qtbase_nl"_s, QLibraryInfo::path(QLibraryInfo::TranslationsPath)))
+        QApplication::installTranslator(&qtTexts);
 
     const QStringList arguments = QApplication::arguments();
     const QString output =
         arguments.size() > 1 ? arguments.at(1) : QString::fromUtf8(STAMPIX_SCREENSHOT_DIR);
-    MainWindowShots shots(output);
-    const int failures = shots.run();
-    renderSettingsShots(output);
-    renderFileDialogShots(output);
-    renderUpdateCheckShot(output);
-    return failures == 0 ? 0 : 1;
+    if (!QDir().mkpath(output)) {
+        std::fprintf(stderr, "cannot create %s\n", qPrintable(output));
+        return 1;
+    }
+    ScreenshotFolder folder(output);
+    renderMainWindowShots(folder);
+    renderSettingsShots(folder);
+    renderFileDialogShots(folder);
+    renderUpdateCheckShot(folder);
+    return folder.failures() == 0 ? 0 : 1;
 }

@@ -81,27 +81,19 @@ constexpr qsizetype kInactiveAt = 11;
 constexpr qsizetype kItemsPerCompany = 100000;
 constexpr qsizetype kFirstCompany = 12345;
 
-qsizetype positionInCategory(qsizetype article)
-{
-    const QStringView category = kArticles[article].category;
-    return std::count_if(std::begin(kArticles), std::begin(kArticles) + article,
-                         [&](const Article& a) { return a.category == category; });
-}
-
-qsizetype articlesInCategory(QStringView category)
-{
-    return std::count_if(std::begin(kArticles), std::end(kArticles),
-                         [&](const Article& a) { return a.category == category; });
-}
-
 QString articleNumber(qsizetype index)
 {
     const qsizetype article = index % kArticleCount;
-    const qsizetype round = index / kArticleCount;
-    const Article& a = kArticles[article];
-    const qsizetype number =
-        round * articlesInCategory(a.category) + positionInCategory(article) + 1;
-    return a.category.toString() + u'-' + QString::number(number);
+    const QStringView category = kArticles[article].category;
+    const auto inCategory = [category](const Article& a) {
+        return a.category == category;
+    };
+    const qsizetype position =
+        std::count_if(std::begin(kArticles), std::begin(kArticles) + article, inCategory);
+    const qsizetype perRound =
+        std::count_if(std::begin(kArticles), std::end(kArticles), inCategory);
+    return category.toString() + u'-' +
+           QString::number(index / kArticleCount * perRound + position + 1);
 }
 
 QString barcode(qsizetype index)

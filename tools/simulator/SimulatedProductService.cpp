@@ -4,7 +4,6 @@
 #include <QJsonDocument>
 #include <QJsonObject>
 #include <QUrlQuery>
-#include <array>
 #include <utility>
 
 using namespace Qt::StringLiterals;
@@ -12,15 +11,11 @@ using namespace Qt::StringLiterals;
 namespace {
 
 using Failure = SimulatedProductService::Failure;
-using Response = SimulatedProductService::Response;
+using Response = LoopbackHttpServer::Response;
 
-constexpr std::array<std::pair<Failure, QStringView>, 5> kFailureNames{{
-    {Failure::none, u"none"},
-    {Failure::serverError, u"http-500"},
-    {Failure::hang, u"hang"},
-    {Failure::invalidJson, u"invalid-json"},
-    {Failure::errorText, u"error-text"},
-}};
+// In the order of the enum.
+const QStringList kFailureNames{u"none"_s, u"http-500"_s, u"hang"_s, u"invalid-json"_s,
+                                u"error-text"_s};
 
 Response errorResponse(int status, const QString& message)
 {
@@ -45,28 +40,18 @@ std::optional<qint64> queryNumber(const QUrlQuery& query, const QString& key)
 std::optional<SimulatedProductService::Failure>
 SimulatedProductService::failureFromName(QStringView name)
 {
-    for (const auto& [failure, failureName] : kFailureNames) {
-        if (failureName == name)
-            return failure;
-    }
-    return std::nullopt;
+    const qsizetype index = kFailureNames.indexOf(name);
+    return index < 0 ? std::nullopt : std::optional(Failure(index));
 }
 
 QStringList SimulatedProductService::failureNames()
 {
-    QStringList names;
-    for (const auto& entry : kFailureNames)
-        names.append(entry.second.toString());
-    return names;
+    return kFailureNames;
 }
 
 QString SimulatedProductService::failureName(Failure failure)
 {
-    for (const auto& [candidate, name] : kFailureNames) {
-        if (candidate == failure)
-            return name.toString();
-    }
-    return {};
+    return kFailureNames.value(qsizetype(failure));
 }
 
 SimulatedProductService::SimulatedProductService(ProductCatalogue catalogue, QString apiKey,
@@ -93,13 +78,6 @@ SimulatedProductService::Response SimulatedProductService::answerAndLog(const Re
     emit requestAnswered(summary);
     answered.response.delay = m_delay;
     return answered.response;
-}
-
-SimulatedProductService::Response SimulatedProductService::respond(const Request& request) const
-{
-    Response response = answer(request).response;
-    response.delay = m_delay;
-    return response;
 }
 
 SimulatedProductService::Answer SimulatedProductService::answer(const Request& request) const

@@ -45,16 +45,13 @@ public:
 
     const ProductCatalogue& catalogue() const { return m_catalogue; }
 
-    using Request = LoopbackHttpServer::Request;
-    using Response = LoopbackHttpServer::Response;
-    // The answer the server gives, delay included.
-    Response respond(const Request& request) const;
-
 signals:
     // One line per request: what was asked and how it was answered.
     void requestAnswered(const QString& summary);
 
 private:
+    using Request = LoopbackHttpServer::Request;
+    using Response = LoopbackHttpServer::Response;
     struct Answer
     {
         Response response;

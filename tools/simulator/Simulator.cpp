@@ -7,6 +7,18 @@
 
 using namespace Qt::StringLiterals;
 
+namespace {
+
+QString jobLine(const QString& printerName, const QString& filePath, const QByteArray& job)
+{
+    const QString field = VirtualPrinter::firstFieldData(job);
+    return u"%1  %2 bytes  %3  %4"_s.arg(printerName)
+        .arg(job.size())
+        .arg(field.isEmpty() ? u"(no ^FD field)"_s : u'"' + field + u'"', filePath);
+}
+
+} // namespace
+
 Simulator::Simulator(const SimulatorOptions& options, QObject* parent)
     : QObject(parent), m_options(options),
       m_service(ProductCatalogue(options.productCount), options.apiKey)
@@ -73,15 +85,6 @@ bool Simulator::startPrinters(QString* error)
         m_printers.append(printer);
     }
     return true;
-}
-
-QString Simulator::jobLine(const QString& printerName, const QString& filePath,
-                           const QByteArray& job)
-{
-    const QString field = VirtualPrinter::firstFieldData(job);
-    return u"%1  %2 bytes  %3  %4"_s.arg(printerName)
-        .arg(job.size())
-        .arg(field.isEmpty() ? u"(no ^FD field)"_s : u'"' + field + u'"', filePath);
 }
 
 void Simulator::log(const QString& text)

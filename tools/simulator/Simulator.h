@@ -23,12 +23,6 @@ public:
     // the reason in `error` when anything could not be started.
     bool start(QString* error);
 
-    SimulatedProductService& service() { return m_service; }
-    const QList<VirtualPrinter*>& printers() const { return m_printers; }
-
-    static QString jobLine(const QString& printerName, const QString& filePath,
-                           const QByteArray& job);
-
 signals:
     // One line of the log, already time-stamped.
     void message(const QString& line);

@@ -58,15 +58,6 @@ struct Parser
     }
 };
 
-std::optional<qint64> number(const QString& text, qint64 lowest, qint64 highest)
-{
-    bool ok = false;
-    const qint64 value = text.toLongLong(&ok);
-    if (!ok || value < lowest || value > highest)
-        return std::nullopt;
-    return value;
-}
-
 } // namespace
 
 SimulatorOptions::Outcome SimulatorOptions::parse(const QStringList& arguments,
@@ -86,54 +77,53 @@ SimulatorOptions::Outcome SimulatorOptions::parse(const QStringList& arguments,
         return Outcome::error;
     }
 
-    const auto servicePort = number(p.parser.value(p.servicePort), 0, 65535);
-    const auto printerCount = number(p.parser.value(p.printers), 1, kMaxPrinters);
-    const auto printerPort = number(p.parser.value(p.printerPort), 0, 65535);
-    const auto products = number(p.parser.value(p.products), 0, kMaxProducts);
-    const auto delay = number(p.parser.value(p.delay), 0, 3'600'000);
+    // The first value out of bounds is the one the message names.
+    const auto number = [&](const QCommandLineOption& option, const char* unit, qint64 lowest,
+                            qint64 highest) {
+        bool ok = false;
+        const qint64 value = p.parser.value(option).toLongLong(&ok);
+        if ((!ok || value < lowest || value > highest) && message->isEmpty())
+            *message = u"--%1 takes %2 from %3 to %4"_s
+                           .arg(option.names().constFirst(), QString::fromLatin1(unit))
+                           .arg(lowest)
+                           .arg(highest);
+        return value;
+    };
+    const auto oneOf = [&](const QCommandLineOption& option, bool known, const QStringList& names) {
+        if (!known && message->isEmpty())
+            *message =
+                u"--%1 takes one of: %2"_s.arg(option.names().constFirst(), names.join(u", "_s));
+    };
+    message->clear();
+    const qint64 servicePort = number(p.servicePort, "a port", 0, 65535);
+    const qint64 printerPort = number(p.printerPort, "a port", 0, 65535);
+    const qint64 printerCount = number(p.printers, "a count", 1, kMaxPrinters);
+    if (message->isEmpty() && printerPort != 0 && printerPort + printerCount - 1 > 65535)
+        *message = u"the printers' ports would pass 65535"_s;
+    const qint64 products = number(p.products, "a count", 0, kMaxProducts);
+    const qint64 delay = number(p.delay, "milliseconds", 0, 3'600'000);
     const auto serviceFailure =
         SimulatedProductService::failureFromName(p.parser.value(p.serviceFailure));
+    oneOf(p.serviceFailure, serviceFailure.has_value(), SimulatedProductService::failureNames());
     const auto printerFailure = VirtualPrinter::failureFromName(p.parser.value(p.printerFailure));
+    oneOf(p.printerFailure, printerFailure.has_value(), VirtualPrinter::failureNames());
     const auto printerState = VirtualPrinter::stateFromName(p.parser.value(p.printerState));
+    oneOf(p.printerState, printerState.has_value(), VirtualPrinter::stateNames());
     const QString apiKey = p.parser.value(p.apiKey);
-
-    if (!servicePort)
-        *message = u"--service-port takes a port from 0 to 65535"_s;
-    else if (!printerPort)
-        *message = u"--printer-port takes a port from 0 to 65535"_s;
-    else if (!printerCount)
-        *message = u"--printers takes a count from 1 to %1"_s.arg(kMaxPrinters);
-    else if (*printerPort != 0 && *printerPort + *printerCount - 1 > 65535)
-        *message = u"the printers' ports would pass 65535"_s;
-    else if (!products)
-        *message = u"--products takes a count from 0 to %1"_s.arg(kMaxProducts);
-    else if (!delay)
-        *message = u"--delay takes milliseconds from 0 to 3600000"_s;
-    else if (!serviceFailure)
-        *message = u"--service-failure takes one of: %1"_s.arg(
-            SimulatedProductService::failureNames().join(u", "_s));
-    else if (!printerFailure)
-        *message = u"--printer-failure takes one of: %1"_s.arg(
-            VirtualPrinter::failureNames().join(u", "_s));
-    else if (!printerState)
-        *message =
-            u"--printer-state takes one of: %1"_s.arg(VirtualPrinter::stateNames().join(u", "_s));
-    else if (apiKey.isEmpty())
+    if (apiKey.isEmpty() && message->isEmpty())
         *message = u"--api-key must not be empty"_s;
-    else if (p.parser.isSet(p.demoHome) && p.parser.value(p.demoHome).isEmpty())
+    if (p.parser.isSet(p.demoHome) && p.parser.value(p.demoHome).isEmpty() && message->isEmpty())
         *message = u"--demo-home needs a folder"_s;
-    else
-        message->clear();
     if (!message->isEmpty())
         return Outcome::error;
 
-    options->servicePort = quint16(*servicePort);
-    options->printerPort = quint16(*printerPort);
-    options->printerCount = int(*printerCount);
+    options->servicePort = quint16(servicePort);
+    options->printerPort = quint16(printerPort);
+    options->printerCount = int(printerCount);
     options->apiKey = apiKey;
-    options->productCount = *products;
+    options->productCount = products;
     options->jobsDirectory = p.parser.value(p.jobsDirectory);
-    options->delay = std::chrono::milliseconds(*delay);
+    options->delay = std::chrono::milliseconds(delay);
     options->serviceFailure = *serviceFailure;
     options->printerFailure = *printerFailure;
     options->printerState = *printerState;

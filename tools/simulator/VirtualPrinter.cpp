@@ -2,8 +2,14 @@
 
 #include "UnansweredPort.h"
 
+#include <QDir>
+#include <QFile>
+#include <QFileInfo>
+#include <QGuiApplication>
+#include <QRegularExpression>
+#include <QSaveFile>
 #include <QTcpServer>
-#include <array>
+#include <algorithm>
 #include <utility>
 
 using namespace Qt::StringLiterals;
@@ -15,98 +21,44 @@ constexpr qsizetype kMaxFieldDataShown = 60;
 using Failure = VirtualPrinter::Failure;
 using State = VirtualPrinter::State;
 
-constexpr std::array<std::pair<Failure, QStringView>, 6> kFailureNames{{
-    {Failure::none, u"none"},
-    {Failure::refuse, u"refuse"},
-    {Failure::hang, u"hang"},
-    {Failure::slow, u"slow"},
-    {Failure::drop, u"drop"},
-    {Failure::reset, u"reset"},
-}};
-
-constexpr std::array<std::pair<State, QStringView>, 6> kStateNames{{
-    {State::ready, u"ready"},
-    {State::paperOut, u"paper-out"},
-    {State::paused, u"paused"},
-    {State::headOpen, u"head-open"},
-    {State::ribbonOut, u"ribbon-out"},
-    {State::bufferFull, u"buffer-full"},
-}};
-
-template <typename Names> auto fromName(const Names& names, QStringView name)
-{
-    std::optional<typename Names::value_type::first_type> found;
-    for (const auto& [value, valueName] : names) {
-        if (valueName == name)
-            found = value;
-    }
-    return found;
-}
-
-template <typename Names> QStringList allNames(const Names& names)
-{
-    QStringList list;
-    for (const auto& entry : names)
-        list.append(entry.second.toString());
-    return list;
-}
-
-template <typename Names, typename Value> QString nameOf(const Names& names, Value value)
-{
-    for (const auto& [candidate, name] : names) {
-        if (candidate == value)
-            return name.toString();
-    }
-    return {};
-}
-
-LabelSink::Behaviour sinkBehaviour(Failure failure)
-{
-    switch (failure) {
-    case Failure::slow:
-        return LabelSink::Behaviour::readSlowly;
-    case Failure::drop:
-        return LabelSink::Behaviour::closeAtOnce;
-    case Failure::reset:
-        return LabelSink::Behaviour::resetMidTransfer;
-    case Failure::none:
-    case Failure::refuse:
-    case Failure::hang:
-        break;
-    }
-    return LabelSink::Behaviour::normal;
-}
+// In the order of the enums.
+const QStringList kFailureNames{u"none"_s, u"refuse"_s, u"hang"_s,
+                                u"slow"_s, u"drop"_s,   u"reset"_s};
+const QStringList kStateNames{u"ready"_s,     u"paper-out"_s,  u"paused"_s,
+                              u"head-open"_s, u"ribbon-out"_s, u"buffer-full"_s};
 
 } // namespace
 
 std::optional<VirtualPrinter::Failure> VirtualPrinter::failureFromName(QStringView name)
 {
-    return fromName(kFailureNames, name);
+    const qsizetype index = kFailureNames.indexOf(name);
+    return index < 0 ? std::nullopt : std::optional(Failure(index));
 }
 
 QStringList VirtualPrinter::failureNames()
 {
-    return allNames(kFailureNames);
+    return kFailureNames;
 }
 
 QString VirtualPrinter::failureName(Failure failure)
 {
-    return nameOf(kFailureNames, failure);
+    return kFailureNames.value(qsizetype(failure));
 }
 
 std::optional<VirtualPrinter::State> VirtualPrinter::stateFromName(QStringView name)
 {
-    return fromName(kStateNames, name);
+    const qsizetype index = kStateNames.indexOf(name);
+    return index < 0 ? std::nullopt : std::optional(State(index));
 }
 
 QStringList VirtualPrinter::stateNames()
 {
-    return allNames(kStateNames);
+    return kStateNames;
 }
 
 QString VirtualPrinter::stateName(State state)
 {
-    return nameOf(kStateNames, state);
+    return kStateNames.value(qsizetype(state));
 }
 
 QByteArray VirtualPrinter::statusAnswer(State state)
@@ -130,7 +82,7 @@ QByteArray VirtualPrinter::statusAnswer(State state)
 VirtualPrinter::VirtualPrinter(QString name, QString jobDirectory, Failure failure, State state,
                                QObject* parent)
     : QObject(parent), m_name(std::move(name)), m_failure(failure), m_state(state),
-      m_writer(std::move(jobDirectory))
+      m_jobDirectory(std::move(jobDirectory))
 {
     connect(&m_sink, &LabelSink::jobReceived, this, &VirtualPrinter::onJob);
     connect(&m_sink, &LabelSink::statusQueried, this, &VirtualPrinter::statusQueried);
@@ -145,44 +97,33 @@ VirtualPrinter::~VirtualPrinter() = default;
 
 bool VirtualPrinter::start(quint16 port, QString* error)
 {
-    switch (m_failure) {
-    case Failure::refuse:
-        return reservePort(port, error);
-    case Failure::hang:
+    if (m_failure == Failure::refuse) {
+        // Refusing needs no socket at all; only a port that nothing else listens on.
+        QTcpServer probe;
+        if (!probe.listen(QHostAddress::LocalHost, port)) {
+            *error = u"port %1 is in use, so it would not refuse"_s.arg(port);
+            return false;
+        }
+        m_port = probe.serverPort();
+        return true;
+    }
+    if (m_failure == Failure::hang) {
         m_unanswered = std::make_unique<UnansweredPort>();
         if (!m_unanswered->open(port, error))
             return false;
         m_port = m_unanswered->port();
         return true;
-    case Failure::none:
-    case Failure::slow:
-    case Failure::drop:
-    case Failure::reset:
-        break;
     }
-    return startSink(port, error);
-}
-
-bool VirtualPrinter::startSink(quint16 port, QString* error)
-{
-    m_sink.setBehaviour(sinkBehaviour(m_failure));
+    using Behaviour = LabelSink::Behaviour;
+    m_sink.setBehaviour(m_failure == Failure::slow    ? Behaviour::readSlowly
+                        : m_failure == Failure::drop  ? Behaviour::closeAtOnce
+                        : m_failure == Failure::reset ? Behaviour::resetMidTransfer
+                                                      : Behaviour::normal);
     if (!m_sink.listen(port)) {
         *error = u"cannot listen on 127.0.0.1:%1"_s.arg(port);
         return false;
     }
     m_port = m_sink.port();
-    return true;
-}
-
-// Refusing needs no socket at all; only a port that nothing else listens on.
-bool VirtualPrinter::reservePort(quint16 port, QString* error)
-{
-    QTcpServer probe;
-    if (!probe.listen(QHostAddress::LocalHost, port)) {
-        *error = u"port %1 is in use, so it would not refuse"_s.arg(port);
-        return false;
-    }
-    m_port = probe.serverPort();
     return true;
 }
 
@@ -193,15 +134,67 @@ void VirtualPrinter::onJob(const QByteArray& job)
         return;
     }
     QString error;
-    const std::optional<QString> path = m_writer.write(job, &error);
+    const std::optional<QString> path = writeJob(job, &error);
     if (!path) {
         emit jobNotWritten(error);
         return;
     }
-    const std::optional<QString> picture = m_pictures.write(*path, job, &error);
+    const QString picture = writePicture(*path, job);
     emit jobWritten(*path, job);
-    if (!picture)
-        emit pictureNotWritten(error);
+    if (!picture.isEmpty())
+        emit pictureNotWritten(picture);
+}
+
+// Keeps the job as its own file, "job-000001.zpl" and up, holding the bytes
+// exactly as they arrived. Numbering continues after the jobs already in the
+// folder, and an existing file is never replaced.
+std::optional<QString> VirtualPrinter::writeJob(const QByteArray& job, QString* error)
+{
+    const QDir folder(m_jobDirectory);
+    if (!QDir().mkpath(m_jobDirectory)) {
+        *error = u"cannot create %1"_s.arg(m_jobDirectory);
+        return std::nullopt;
+    }
+    if (m_nextJobNumber == 0) {
+        static const QRegularExpression pattern(u"^job-(\\d+)\\.zpl$"_s);
+        for (const QString& name : folder.entryList({u"job-*.zpl"_s}, QDir::Files))
+            m_nextJobNumber = std::max(m_nextJobNumber, pattern.match(name).captured(1).toInt());
+        ++m_nextJobNumber;
+    }
+    // Enough to get past files another process creates at the same moment.
+    for (int attempt = 0; attempt < 100; ++attempt) {
+        QFile file(folder.filePath(u"job-%1.zpl"_s.arg(m_nextJobNumber++, 6, 10, QChar(u'0'))));
+        if (!file.open(QIODevice::WriteOnly | QIODevice::NewOnly) && file.exists())
+            continue;
+        if (!file.isOpen() || file.write(job) != job.size() || !file.flush()) {
+            *error = u"%1: %2"_s.arg(file.fileName(), file.errorString());
+            return std::nullopt;
+        }
+        return file.fileName();
+    }
+    *error = u"no free job number in %1"_s.arg(m_jobDirectory);
+    return std::nullopt;
+}
+
+// Draws the job as the printer would print it beside it: "job-000001.png" next
+// to "job-000001.zpl". Only the first label is kept, so only the first is
+// drawn. Returns why it could not, if so.
+QString VirtualPrinter::writePicture(const QString& jobPath, const QByteArray& job)
+{
+    if (!qobject_cast<QGuiApplication*>(QCoreApplication::instance()))
+        return u"drawing needs a QGuiApplication"_s;
+    if (!m_renderer)
+        m_renderer.emplace(); // at the first job: it loads fonts
+    // The printer transport sends the text as UTF-8; the renderer takes it back as such.
+    const LabelRenderResult rendering = m_renderer->render(QString::fromUtf8(job), 1);
+    if (rendering.labels.isEmpty())
+        return u"no label (^XA...^XZ) in the job"_s;
+    const QFileInfo info(jobPath);
+    QSaveFile file(info.dir().filePath(info.completeBaseName() + u".png"_s));
+    if (!file.open(QIODevice::WriteOnly) ||
+        !rendering.labels.constFirst().image.save(&file, "PNG") || !file.commit())
+        return u"%1: %2"_s.arg(file.fileName(), file.errorString());
+    return {};
 }
 
 QString VirtualPrinter::firstFieldData(const QByteArray& job)

@@ -1,8 +1,7 @@
 #pragma once
 
-#include "JobPictureWriter.h"
-#include "LabelJobWriter.h"
 #include "LabelSink.h"
+#include "labelrender/LabelRenderer.h"
 
 #include <QByteArray>
 #include <QObject>
@@ -64,7 +63,7 @@ public:
     bool start(quint16 port, QString* error);
     quint16 port() const { return m_port; }
     const QString& name() const { return m_name; }
-    const QString& jobDirectory() const { return m_writer.directory(); }
+    const QString& jobDirectory() const { return m_jobDirectory; }
     Failure failure() const { return m_failure; }
     State state() const { return m_state; }
 
@@ -82,14 +81,15 @@ signals:
 
 private:
     void onJob(const QByteArray& job);
-    bool startSink(quint16 port, QString* error);
-    bool reservePort(quint16 port, QString* error);
+    std::optional<QString> writeJob(const QByteArray& job, QString* error);
+    QString writePicture(const QString& jobPath, const QByteArray& job);
 
     QString m_name;
     Failure m_failure;
     State m_state;
-    LabelJobWriter m_writer;
-    JobPictureWriter m_pictures;
+    QString m_jobDirectory;
+    int m_nextJobNumber = 0; // 0: the folder has not been looked at yet
+    std::optional<LabelRenderer> m_renderer;
     LabelSink m_sink;
     std::unique_ptr<UnansweredPort> m_unanswered;
     quint16 m_port = 0;
