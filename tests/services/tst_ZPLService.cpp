@@ -12,13 +12,8 @@ namespace {
 Product product(std::optional<QString> sku, std::optional<QString> name,
                 std::optional<double> price = 3.5)
 {
-    return {.ID = 42,
-            .Sku = std::move(sku),
-            .Name = std::move(name),
-            .Description = u"Lavendel, 250 ml"_s,
-            .SellPrice1WithVat = price,
-            .BarCode = u"8711111111111"_s,
-            .Active = {}};
+    return {42, std::move(sku), std::move(name), u"Lavendel, 250 ml"_s, price, u"8711111111111"_s,
+            {}};
 }
 
 } // namespace
