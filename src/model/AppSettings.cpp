@@ -300,17 +300,16 @@ std::optional<QString> AppSettings::importSettings(const QString& filePath)
     if (!data)
         return error;
 
-    // The legacy values are ignored: an import never migrates.
-    setBookyear(data->bookyear);
-    setDossiers(data->dossiers.isEmpty() ? QList<Dossier>{Dossier::defaultDossier()}
-                                         : data->dossiers);
-    setSelectedDossierID(data->selectedDossierID ? data->selectedDossierID : firstID(m_dossiers));
-    setPrinters(data->printers);
-    setTemplates(data->templates.isEmpty() ? QList<LabelTemplate>{LabelTemplate::defaultTemplate()}
-                                           : data->templates);
-    setSelectedTemplateID(data->selectedTemplateID ? data->selectedTemplateID
-                                                   : firstID(m_templates));
-    applySizes(*data);
+    // The legacy values are ignored: an import never migrates. Empty lists and
+    // missing selections are filled before the assignments, as at the start.
+    SettingsData imported = *data;
+    if (imported.dossiers.isEmpty())
+        imported.dossiers = {Dossier::defaultDossier()};
+    if (!imported.selectedDossierID)
+        imported.selectedDossierID = firstID(imported.dossiers);
+    if (!imported.selectedTemplateID)
+        imported.selectedTemplateID = firstID(imported.templates);
+    applyLoadedValues(imported);
     ensureDossierSelected();
     ensureTemplateSelected();
     return std::nullopt;

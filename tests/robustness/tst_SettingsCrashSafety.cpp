@@ -26,9 +26,6 @@ void SettingsCrashSafetyTest::killedWhileSavingLeavesACompleteFile()
     const int kills = qMax(5, qEnvironmentVariableIntValue("STAMPIX_CRASH_KILLS"));
     TestHome home;
     QProcess loop;
-    QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
-    environment.insert(u"HOME"_s, home.path());
-    loop.setProcessEnvironment(environment);
     const quint32 seed = QRandomGenerator::global()->generate();
     qInfo("random seed %u", seed);
     QRandomGenerator random(seed);
