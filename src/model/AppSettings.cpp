@@ -247,17 +247,21 @@ void AppSettings::deletePrinter(const Printer& printer)
 {
     const QUuid removedID = printer.id;
     setPrinters(withoutID(m_printers, removedID));
+    rebindTemplates(removedID, std::nullopt);
+}
 
-    QList<LabelTemplate> unbound = m_templates;
+void AppSettings::rebindTemplates(const std::optional<QUuid>& from, const std::optional<QUuid>& to)
+{
+    QList<LabelTemplate> edited = m_templates;
     bool changed = false;
-    for (LabelTemplate& labelTemplate : unbound) {
-        if (labelTemplate.printerID == removedID) {
-            labelTemplate.printerID.reset();
+    for (LabelTemplate& labelTemplate : edited) {
+        if (labelTemplate.printerID == from) {
+            labelTemplate.printerID = to;
             changed = true;
         }
     }
     if (changed)
-        setTemplates(unbound);
+        setTemplates(edited);
 }
 
 void AppSettings::addTemplate()
@@ -429,18 +433,8 @@ void AppSettings::migrateOldPrinterSettings(const SettingsData& data)
     const Printer printer{QUuid::createUuid(), u"Gemigreerde Printer"_s, data.legacyPrinterIP,
                           data.legacyPrinterPort};
     setPrinters({printer});
-
     // Templates that already name a printer keep it.
-    QList<LabelTemplate> bound = m_templates;
-    bool changed = false;
-    for (LabelTemplate& labelTemplate : bound) {
-        if (!labelTemplate.printerID) {
-            labelTemplate.printerID = printer.id;
-            changed = true;
-        }
-    }
-    if (changed)
-        setTemplates(bound);
+    rebindTemplates(std::nullopt, printer.id);
 }
 
 void AppSettings::ensureDossierSelected()
