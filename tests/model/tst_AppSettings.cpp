@@ -160,21 +160,18 @@ private slots:
         QCOMPARE(settings.selectedDossierID(), dossierID);
         QCOMPARE(settings.templates().at(0).id, LabelTemplate::defaultTemplate().id);
         QCOMPARE(settings.templates().at(0).printerID, printerID);
-    }
 
-    void legacyValuesOnlyFillEmptyLists()
-    {
-        TestHome home;
+        // Values of the old layout only fill empty lists.
         QVERIFY(home.writeSettingsFile(R"({"apiKey": "oud", "printerIP": "192.168.1.50",
         "dossiers": [{"apiKey": "", "id": "6C1F2A6E-8F43-4D25-9E0B-1E8D5D3F4A01", "name": "A"}],
         "templates": [{"id": "8E3F4C80-A165-4F47-901D-3FAF7F516C01", "name": "T", "zplContent": "",
                        "printerID": "7D2E3B7F-9054-4E36-8F1C-2F9E6E405BFF"}]})"));
-        AppSettings settings;
-        QCOMPARE(settings.dossiers().at(0).name, u"A"_s);
-        QCOMPARE(settings.dossiers().size() + settings.printers().size(), 2);
-        QCOMPARE(settings.printers().at(0).port, 9100);
+        AppSettings again;
+        QCOMPARE(again.dossiers().at(0).name, u"A"_s);
+        QCOMPARE(again.dossiers().size() + again.printers().size(), 2);
+        QCOMPARE(again.printers().at(0).port, 9100);
         // A template that names a printer keeps it, even one that does not exist.
-        QCOMPARE(settings.templates().at(0).printerID,
+        QCOMPARE(again.templates().at(0).printerID,
                  QUuid::fromString(u"7D2E3B7F-9054-4E36-8F1C-2F9E6E405BFF"));
     }
 
