@@ -47,19 +47,9 @@ class TestSettingsImportExport : public QObject
 private slots:
     void importThenExportKeepsEverything()
     {
-        // Every property away from its default.
-        const QByteArray document = R"({"bookyear": "2021", "columnWidthBarcode": 1.5,
-        "columnWidthCheckbox": 2, "columnWidthName": 3, "columnWidthPrice": 4, "columnWidthSKU": 5,
-        "settingsWindowHeight": 6, "settingsWindowWidth": 7,
-        "dossiers": [{"apiKey": "k", "id": "6C1F2A6E-8F43-4D25-9E0B-1E8D5D3F4A01", "name": "A"},
-                     {"apiKey": "", "id": "6C1F2A6E-8F43-4D25-9E0B-1E8D5D3F4A02", "name": "B"}],
-        "printers": [{"id": "7D2E3B7F-9054-4E36-8F1C-2F9E6E405B01", "ipAddress": "h", "name": "P",
-                      "port": 6101}],
-        "selectedDossierID": "6C1F2A6E-8F43-4D25-9E0B-1E8D5D3F4A02",
-        "selectedTemplateID": "8E3F4C80-A165-4F47-901D-3FAF7F516C02",
-        "templates": [{"id": "8E3F4C80-A165-4F47-901D-3FAF7F516C01", "name": "T", "zplContent": "",
-                       "printerID": "7D2E3B7F-9054-4E36-8F1C-2F9E6E405B01"},
-                      {"id": "8E3F4C80-A165-4F47-901D-3FAF7F516C02", "name": "U", "zplContent": "z"}]})";
+        // Every property away from its default, shared with the fuzz corpus.
+        const QByteArray document = TestHome::readFile(QStringLiteral(STAMPIX_SETTINGS_SAMPLE));
+        QVERIFY(!document.isEmpty());
         TestHome home;
         AppSettings settings;
         ScriptedDialogs dialogs;
