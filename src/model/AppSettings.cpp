@@ -20,32 +20,25 @@ void printLine(const QString& line)
 
 template <typename Record> std::optional<QUuid> firstID(const QList<Record>& records)
 {
-    if (records.isEmpty())
-        return std::nullopt;
-    return records.first().id;
+    return records.isEmpty() ? std::nullopt : std::optional(records.first().id);
 }
 
+// The record named by `id`, or null.
 template <typename Record>
-bool containsID(const QList<Record>& records, const std::optional<QUuid>& id)
+const Record* findID(const QList<Record>& records, const std::optional<QUuid>& id)
 {
-    return id && std::any_of(records.cbegin(), records.cend(),
-                             [&id](const Record& record) { return record.id == *id; });
+    const auto found = std::find_if(records.cbegin(), records.cend(),
+                                    [&id](const Record& record) { return record.id == id; });
+    return found == records.cend() ? nullptr : &*found;
 }
 
-// The record named by `id`, else the first one: a selection that names no
-// record falls back to the first.
+// A selection that names no record falls back to the first.
 template <typename Record>
 std::optional<Record> selectedOrFirst(const QList<Record>& records, const std::optional<QUuid>& id)
 {
-    if (id) {
-        for (const Record& record : records) {
-            if (record.id == *id)
-                return record;
-        }
-    }
-    if (records.isEmpty())
-        return std::nullopt;
-    return records.first();
+    if (const Record* selected = findID(records, id))
+        return *selected;
+    return records.isEmpty() ? std::nullopt : std::optional(records.first());
 }
 
 template <typename Record> QList<Record> withoutID(QList<Record> records, const QUuid& id)
@@ -209,13 +202,8 @@ bool AppSettings::isPrinterConfigured() const
 
 std::optional<Printer> AppSettings::printerFor(const LabelTemplate& labelTemplate) const
 {
-    if (!labelTemplate.printerID)
-        return std::nullopt;
-    for (const Printer& printer : m_printers) {
-        if (printer.id == *labelTemplate.printerID)
-            return printer;
-    }
-    return std::nullopt;
+    const Printer* printer = findID(m_printers, labelTemplate.printerID);
+    return printer ? std::optional(*printer) : std::nullopt;
 }
 
 void AppSettings::addDossier()
@@ -441,7 +429,7 @@ void AppSettings::ensureDossierSelected()
 {
     if (m_dossiers.isEmpty())
         setDossiers({Dossier::defaultDossier()});
-    if (!containsID(m_dossiers, m_selectedDossierID))
+    if (!findID(m_dossiers, m_selectedDossierID))
         setSelectedDossierID(firstID(m_dossiers));
 }
 
@@ -449,7 +437,7 @@ void AppSettings::ensureTemplateSelected()
 {
     if (m_templates.isEmpty())
         setTemplates({LabelTemplate::defaultTemplate()});
-    if (!containsID(m_templates, m_selectedTemplateID))
+    if (!findID(m_templates, m_selectedTemplateID))
         setSelectedTemplateID(firstID(m_templates));
 }
 
