@@ -26,18 +26,16 @@ struct LabelInput
     static LabelInput read(const std::uint8_t* data, std::size_t size)
     {
         const QList<QByteArray> fields = toBytes(data, size).split('\0');
-        LabelInput input;
-        input.zplTemplate = field(fields, 0).value_or(QString());
-        input.product.ID = 1;
-        input.product.Sku = field(fields, 1);
-        input.product.Name = field(fields, 2);
-        input.product.Description = field(fields, 3);
-        input.product.BarCode = field(fields, 4);
         bool parsed = false;
         const double price = field(fields, 5).value_or(QString()).toDouble(&parsed);
-        if (parsed)
-            input.product.SellPrice1WithVat = price;
-        return input;
+        return {field(fields, 0).value_or(QString()),
+                {1,
+                 field(fields, 1),
+                 field(fields, 2),
+                 field(fields, 3),
+                 parsed ? std::optional(price) : std::nullopt,
+                 field(fields, 4),
+                 {}}};
     }
 };
 

@@ -15,25 +15,13 @@ const QStringList kProblems{u"Papier op"_s, u"Gepauzeerd"_s,           u"Kop ope
                             u"Lint op"_s,   u"Ontvangstbuffer vol"_s,  u"Te warm"_s,
                             u"Te koud"_s,   u"Configuratie verloren"_s};
 
-// Everything a status holds, so two outcomes compare as text.
 QString describe(const std::optional<PrinterStatus>& status)
 {
-    if (!status)
-        return u"need more"_s;
-    const PrinterStatus& s = *status;
-    const int values[] = {
-        s.paperOut,        s.paused,          s.headUp,           s.ribbonOut,
-        s.bufferFull,      s.overTemperature, s.underTemperature, s.configurationLost,
-        s.thermalTransfer, s.printMode,       s.labelLengthDots,  s.formatsInBuffer,
-        s.labelsRemaining};
-    QString text = s.failure();
-    for (int value : values)
-        text += u',' + QString::number(value);
-    return text;
+    return status ? status->summary() : u"need more"_s;
 }
 
-// A first read of `firstRead` bytes, then reads of `piece` bytes, stopping at the first outcome as
-// the query does.
+// A first read of `firstRead` bytes, then reads of `piece` bytes, stopping at
+// the first outcome as the query does.
 std::optional<PrinterStatus> feed(const QByteArray& stream, qsizetype firstRead, qsizetype piece)
 {
     QByteArray received;
@@ -71,9 +59,9 @@ int stampixfuzz::printerStatus(const std::uint8_t* data, std::size_t size)
     const QString outcome = describe(whole);
 
     const qsizetype split = stream.isEmpty() ? 0 : qsizetype(data[0]) * stream.size() / 256 + 1;
-    check(describe(feed(stream, split, stream.size())) == outcome, "two reads end as one does",
+    check(feed(stream, split, stream.size()) == whole, "two reads end as one does",
           u"split at %1: %2"_s.arg(split).arg(outcome));
-    check(describe(feed(stream, 1, 1)) == outcome, "byte by byte ends as one read does", outcome);
+    check(feed(stream, 1, 1) == whole, "byte by byte ends as one read does", outcome);
 
     const bool wholeInBound =
         PrinterStatus::isWholeAnswer(stream.first(std::min(stream.size(), bound)));

@@ -134,10 +134,10 @@ const QHash<QString, LabelInterpreter::Handler>& LabelInterpreter::handlers()
         {u"FH"_s, &LabelInterpreter::fieldHex},
         {u"CI"_s, &LabelInterpreter::codePage},
         {u"BY"_s, &LabelInterpreter::barcodeDefaults},
-        {u"BC"_s, &LabelInterpreter::code128},
-        {u"BE"_s, &LabelInterpreter::ean13},
-        {u"B8"_s, &LabelInterpreter::ean8},
-        {u"BU"_s, &LabelInterpreter::upcA},
+        {u"BC"_s, &LabelInterpreter::simpleBarcode<BarcodeGraphic::Kind::Code128, u'C'>},
+        {u"BE"_s, &LabelInterpreter::simpleBarcode<BarcodeGraphic::Kind::Ean13, u'E'>},
+        {u"B8"_s, &LabelInterpreter::simpleBarcode<BarcodeGraphic::Kind::Ean8, u'8'>},
+        {u"BU"_s, &LabelInterpreter::simpleBarcode<BarcodeGraphic::Kind::UpcA, u'U'>},
         {u"B3"_s, &LabelInterpreter::code39},
         {u"BQ"_s, &LabelInterpreter::qrCode},
         {u"BX"_s, &LabelInterpreter::dataMatrix},
@@ -150,7 +150,7 @@ void LabelInterpreter::apply(const ZplCommandReader::Command& command)
 {
     const auto handler = handlers().constFind(command.name);
     if (command.prefix != u'^' || handler == handlers().constEnd()) {
-        notDrawn(command.displayName());
+        say(m_result.commandsNotDrawn, command.displayName());
         return;
     }
     const bool keepWhole = command.name == u"FD" || command.name == u"FV" ||
@@ -348,26 +348,6 @@ void LabelInterpreter::linearBarcode(BarcodeGraphic::Kind kind, const QString& c
                                               : BarcodeGraphic::Interpretation::Below;
 }
 
-void LabelInterpreter::code128(const Params& p)
-{
-    linearBarcode(BarcodeGraphic::Kind::Code128, u"^BC"_s, p, 1, 2);
-}
-
-void LabelInterpreter::ean13(const Params& p)
-{
-    linearBarcode(BarcodeGraphic::Kind::Ean13, u"^BE"_s, p, 1, 2);
-}
-
-void LabelInterpreter::ean8(const Params& p)
-{
-    linearBarcode(BarcodeGraphic::Kind::Ean8, u"^B8"_s, p, 1, 2);
-}
-
-void LabelInterpreter::upcA(const Params& p)
-{
-    linearBarcode(BarcodeGraphic::Kind::UpcA, u"^BU"_s, p, 1, 2);
-}
-
 void LabelInterpreter::code39(const Params& p)
 {
     linearBarcode(BarcodeGraphic::Kind::Code39, u"^B3"_s, p, 2, 3);
@@ -493,27 +473,11 @@ void LabelInterpreter::place(FieldGraphic graphic, QChar orientation, const QStr
     m_placed.append(std::move(placed));
 }
 
-void LabelInterpreter::cut(const QString& text)
+void LabelInterpreter::say(QStringList& list, const QString& text)
 {
     if (!m_said.contains(text)) {
         m_said.insert(text);
-        m_result.cuts.append(text);
-    }
-}
-
-void LabelInterpreter::note(const QString& text)
-{
-    if (!m_said.contains(text)) {
-        m_said.insert(text);
-        m_result.notes.append(text);
-    }
-}
-
-void LabelInterpreter::notDrawn(const QString& name)
-{
-    if (!m_said.contains(name)) {
-        m_said.insert(name);
-        m_result.commandsNotDrawn.append(name);
+        list.append(text);
     }
 }
 

@@ -75,10 +75,11 @@ private:
     void fieldHex(const Params& p);
     void codePage(const Params& p);
     void barcodeDefaults(const Params& p);
-    void code128(const Params& p);
-    void ean13(const Params& p);
-    void ean8(const Params& p);
-    void upcA(const Params& p);
+    // ^BC, ^BE, ^B8 and ^BU: orientation, height, interpretation line, above it.
+    template <BarcodeGraphic::Kind kKind, char16_t kLetter> void simpleBarcode(const Params& p)
+    {
+        linearBarcode(kKind, QString::fromUtf16(u"^B") + QChar(kLetter), p, 1, 2);
+    }
     void code39(const Params& p);
     void qrCode(const Params& p);
     void dataMatrix(const Params& p);
@@ -93,9 +94,10 @@ private:
     bool drawing() const;
     bool hasFields() const;
     void paintLabel();
-    void cut(const QString& text);
-    void note(const QString& text);
-    void notDrawn(const QString& name);
+    // Each text once, whichever list it went to first.
+    void say(QStringList& list, const QString& text);
+    void cut(const QString& text) { say(m_result.cuts, text); }
+    void note(const QString& text) { say(m_result.notes, text); }
 
     int m_dotsPerMm;
     const LabelFont& m_font;

@@ -56,18 +56,16 @@ void checkBounds(const RenderedLabel& label, QStringList* warnings)
         if (r.isEmpty())
             continue;
         const QString name = fieldName(field);
-        if (label.widthKnown && (r.left() < 0 || r.left() >= size.width()))
-            warnings->append(
-                u"%1 begint buiten de etiketbreedte (^PW%2)."_s.arg(name).arg(size.width()));
-        else if (label.widthKnown && r.right() >= size.width())
-            warnings->append(
-                u"%1 loopt buiten de etiketbreedte (^PW%2)."_s.arg(name).arg(size.width()));
-        if (label.lengthKnown && (r.top() < 0 || r.top() >= size.height()))
-            warnings->append(
-                u"%1 begint buiten de etiketlengte (^LL%2)."_s.arg(name).arg(size.height()));
-        else if (label.lengthKnown && r.bottom() >= size.height())
-            warnings->append(
-                u"%1 loopt buiten de etiketlengte (^LL%2)."_s.arg(name).arg(size.height()));
+        const auto edges = [&](int first, int last, int extent, const QString& where) {
+            if (first < 0 || first >= extent)
+                warnings->append((u"%1 begint buiten de "_s + where).arg(name).arg(extent));
+            else if (last >= extent)
+                warnings->append((u"%1 loopt buiten de "_s + where).arg(name).arg(extent));
+        };
+        if (label.widthKnown)
+            edges(r.left(), r.right(), size.width(), u"etiketbreedte (^PW%2)."_s);
+        if (label.lengthKnown)
+            edges(r.top(), r.bottom(), size.height(), u"etiketlengte (^LL%2)."_s);
     }
 }
 

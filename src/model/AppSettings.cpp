@@ -20,32 +20,25 @@ void printLine(const QString& line)
 
 template <typename Record> std::optional<QUuid> firstID(const QList<Record>& records)
 {
-    if (records.isEmpty())
-        return std::nullopt;
-    return records.first().id;
+    return records.isEmpty() ? std::nullopt : std::optional(records.first().id);
 }
 
+// The record named by `id`, or null.
 template <typename Record>
-bool containsID(const QList<Record>& records, const std::optional<QUuid>& id)
+const Record* findID(const QList<Record>& records, const std::optional<QUuid>& id)
 {
-    return id && std::any_of(records.cbegin(), records.cend(),
-                             [&id](const Record& record) { return record.id == *id; });
+    const auto found = std::find_if(records.cbegin(), records.cend(),
+                                    [&id](const Record& record) { return record.id == id; });
+    return found == records.cend() ? nullptr : &*found;
 }
 
-// The record named by `id`, else the first one: a selection that names no
-// record falls back to the first.
+// A selection that names no record falls back to the first.
 template <typename Record>
 std::optional<Record> selectedOrFirst(const QList<Record>& records, const std::optional<QUuid>& id)
 {
-    if (id) {
-        for (const Record& record : records) {
-            if (record.id == *id)
-                return record;
-        }
-    }
-    if (records.isEmpty())
-        return std::nullopt;
-    return records.first();
+    if (const Record* selected = findID(records, id))
+        return *selected;
+    return records.isEmpty() ? std::nullopt : std::optional(records.first());
 }
 
 template <typename Record> QList<Record> withoutID(QList<Record> records, const QUuid& id)
@@ -209,13 +202,8 @@ bool AppSettings::isPrinterConfigured() const
 
 std::optional<Printer> AppSettings::printerFor(const LabelTemplate& labelTemplate) const
 {
-    if (!labelTemplate.printerID)
-        return std::nullopt;
-    for (const Printer& printer : m_printers) {
-        if (printer.id == *labelTemplate.printerID)
-            return printer;
-    }
-    return std::nullopt;
+    const Printer* printer = findID(m_printers, labelTemplate.printerID);
+    return printer ? std::optional(*printer) : std::nullopt;
 }
 
 void AppSettings::addDossier()
@@ -247,17 +235,21 @@ void AppSettings::deletePrinter(const Printer& printer)
 {
     const QUuid removedID = printer.id;
     setPrinters(withoutID(m_printers, removedID));
+    rebindTemplates(removedID, std::nullopt);
+}
 
-    QList<LabelTemplate> unbound = m_templates;
+void AppSettings::rebindTemplates(const std::optional<QUuid>& from, const std::optional<QUuid>& to)
+{
+    QList<LabelTemplate> edited = m_templates;
     bool changed = false;
-    for (LabelTemplate& labelTemplate : unbound) {
-        if (labelTemplate.printerID == removedID) {
-            labelTemplate.printerID.reset();
+    for (LabelTemplate& labelTemplate : edited) {
+        if (labelTemplate.printerID == from) {
+            labelTemplate.printerID = to;
             changed = true;
         }
     }
     if (changed)
-        setTemplates(unbound);
+        setTemplates(edited);
 }
 
 void AppSettings::addTemplate()
@@ -300,17 +292,16 @@ std::optional<QString> AppSettings::importSettings(const QString& filePath)
     if (!data)
         return error;
 
-    // The legacy values are ignored: an import never migrates.
-    setBookyear(data->bookyear);
-    setDossiers(data->dossiers.isEmpty() ? QList<Dossier>{Dossier::defaultDossier()}
-                                         : data->dossiers);
-    setSelectedDossierID(data->selectedDossierID ? data->selectedDossierID : firstID(m_dossiers));
-    setPrinters(data->printers);
-    setTemplates(data->templates.isEmpty() ? QList<LabelTemplate>{LabelTemplate::defaultTemplate()}
-                                           : data->templates);
-    setSelectedTemplateID(data->selectedTemplateID ? data->selectedTemplateID
-                                                   : firstID(m_templates));
-    applySizes(*data);
+    // The legacy values are ignored: an import never migrates. Empty lists and
+    // missing selections are filled before the assignments, as at the start.
+    SettingsData imported = *data;
+    if (imported.dossiers.isEmpty())
+        imported.dossiers = {Dossier::defaultDossier()};
+    if (!imported.selectedDossierID)
+        imported.selectedDossierID = firstID(imported.dossiers);
+    if (!imported.selectedTemplateID)
+        imported.selectedTemplateID = firstID(imported.templates);
+    applyLoadedValues(imported);
     ensureDossierSelected();
     ensureTemplateSelected();
     return std::nullopt;
@@ -430,25 +421,15 @@ void AppSettings::migrateOldPrinterSettings(const SettingsData& data)
     const Printer printer{QUuid::createUuid(), u"Gemigreerde Printer"_s, data.legacyPrinterIP,
                           data.legacyPrinterPort};
     setPrinters({printer});
-
     // Templates that already name a printer keep it.
-    QList<LabelTemplate> bound = m_templates;
-    bool changed = false;
-    for (LabelTemplate& labelTemplate : bound) {
-        if (!labelTemplate.printerID) {
-            labelTemplate.printerID = printer.id;
-            changed = true;
-        }
-    }
-    if (changed)
-        setTemplates(bound);
+    rebindTemplates(std::nullopt, printer.id);
 }
 
 void AppSettings::ensureDossierSelected()
 {
     if (m_dossiers.isEmpty())
         setDossiers({Dossier::defaultDossier()});
-    if (!containsID(m_dossiers, m_selectedDossierID))
+    if (!findID(m_dossiers, m_selectedDossierID))
         setSelectedDossierID(firstID(m_dossiers));
 }
 
@@ -456,7 +437,7 @@ void AppSettings::ensureTemplateSelected()
 {
     if (m_templates.isEmpty())
         setTemplates({LabelTemplate::defaultTemplate()});
-    if (!containsID(m_templates, m_selectedTemplateID))
+    if (!findID(m_templates, m_selectedTemplateID))
         setSelectedTemplateID(firstID(m_templates));
 }
 

@@ -122,6 +122,8 @@ private:
     void applySizes(const SettingsData& data);
     void migrateLegacyDossier(const SettingsData& data);
     void migrateOldPrinterSettings(const SettingsData& data);
+    // Binds every template bound to `from` to `to`, in one assignment if any.
+    void rebindTemplates(const std::optional<QUuid>& from, const std::optional<QUuid>& to);
     // A non-empty list and a selection that names one of its records.
     void ensureDossierSelected();
     void ensureTemplateSelected();

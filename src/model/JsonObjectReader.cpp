@@ -20,13 +20,7 @@ QString JsonObjectReader::requiredString(QStringView key)
 
 std::optional<QString> JsonObjectReader::optionalString(QStringView key)
 {
-    const std::optional<QJsonValue> value = presentMember(key);
-    if (!value)
-        return std::nullopt;
-    QString text = toText(key, *value);
-    if (hasFailed())
-        return std::nullopt;
-    return text;
+    return optional(key, &JsonObjectReader::toText);
 }
 
 QUuid JsonObjectReader::requiredUuid(QStringView key)
@@ -36,13 +30,7 @@ QUuid JsonObjectReader::requiredUuid(QStringView key)
 
 std::optional<QUuid> JsonObjectReader::optionalUuid(QStringView key)
 {
-    const std::optional<QJsonValue> value = presentMember(key);
-    if (!value)
-        return std::nullopt;
-    const QUuid uuid = toUuid(key, *value);
-    if (hasFailed())
-        return std::nullopt;
-    return uuid;
+    return optional(key, &JsonObjectReader::toUuid);
 }
 
 qint64 JsonObjectReader::requiredInteger(QStringView key)
@@ -52,13 +40,7 @@ qint64 JsonObjectReader::requiredInteger(QStringView key)
 
 std::optional<qint64> JsonObjectReader::optionalInteger(QStringView key)
 {
-    const std::optional<QJsonValue> value = presentMember(key);
-    if (!value)
-        return std::nullopt;
-    const qint64 integer = toInteger(key, *value);
-    if (hasFailed())
-        return std::nullopt;
-    return integer;
+    return optional(key, &JsonObjectReader::toInteger);
 }
 
 std::optional<double> JsonObjectReader::optionalNumber(QStringView key)
@@ -71,6 +53,20 @@ std::optional<double> JsonObjectReader::optionalNumber(QStringView key)
         return std::nullopt;
     }
     return value->toDouble();
+}
+
+template <typename T>
+std::optional<T> JsonObjectReader::optional(QStringView key,
+                                            T (JsonObjectReader::*convert)(QStringView,
+                                                                           const QJsonValue&))
+{
+    const std::optional<QJsonValue> value = presentMember(key);
+    if (!value)
+        return std::nullopt;
+    T converted = (this->*convert)(key, *value);
+    if (hasFailed())
+        return std::nullopt;
+    return converted;
 }
 
 std::optional<QJsonValue> JsonObjectReader::presentMember(QStringView key)

@@ -39,6 +39,10 @@ public:
 
 private:
     std::optional<QJsonValue> presentMember(QStringView key);
+    // A present member converted, or nothing when it is absent or fails.
+    template <typename T>
+    std::optional<T> optional(QStringView key,
+                              T (JsonObjectReader::*convert)(QStringView, const QJsonValue&));
     QJsonValue requiredMember(QStringView key);
     QString toText(QStringView key, const QJsonValue& value);
     QUuid toUuid(QStringView key, const QJsonValue& value);

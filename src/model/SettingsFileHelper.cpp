@@ -18,10 +18,16 @@ bool isChosen(const std::optional<QString>& path)
     return path.has_value() && !path->isEmpty();
 }
 
-SettingsFileDialogs::Message message(SettingsFileDialogs::MessageStyle style, const QString& text,
-                                     const QString& informativeText)
+// The outcome of an export or import: the failure's reason follows its text.
+void report(SettingsFileDialogs& dialogs, const std::optional<QString>& error,
+            const QString& failure, const QString& failureText, const QString& success,
+            const QString& successText)
 {
-    return {style, text, informativeText, kButtonText};
+    using Style = SettingsFileDialogs::MessageStyle;
+    dialogs.showMessage(error ? SettingsFileDialogs::Message{Style::Critical, failure,
+                                                             failureText + *error, kButtonText}
+                              : SettingsFileDialogs::Message{Style::Informational, success,
+                                                             successText, kButtonText});
 }
 
 } // namespace
@@ -37,15 +43,9 @@ void SettingsFileHelper::exportSettings(const AppSettings& settings, SettingsFil
     if (!isChosen(path))
         return;
 
-    if (const std::optional<QString> error = settings.exportSettings(*path)) {
-        dialogs.showMessage(message(SettingsFileDialogs::MessageStyle::Critical,
-                                    u"Export Mislukt"_s,
-                                    u"Kon de instellingen niet exporteren: "_s + *error));
-        return;
-    }
-    dialogs.showMessage(
-        message(SettingsFileDialogs::MessageStyle::Informational, u"Instellingen Geëxporteerd"_s,
-                u"De instellingen zijn opgeslagen naar:\n"_s + QDir::toNativeSeparators(*path)));
+    report(dialogs, settings.exportSettings(*path), u"Export Mislukt"_s,
+           u"Kon de instellingen niet exporteren: "_s, u"Instellingen Geëxporteerd"_s,
+           u"De instellingen zijn opgeslagen naar:\n"_s + QDir::toNativeSeparators(*path));
 }
 
 void SettingsFileHelper::importSettings(AppSettings& settings, SettingsFileDialogs& dialogs)
@@ -59,13 +59,7 @@ void SettingsFileHelper::importSettings(AppSettings& settings, SettingsFileDialo
     if (!isChosen(path))
         return;
 
-    if (const std::optional<QString> error = settings.importSettings(*path)) {
-        dialogs.showMessage(message(SettingsFileDialogs::MessageStyle::Critical,
-                                    u"Import Mislukt"_s,
-                                    u"Kon de instellingen niet importeren: "_s + *error));
-        return;
-    }
-    dialogs.showMessage(message(SettingsFileDialogs::MessageStyle::Informational,
-                                u"Instellingen Geïmporteerd"_s,
-                                u"De instellingen zijn succesvol geïmporteerd."_s));
+    report(dialogs, settings.importSettings(*path), u"Import Mislukt"_s,
+           u"Kon de instellingen niet importeren: "_s, u"Instellingen Geïmporteerd"_s,
+           u"De instellingen zijn succesvol geïmporteerd."_s);
 }

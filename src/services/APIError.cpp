@@ -17,31 +17,6 @@ QString shown(const QString& payload)
 
 } // namespace
 
-APIError APIError::networkError(const QString& underlyingDescription)
-{
-    return {Kind::networkError, underlyingDescription};
-}
-
-APIError APIError::serverError(const QString& message)
-{
-    return {Kind::serverError, message};
-}
-
-APIError APIError::invalidURL()
-{
-    return {Kind::invalidURL, {}};
-}
-
-APIError APIError::noAPIKey()
-{
-    return {Kind::noAPIKey, {}};
-}
-
-APIError APIError::invalidResponse()
-{
-    return {Kind::invalidResponse, {}};
-}
-
 QString APIError::errorDescription() const
 {
     switch (m_kind) {

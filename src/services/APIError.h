@@ -18,11 +18,14 @@ public:
         invalidResponse
     };
 
-    static APIError networkError(const QString& underlyingDescription);
-    static APIError serverError(const QString& message);
-    static APIError invalidURL();
-    static APIError noAPIKey();
-    static APIError invalidResponse();
+    static APIError networkError(const QString& underlying)
+    {
+        return {Kind::networkError, underlying};
+    }
+    static APIError serverError(const QString& message) { return {Kind::serverError, message}; }
+    static APIError invalidURL() { return {Kind::invalidURL, {}}; }
+    static APIError noAPIKey() { return {Kind::noAPIKey, {}}; }
+    static APIError invalidResponse() { return {Kind::invalidResponse, {}}; }
 
     Kind kind() const { return m_kind; }
     // The whole text, as received.

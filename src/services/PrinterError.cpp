@@ -2,26 +2,6 @@
 
 using namespace Qt::StringLiterals;
 
-PrinterError PrinterError::connectionFailed(const QString& message)
-{
-    return {Kind::connectionFailed, message};
-}
-
-PrinterError PrinterError::sendFailed(const QString& message)
-{
-    return {Kind::sendFailed, message};
-}
-
-PrinterError PrinterError::noPrinterConfigured()
-{
-    return {Kind::noPrinterConfigured, {}};
-}
-
-PrinterError PrinterError::timeout()
-{
-    return {Kind::timeout, {}};
-}
-
 QString PrinterError::errorDescription() const
 {
     switch (m_kind) {

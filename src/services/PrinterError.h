@@ -14,10 +14,13 @@ public:
         timeout
     };
 
-    static PrinterError connectionFailed(const QString& message);
-    static PrinterError sendFailed(const QString& message);
-    static PrinterError noPrinterConfigured();
-    static PrinterError timeout();
+    static PrinterError connectionFailed(const QString& message)
+    {
+        return {Kind::connectionFailed, message};
+    }
+    static PrinterError sendFailed(const QString& message) { return {Kind::sendFailed, message}; }
+    static PrinterError noPrinterConfigured() { return {Kind::noPrinterConfigured, {}}; }
+    static PrinterError timeout() { return {Kind::timeout, {}}; }
 
     Kind kind() const { return m_kind; }
     const QString& payload() const { return m_payload; }

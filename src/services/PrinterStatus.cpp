@@ -69,14 +69,12 @@ std::optional<PrinterStatus> PrinterStatus::fromAnswer(QByteArrayView answer)
                                          flag(second[2]), flag(second[3]), flag(second[4])};
     const std::optional<int> numbers[] = {number(first[3]), number(first[4]), number(second[5]),
                                           number(second[8])};
-    for (const auto& value : flags) {
-        if (!value)
-            return std::nullopt;
-    }
-    for (const auto& value : numbers) {
-        if (!value)
-            return std::nullopt;
-    }
+    const auto isSet = [](const auto& value) {
+        return value.has_value();
+    };
+    if (!std::all_of(std::begin(flags), std::end(flags), isSet) ||
+        !std::all_of(std::begin(numbers), std::end(numbers), isSet))
+        return std::nullopt;
     PrinterStatus status;
     status.paperOut = *flags[0];
     status.paused = *flags[1];

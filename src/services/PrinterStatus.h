@@ -54,6 +54,8 @@ public:
     // ", ", or the failure.
     QString summary() const;
 
+    bool operator==(const PrinterStatus&) const = default;
+
 private:
     QString m_failure;
 };

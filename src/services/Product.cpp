@@ -17,37 +17,30 @@ QString typeMismatch(const QString& key, const QString& expected, const QJsonVal
                                                                            jsonTypeName(found));
 }
 
-// The members of one product object. Lookups with Latin-1 keys compare in
-// place; walking the object instead would build a QString for every key,
-// which costs more than the seven binary searches over its sorted keys.
-struct ProductMembers
+// Missing and null both mean absent; any other type than the expected one
+// fails. Lookups with Latin-1 keys compare in place, without a QString per key.
+template <typename T>
+bool readOptional(const QJsonObject& object, QLatin1StringView key, std::optional<T>& target,
+                  QString& error)
 {
-    QJsonValue id;
-    QJsonValue sku;
-    QJsonValue name;
-    QJsonValue description;
-    QJsonValue price;
-    QJsonValue barCode;
-    QJsonValue active;
-
-    explicit ProductMembers(const QJsonObject& object)
-        : id(object.value("ID"_L1)), sku(object.value("Sku"_L1)), name(object.value("Name"_L1)),
-          description(object.value("Description"_L1)), price(object.value("SellPrice1WithVat"_L1)),
-          barCode(object.value("BarCode"_L1)), active(object.value("Active"_L1))
-    {}
-};
-
-// Missing and null both mean absent; any other type than the expected one fails.
-bool readOptionalString(const QJsonValue& value, const QString& key, std::optional<QString>& target,
-                        QString* error)
-{
+    const QJsonValue value = object.value(key);
     if (value.isUndefined() || value.isNull())
         return true;
-    if (!value.isString()) {
-        *error = typeMismatch(key, u"a string"_s, value);
+    constexpr bool isText = std::is_same_v<T, QString>, isNumber = std::is_same_v<T, double>;
+    if (!(isText ? value.isString() : isNumber ? value.isDouble() : value.isBool())) {
+        error = typeMismatch(QString(key),
+                             isText     ? u"a string"_s
+                             : isNumber ? u"a number"_s
+                                        : u"a boolean"_s,
+                             value);
         return false;
     }
-    target = value.toString();
+    if constexpr (isText)
+        target = value.toString();
+    else if constexpr (isNumber)
+        target = value.toDouble();
+    else
+        target = value.toBool();
     return true;
 }
 
@@ -80,10 +73,8 @@ std::optional<Product> Product::fromJson(const QJsonValue& value, QString* error
         message = u"Expected an object but found %1"_s.arg(jsonTypeName(value));
         return std::nullopt;
     }
-    const ProductMembers members(value.toObject());
-
-    Product product;
-    const QJsonValue& id = members.id;
+    const QJsonObject object = value.toObject();
+    const QJsonValue id = object.value("ID"_L1);
     if (id.isUndefined() || id.isNull()) {
         message = u"No value for required key \"ID\""_s;
         return std::nullopt;
@@ -95,50 +86,32 @@ std::optional<Product> Product::fromJson(const QJsonValue& value, QString* error
             message += u" (%1 is not a whole number within 64 bits)"_s.arg(id.toDouble());
         return std::nullopt;
     }
+    Product product;
     product.ID = *exactID;
-
-    if (!readOptionalString(members.sku, u"Sku"_s, product.Sku, &message) ||
-        !readOptionalString(members.name, u"Name"_s, product.Name, &message) ||
-        !readOptionalString(members.description, u"Description"_s, product.Description, &message) ||
-        !readOptionalString(members.barCode, u"BarCode"_s, product.BarCode, &message))
+    // In this order: the first member that fails names the error.
+    if (!readOptional(object, "Sku"_L1, product.Sku, message) ||
+        !readOptional(object, "Name"_L1, product.Name, message) ||
+        !readOptional(object, "Description"_L1, product.Description, message) ||
+        !readOptional(object, "BarCode"_L1, product.BarCode, message) ||
+        !readOptional(object, "SellPrice1WithVat"_L1, product.SellPrice1WithVat, message) ||
+        !readOptional(object, "Active"_L1, product.Active, message))
         return std::nullopt;
-
-    const QJsonValue& price = members.price;
-    if (!price.isUndefined() && !price.isNull()) {
-        if (!price.isDouble()) {
-            message = typeMismatch(u"SellPrice1WithVat"_s, u"a number"_s, price);
-            return std::nullopt;
-        }
-        product.SellPrice1WithVat = price.toDouble();
-    }
-
-    const QJsonValue& active = members.active;
-    if (!active.isUndefined() && !active.isNull()) {
-        if (!active.isBool()) {
-            message = typeMismatch(u"Active"_s, u"a boolean"_s, active);
-            return std::nullopt;
-        }
-        product.Active = active.toBool();
-    }
     return product;
 }
 
 QJsonObject Product::toJson() const
 {
-    QJsonObject object;
-    object.insert(u"ID"_s, ID);
-    if (Sku)
-        object.insert(u"Sku"_s, *Sku);
-    if (Name)
-        object.insert(u"Name"_s, *Name);
-    if (Description)
-        object.insert(u"Description"_s, *Description);
-    if (SellPrice1WithVat)
-        object.insert(u"SellPrice1WithVat"_s, *SellPrice1WithVat);
-    if (BarCode)
-        object.insert(u"BarCode"_s, *BarCode);
-    if (Active)
-        object.insert(u"Active"_s, *Active);
+    QJsonObject object{{u"ID"_s, ID}};
+    const auto insert = [&object](const QString& key, const auto& member) {
+        if (member)
+            object.insert(key, *member);
+    };
+    insert(u"Sku"_s, Sku);
+    insert(u"Name"_s, Name);
+    insert(u"Description"_s, Description);
+    insert(u"SellPrice1WithVat"_s, SellPrice1WithVat);
+    insert(u"BarCode"_s, BarCode);
+    insert(u"Active"_s, Active);
     return object;
 }
 

@@ -79,95 +79,95 @@ class TestLabelRenderer : public QObject
     Q_OBJECT
 
 private slots:
-    void barcodesScan_data();
-    void barcodesScan();
-    void fieldsLandWhereThePrinterPutsThem_data();
-    void fieldsLandWhereThePrinterPutsThem();
-    void boxEdgesAndReverseField();
+    void barcodesScan_data()
+    {
+        QTest::addColumn<int>("dotsPerMm");
+        QTest::addColumn<QString>("field");
+        QTest::addColumn<QString>("expected");
+
+        QTest::newRow("EAN-13 adds its check digit")
+            << 8 << u"^BEN,80,Y,N^FD590123412345"_s << u"EAN-13:5901234123457"_s;
+        QTest::newRow("EAN-8") << 8 << u"^B8N,60^FD9638507"_s << u"EAN-8:96385074"_s;
+        // Short data is padded with zeros on the left; the symbol stays the one asked for.
+        QTest::newRow("EAN-13 from 7 digits")
+            << 8 << u"^BEN,80^FD4006381"_s << u"UPC-A:000040063812"_s;
+        QTest::newRow("UPC-A") << 8 << u"^BUN,80^FD03600029145"_s << u"UPC-A:036000291452"_s;
+        QTest::newRow("Code 128") << 8 << u"^BCN,80,Y,N^FDSTX-4711/abc"_s
+                                  << u"CODE-128:STX-4711/abc"_s;
+        QTest::newRow("Code 128, subset C invocation, text above")
+            << 8 << u"^BCN,60,Y,Y^FD>;12345678"_s << u"CODE-128:12345678"_s;
+        QTest::newRow("Code 128 rotated, 12 dots/mm")
+            << 12 << u"^BY3^BCR,120,N^FDART-0042"_s << u"CODE-128:ART-0042"_s;
+        QTest::newRow("Code 39") << 8 << u"^BY2,2^B3N,N,80,Y^FDABC-123"_s << u"CODE-39:ABC-123"_s;
+        QTest::newRow("QR with mode prefix") << 8 << u"^BQN,2,4^FDQA,https://example.com/p?id=42"_s
+                                             << u"QR-Code:https://example.com/p?id=42"_s;
+        QTest::newRow("QR with a ^FH escape")
+            << 24 << u"^BQN,2,8^FH^FDHA,A_5EB"_s << u"QR-Code:A^B"_s;
+    }
+
+    void barcodesScan()
+    {
+        QFETCH(int, dotsPerMm);
+        QFETCH(QString, field);
+        QFETCH(QString, expected);
+
+        const LabelRenderer renderer(dotsPerMm);
+        const LabelRenderResult result =
+            renderer.render(u"^XA^PW900^LL900^BY2^FO80,80"_s + field + u"^FS^XZ"_s);
+        QCOMPARE(result.labels.size(), 1);
+        QCOMPARE(result.notes, QStringList());
+        QCOMPARE(scan(result.labels.first().image), QStringList{expected});
+    }
+
+    void fieldsLandWhereThePrinterPutsThem_data()
+    {
+        QTest::addColumn<QRect>("window");
+        QTest::addColumn<QRect>("expected"); // bounds of the black pixels, give or take kSlack
+        QTest::addColumn<QString>("bars");   // the side the T bars lie on
+
+        // Text widths depend on the face; only the edges the origin fixes are exact.
+        QTest::newRow("N") << QRect(0, 0, 350, 150) << QRect(50, 50, -1, 40) << u"N"_s;
+        QTest::newRow("R") << QRect(350, 0, 350, 190) << QRect(400, 50, 40, -1) << u"R"_s;
+        QTest::newRow("I") << QRect(0, 150, 350, 150) << QRect(50, 200, -1, 40) << u"I"_s;
+        QTest::newRow("B") << QRect(350, 195, 350, 150) << QRect(400, 200, 40, -1) << u"B"_s;
+        QTest::newRow("baseline origin, half width")
+            << QRect(0, 340, 350, 100) << QRect(50, 371, -1, 29) << u"N"_s;
+        QTest::newRow("block centred")
+            << QRect(400, 340, 300, 40) << QRect(492, 350, -1, 30) << u"N"_s;
+        QTest::newRow("block wraps")
+            << QRect(400, 410, 300, 120) << QRect(400, 420, -1, 90) << u"N"_s;
+    }
+
+    void fieldsLandWhereThePrinterPutsThem()
+    {
+        QFETCH(QRect, window);
+        QFETCH(QRect, expected);
+        QFETCH(QString, bars);
+        constexpr int kSlack = 9; // side bearings and the face's cap height
+
+        const QImage image = LabelRenderer().render(kLayout).labels.value(0).image;
+        const QRect found = blackBounds(image, window);
+        QVERIFY(qAbs(found.left() - expected.left()) <= kSlack);
+        QVERIFY(qAbs(found.top() - expected.top()) <= kSlack);
+        if (expected.width() > 0)
+            QVERIFY(found.width() <= expected.width() &&
+                    found.width() > expected.width() - 2 * kSlack);
+        if (expected.height() > 0)
+            QVERIFY(found.bottom() <= expected.bottom() + 1 &&
+                    found.height() > expected.height() - 2 * kSlack);
+        QCOMPARE(QString(denseSide(image, found)), bars);
+    }
+
+    void boxEdgesAndReverseField()
+    {
+        const QImage image = LabelRenderer().render(kLayout).labels.value(0).image;
+        QCOMPARE(blackBounds(image, QRect(0, 540, 350, 200)), QRect(50, 550, 200, 100));
+        QCOMPARE(blackBounds(image, QRect(55, 555, 190, 90)), QRect()); // a line of five dots
+        // The reversed text is white inside the filled box, whose corners stay black.
+        QCOMPARE(blackBounds(image, QRect(390, 540, 220, 120)), QRect(400, 550, 200, 100));
+        QVERIFY(blackOnLine(image, {420, 590}, {1, 0}, 160) < 155);
+    }
 };
-
-void TestLabelRenderer::barcodesScan_data()
-{
-    QTest::addColumn<int>("dotsPerMm");
-    QTest::addColumn<QString>("field");
-    QTest::addColumn<QString>("expected");
-
-    QTest::newRow("EAN-13 adds its check digit")
-        << 8 << u"^BEN,80,Y,N^FD590123412345"_s << u"EAN-13:5901234123457"_s;
-    QTest::newRow("EAN-8") << 8 << u"^B8N,60^FD9638507"_s << u"EAN-8:96385074"_s;
-    // Short data is padded with zeros on the left; the symbol stays the one asked for.
-    QTest::newRow("EAN-13 from 7 digits") << 8 << u"^BEN,80^FD4006381"_s << u"UPC-A:000040063812"_s;
-    QTest::newRow("UPC-A") << 8 << u"^BUN,80^FD03600029145"_s << u"UPC-A:036000291452"_s;
-    QTest::newRow("Code 128") << 8 << u"^BCN,80,Y,N^FDSTX-4711/abc"_s << u"CODE-128:STX-4711/abc"_s;
-    QTest::newRow("Code 128, subset C invocation, text above")
-        << 8 << u"^BCN,60,Y,Y^FD>;12345678"_s << u"CODE-128:12345678"_s;
-    QTest::newRow("Code 128 rotated, 12 dots/mm")
-        << 12 << u"^BY3^BCR,120,N^FDART-0042"_s << u"CODE-128:ART-0042"_s;
-    QTest::newRow("Code 39") << 8 << u"^BY2,2^B3N,N,80,Y^FDABC-123"_s << u"CODE-39:ABC-123"_s;
-    QTest::newRow("QR with mode prefix") << 8 << u"^BQN,2,4^FDQA,https://example.com/p?id=42"_s
-                                         << u"QR-Code:https://example.com/p?id=42"_s;
-    QTest::newRow("QR with a ^FH escape") << 24 << u"^BQN,2,8^FH^FDHA,A_5EB"_s << u"QR-Code:A^B"_s;
-}
-
-void TestLabelRenderer::barcodesScan()
-{
-    QFETCH(int, dotsPerMm);
-    QFETCH(QString, field);
-    QFETCH(QString, expected);
-
-    const LabelRenderer renderer(dotsPerMm);
-    const LabelRenderResult result =
-        renderer.render(u"^XA^PW900^LL900^BY2^FO80,80"_s + field + u"^FS^XZ"_s);
-    QCOMPARE(result.labels.size(), 1);
-    QCOMPARE(result.notes, QStringList());
-    QCOMPARE(scan(result.labels.first().image), QStringList{expected});
-}
-
-void TestLabelRenderer::fieldsLandWhereThePrinterPutsThem_data()
-{
-    QTest::addColumn<QRect>("window");
-    QTest::addColumn<QRect>("expected"); // bounds of the black pixels, give or take kSlack
-    QTest::addColumn<QString>("bars");   // the side the T bars lie on
-
-    // Text widths depend on the face; only the edges the origin fixes are exact.
-    QTest::newRow("N") << QRect(0, 0, 350, 150) << QRect(50, 50, -1, 40) << u"N"_s;
-    QTest::newRow("R") << QRect(350, 0, 350, 190) << QRect(400, 50, 40, -1) << u"R"_s;
-    QTest::newRow("I") << QRect(0, 150, 350, 150) << QRect(50, 200, -1, 40) << u"I"_s;
-    QTest::newRow("B") << QRect(350, 195, 350, 150) << QRect(400, 200, 40, -1) << u"B"_s;
-    QTest::newRow("baseline origin, half width")
-        << QRect(0, 340, 350, 100) << QRect(50, 371, -1, 29) << u"N"_s;
-    QTest::newRow("block centred") << QRect(400, 340, 300, 40) << QRect(492, 350, -1, 30) << u"N"_s;
-    QTest::newRow("block wraps") << QRect(400, 410, 300, 120) << QRect(400, 420, -1, 90) << u"N"_s;
-}
-
-void TestLabelRenderer::fieldsLandWhereThePrinterPutsThem()
-{
-    QFETCH(QRect, window);
-    QFETCH(QRect, expected);
-    QFETCH(QString, bars);
-    constexpr int kSlack = 9; // side bearings and the face's cap height
-
-    const QImage image = LabelRenderer().render(kLayout).labels.value(0).image;
-    const QRect found = blackBounds(image, window);
-    QVERIFY(qAbs(found.left() - expected.left()) <= kSlack);
-    QVERIFY(qAbs(found.top() - expected.top()) <= kSlack);
-    if (expected.width() > 0)
-        QVERIFY(found.width() <= expected.width() && found.width() > expected.width() - 2 * kSlack);
-    if (expected.height() > 0)
-        QVERIFY(found.bottom() <= expected.bottom() + 1 &&
-                found.height() > expected.height() - 2 * kSlack);
-    QCOMPARE(QString(denseSide(image, found)), bars);
-}
-
-void TestLabelRenderer::boxEdgesAndReverseField()
-{
-    const QImage image = LabelRenderer().render(kLayout).labels.value(0).image;
-    QCOMPARE(blackBounds(image, QRect(0, 540, 350, 200)), QRect(50, 550, 200, 100));
-    QCOMPARE(blackBounds(image, QRect(55, 555, 190, 90)), QRect()); // a line of five dots
-    // The reversed text is white inside the filled box, whose corners stay black.
-    QCOMPARE(blackBounds(image, QRect(390, 540, 220, 120)), QRect(400, 550, 200, 100));
-    QVERIFY(blackOnLine(image, {420, 590}, {1, 0}, 160) < 155);
-}
 
 QTEST_MAIN(TestLabelRenderer)
 #include "tst_LabelRenderer.moc"

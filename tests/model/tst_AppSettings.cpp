@@ -17,10 +17,13 @@ namespace {
 
 constexpr QFileDevice::Permissions kOwnerReadWrite =
     QFileDevice::ReadOwner | QFileDevice::WriteOwner;
-// Owner, group and other; the "User" bits only mirror the owner's.
-constexpr int kUnixBits = 0x7077;
 
-// What a save prints.
+// Owner, group and other; the "User" bits only mirror the owner's.
+int unixBits(const QString& path)
+{
+    return int(QFile::permissions(path)) & 0x7077;
+}
+
 QString savedLog(AppSettings& settings)
 {
     StdoutCapture output;
@@ -30,301 +33,274 @@ QString savedLog(AppSettings& settings)
 
 } // namespace
 
-// The settings store: record operations, the delayed save, loading at start
-// (repair, migration, unreadable files) and the files it writes.
 class TestAppSettings : public QObject
 {
     Q_OBJECT
 
 private slots:
-    void startSavesTheDefaultsAfterTheDelay_data();
-    void startSavesTheDefaultsAfterTheDelay();
-    void burstOfChangesIsWrittenOnceAfterTheLast();
-    void addingAndDeletingMovesTheSelection();
-    void deletingAPrinterUnbindsItsTemplates();
-    void oldFlatLayoutMigrates();
-    void legacyValuesOnlyFillEmptyLists();
-    void unreadableFileIsKeptAside_data();
-    void unreadableFileIsKeptAside();
-    void failedSaveIsKeptUntilASaveSucceeds_data();
-    void failedSaveIsKeptUntilASaveSucceeds();
-    void filesAreOwnerOnly_data();
-    void filesAreOwnerOnly();
-};
+    void startSavesTheDefaultsAfterTheDelay_data()
+    {
+        QTest::addColumn<QByteArray>("content");
+        QTest::newRow("first start") << QByteArray();
+        QTest::newRow("empty lists, stale selection") << QByteArray(
+            R"({"dossiers": [], "templates": [], "selectedDossierID": "6C1F2A6E-8F43-4D25-9E0B-1E8D5D3F4AFF"})");
+    }
 
-void TestAppSettings::startSavesTheDefaultsAfterTheDelay_data()
-{
-    QTest::addColumn<QByteArray>("content");
-    QTest::newRow("first start") << QByteArray();
-    QTest::newRow("empty lists, stale selection") << QByteArray(
-        R"({"dossiers": [], "templates": [], "selectedDossierID": "6C1F2A6E-8F43-4D25-9E0B-1E8D5D3F4AFF"})");
-}
+    void startSavesTheDefaultsAfterTheDelay()
+    {
+        QFETCH(QByteArray, content);
+        TestHome home;
+        QVERIFY(content.isEmpty() || home.writeSettingsFile(content));
+        AppSettings settings;
+        QCOMPARE(home.readSettingsFile(), content);
+        QTRY_VERIFY_WITH_TIMEOUT(!settings.isSavePending(), 5000);
+        SettingsData expected;
+        expected.bookyear = QString::number(QDate::currentDate().year());
+        expected.dossiers = {Dossier::defaultDossier()};
+        expected.selectedDossierID = Dossier::defaultDossier().id;
+        expected.templates = {LabelTemplate::defaultTemplate()};
+        expected.selectedTemplateID = LabelTemplate::defaultTemplate().id;
+        QCOMPARE(home.readSettingsFile(), expected.write());
+    }
 
-void TestAppSettings::startSavesTheDefaultsAfterTheDelay()
-{
-    QFETCH(QByteArray, content);
-    TestHome home;
-    QVERIFY(content.isEmpty() || home.writeSettingsFile(content));
-    AppSettings settings;
-    QCOMPARE(home.readSettingsFile(), content);
-    QTRY_VERIFY_WITH_TIMEOUT(!settings.isSavePending(), 5000);
-    SettingsData expected;
-    expected.bookyear = QString::number(QDate::currentDate().year());
-    expected.dossiers = {Dossier::defaultDossier()};
-    expected.selectedDossierID = Dossier::defaultDossier().id;
-    expected.templates = {LabelTemplate::defaultTemplate()};
-    expected.selectedTemplateID = LabelTemplate::defaultTemplate().id;
-    QCOMPARE(home.readSettingsFile(), expected.write());
-}
+    void burstOfChangesIsWrittenOnceAfterTheLast()
+    {
+        TestHome home;
+        AppSettings settings;
+        settings.savePendingChanges();
+        const QByteArray before = home.readSettingsFile();
+        // Two changes 0.3 s apart: 0.6 s after the first, the write still waits.
+        QElapsedTimer sinceFirstChange;
+        sinceFirstChange.start();
+        settings.setColumnWidthName(301);
+        QTest::qWait(300);
+        settings.setColumnWidthName(302);
+        QTest::qWait(300);
+        if (sinceFirstChange.elapsed() >= 300 + AppSettings::kSaveDelayMs)
+            QSKIP("the machine was too busy to keep the changes 0.3 s apart");
+        QCOMPARE(home.readSettingsFile(), before);
+        QTRY_VERIFY_WITH_TIMEOUT(home.readSettingsFile() != before, 5000);
+        QCOMPARE(SettingsData::read(home.readSettingsFile(), nullptr)->columnWidthName, 302.0);
+    }
 
-void TestAppSettings::burstOfChangesIsWrittenOnceAfterTheLast()
-{
-    TestHome home;
-    AppSettings settings;
-    settings.savePendingChanges();
-    const QByteArray before = home.readSettingsFile();
-    // Two changes 0.3 s apart: 0.6 s after the first, the write still waits.
-    QElapsedTimer sinceFirstChange;
-    sinceFirstChange.start();
-    settings.setColumnWidthName(301);
-    QTest::qWait(300);
-    settings.setColumnWidthName(302);
-    QTest::qWait(300);
-    if (sinceFirstChange.elapsed() >= 300 + AppSettings::kSaveDelayMs)
-        QSKIP("the machine was too busy to keep the changes 0.3 s apart");
-    QCOMPARE(home.readSettingsFile(), before);
-    QTRY_VERIFY_WITH_TIMEOUT(home.readSettingsFile() != before, 5000);
-    QCOMPARE(SettingsData::read(home.readSettingsFile(), nullptr)->columnWidthName, 302.0);
-}
+    void addingAndDeletingMovesTheSelection()
+    {
+        TestHome home;
+        AppSettings settings;
+        settings.savePendingChanges();
+        // The only dossier or template stays, and no save follows.
+        settings.deleteDossier(settings.dossiers().at(0));
+        settings.deleteTemplate(settings.templates().at(0));
+        QVERIFY(!settings.isSavePending());
+        QCOMPARE(settings.dossiers().size() + settings.templates().size(), 2);
 
-void TestAppSettings::addingAndDeletingMovesTheSelection()
-{
-    TestHome home;
-    AppSettings settings;
-    settings.savePendingChanges();
-    // The only dossier or template stays, and no save follows.
-    settings.deleteDossier(settings.dossiers().at(0));
-    settings.deleteTemplate(settings.templates().at(0));
-    QVERIFY(!settings.isSavePending());
-    QCOMPARE(settings.dossiers().size() + settings.templates().size(), 2);
+        settings.addDossier();
+        const Dossier added = settings.dossiers().at(1);
+        QCOMPARE(added.name, u"Nieuw Dossier"_s);
+        QCOMPARE(settings.selectedDossierID(), added.id);
+        QVERIFY(!settings.isConfigured());
+        QVERIFY(settings.updateDossier(1, [](Dossier& dossier) { dossier.apiKey = u"k"_s; }));
+        QVERIFY(settings.isConfigured());
+        // An unselected dossier goes without the selection; the selected one
+        // (given as an edited copy) hands it to the first.
+        settings.addDossier();
+        settings.setSelectedDossierID(added.id);
+        settings.deleteDossier(settings.dossiers().at(2));
+        QCOMPARE(settings.selectedDossierID(), added.id);
+        Dossier editedCopy = added;
+        editedCopy.name = u"Anders"_s;
+        settings.deleteDossier(editedCopy);
+        QCOMPARE(settings.dossiers(), QList<Dossier>{Dossier::defaultDossier()});
+        QCOMPARE(settings.selectedDossierID(), Dossier::defaultDossier().id);
 
-    settings.addDossier();
-    const Dossier added = settings.dossiers().at(1);
-    QCOMPARE(added.name, u"Nieuw Dossier"_s);
-    QCOMPARE(settings.selectedDossierID(), added.id);
-    QVERIFY(!settings.isConfigured());
-    QVERIFY(settings.updateDossier(1, [](Dossier& dossier) { dossier.apiKey = u"sleutel"_s; }));
-    QVERIFY(settings.isConfigured());
-    // An unselected dossier goes without the selection; the selected one
-    // (given as an edited copy) hands it to the first.
-    settings.addDossier();
-    settings.setSelectedDossierID(added.id);
-    settings.deleteDossier(settings.dossiers().at(2));
-    QCOMPARE(settings.selectedDossierID(), added.id);
-    Dossier editedCopy = added;
-    editedCopy.name = u"Anders"_s;
-    settings.deleteDossier(editedCopy);
-    QCOMPARE(settings.dossiers(), QList<Dossier>{Dossier::defaultDossier()});
-    QCOMPARE(settings.selectedDossierID(), Dossier::defaultDossier().id);
+        settings.addTemplate();
+        QCOMPARE(settings.templates().at(1).name, u"Nieuw Etiket"_s);
+        QCOMPARE(settings.selectedTemplateID(), settings.templates().at(1).id);
+        settings.deleteTemplate(settings.templates().at(1));
+        QCOMPARE(settings.selectedTemplateID(), LabelTemplate::defaultTemplate().id);
+    }
 
-    settings.addTemplate();
-    QCOMPARE(settings.templates().at(1).name, u"Nieuw Etiket"_s);
-    QCOMPARE(settings.selectedTemplateID(), settings.templates().at(1).id);
-    settings.deleteTemplate(settings.templates().at(1));
-    QCOMPARE(settings.selectedTemplateID(), LabelTemplate::defaultTemplate().id);
-}
+    void deletingAPrinterUnbindsItsTemplates()
+    {
+        TestHome home;
+        AppSettings settings;
+        settings.addPrinter();
+        settings.addPrinter();
+        QCOMPARE(settings.printers().at(0).name, u"Nieuwe Printer"_s);
+        QCOMPARE(settings.printers().at(0).port, 9100);
+        const Printer removed = settings.printers().at(0);
+        const Printer kept = settings.printers().at(1);
+        settings.updatePrinter(0, [](Printer& printer) { printer.ipAddress = u"10.0.0.1"_s; });
+        settings.addTemplate();
+        settings.addTemplate();
+        settings.setSelectedTemplateID(QUuid::createUuid()); // reads as the first
+        const QList<QUuid> boundTo{removed.id, kept.id, removed.id};
+        for (int i = 0; i < 3; ++i)
+            settings.updateTemplate(i, [&](LabelTemplate& t) { t.printerID = boundTo.at(i); });
+        QVERIFY(settings.isPrinterConfigured());
+        settings.deletePrinter(removed);
+        QCOMPARE(settings.printers(), QList<Printer>{kept});
+        QVERIFY(!settings.templates().at(0).printerID && !settings.templates().at(2).printerID);
+        QCOMPARE(settings.templates().at(1).printerID, kept.id);
+        QVERIFY(!settings.isPrinterConfigured());
+    }
 
-void TestAppSettings::deletingAPrinterUnbindsItsTemplates()
-{
-    TestHome home;
-    AppSettings settings;
-    settings.addPrinter();
-    settings.addPrinter();
-    QCOMPARE(settings.printers().at(0).name, u"Nieuwe Printer"_s);
-    QCOMPARE(settings.printers().at(0).port, 9100);
-    const Printer removed = settings.printers().at(0);
-    const Printer kept = settings.printers().at(1);
-    settings.updatePrinter(0, [](Printer& printer) { printer.ipAddress = u"10.0.0.1"_s; });
-    settings.addTemplate();
-    settings.addTemplate();
-    settings.setSelectedTemplateID(QUuid::createUuid()); // reads as the first
-    const QList<QUuid> boundTo{removed.id, kept.id, removed.id};
-    for (int i = 0; i < 3; ++i)
-        settings.updateTemplate(i, [&](LabelTemplate& t) { t.printerID = boundTo.at(i); });
-    QVERIFY(settings.isPrinterConfigured());
-    settings.deletePrinter(removed);
-    QCOMPARE(settings.printers(), QList<Printer>{kept});
-    QVERIFY(!settings.templates().at(0).printerID && !settings.templates().at(2).printerID);
-    QCOMPARE(settings.templates().at(1).printerID, kept.id);
-    QVERIFY(!settings.isPrinterConfigured());
-}
+    void oldFlatLayoutMigrates()
+    {
+        TestHome home;
+        QVERIFY(home.writeSettingsFile(
+            R"({"apiKey": "oude-sleutel", "printerIP": "192.168.1.50", "printerPort": 6101})"));
+        AppSettings settings;
+        const QUuid dossierID = settings.dossiers().value(0).id;
+        const QUuid printerID = settings.printers().value(0).id;
+        QCOMPARE(settings.dossiers(),
+                 (QList<Dossier>{{dossierID, u"Gemigreerd Dossier"_s, u"oude-sleutel"_s}}));
+        QCOMPARE(settings.printers(),
+                 (QList<Printer>{{printerID, u"Gemigreerde Printer"_s, u"192.168.1.50"_s, 6101}}));
+        QCOMPARE(settings.selectedDossierID(), dossierID);
+        QCOMPARE(settings.templates().at(0).id, LabelTemplate::defaultTemplate().id);
+        QCOMPARE(settings.templates().at(0).printerID, printerID);
 
-void TestAppSettings::oldFlatLayoutMigrates()
-{
-    TestHome home;
-    QVERIFY(home.writeSettingsFile(
-        R"({"apiKey": "oude-sleutel", "printerIP": "192.168.1.50", "printerPort": 6101})"));
-    AppSettings settings;
-    const QList<Dossier> dossiers = settings.dossiers();
-    const QList<Printer> printers = settings.printers();
-    QCOMPARE(dossiers,
-             (QList<Dossier>{{dossiers[0].id, u"Gemigreerd Dossier"_s, u"oude-sleutel"_s}}));
-    QCOMPARE(printers,
-             (QList<Printer>{{printers[0].id, u"Gemigreerde Printer"_s, u"192.168.1.50"_s, 6101}}));
-    QCOMPARE(settings.selectedDossierID(), dossiers.at(0).id);
-    QCOMPARE(settings.templates().at(0).id, LabelTemplate::defaultTemplate().id);
-    QCOMPARE(settings.templates().at(0).printerID, printers.at(0).id);
-}
-
-void TestAppSettings::legacyValuesOnlyFillEmptyLists()
-{
-    TestHome home;
-    QVERIFY(home.writeSettingsFile(R"({"apiKey": "oud", "printerIP": "192.168.1.50",
+        // Values of the old layout only fill empty lists.
+        QVERIFY(home.writeSettingsFile(R"({"apiKey": "oud", "printerIP": "192.168.1.50",
         "dossiers": [{"apiKey": "", "id": "6C1F2A6E-8F43-4D25-9E0B-1E8D5D3F4A01", "name": "A"}],
         "templates": [{"id": "8E3F4C80-A165-4F47-901D-3FAF7F516C01", "name": "T", "zplContent": "",
                        "printerID": "7D2E3B7F-9054-4E36-8F1C-2F9E6E405BFF"}]})"));
-    AppSettings settings;
-    QCOMPARE(settings.dossiers().at(0).name, u"A"_s);
-    QCOMPARE(settings.dossiers().size() + settings.printers().size(), 2);
-    QCOMPARE(settings.printers().at(0).port, 9100);
-    // A template that names a printer keeps it, even one that does not exist.
-    QCOMPARE(settings.templates().at(0).printerID,
-             QUuid::fromString(u"7D2E3B7F-9054-4E36-8F1C-2F9E6E405BFF"));
-}
+        AppSettings again;
+        QCOMPARE(again.dossiers().at(0).name, u"A"_s);
+        QCOMPARE(again.dossiers().size() + again.printers().size(), 2);
+        QCOMPARE(again.printers().at(0).port, 9100);
+        // A template that names a printer keeps it, even one that does not exist.
+        QCOMPARE(again.templates().at(0).printerID,
+                 QUuid::fromString(u"7D2E3B7F-9054-4E36-8F1C-2F9E6E405BFF"));
+    }
 
-void TestAppSettings::unreadableFileIsKeptAside_data()
-{
-    QTest::addColumn<QByteArray>("content");
-    QTest::addColumn<bool>("readable");
-    QTest::addColumn<int>("starts");
-    // What a save that writes in place would leave when cut off halfway.
-    QTest::newRow("truncated") << QByteArray(R"({"dossiers": [{"apiK)") << true << 1;
-    QTest::newRow("no access") << QByteArray("{}") << false << 1;
-    // Names carry the time to the second; no later file may take the place
-    // of an earlier one.
-    QTest::newRow("three starts within a second") << QByteArray("[]") << true << 3;
-}
+    void unreadableFileIsKeptAside_data()
+    {
+        QTest::addColumn<QByteArray>("content");
+        QTest::addColumn<bool>("readable");
+        QTest::addColumn<int>("starts");
+        // What a save that writes in place would leave when cut off halfway.
+        QTest::newRow("truncated") << QByteArray("{\"dossiers\": [{\"apiK") << true << 1;
+        QTest::newRow("no access") << QByteArray("{}") << false << 1;
+        // Names carry the time to the second; no later file may take an earlier one's place.
+        QTest::newRow("three starts within a second") << QByteArray("[]") << true << 3;
+    }
 
-void TestAppSettings::unreadableFileIsKeptAside()
-{
-    QFETCH(QByteArray, content);
-    QFETCH(bool, readable);
-    QFETCH(int, starts);
-    if (!readable && ::geteuid() == 0)
-        QSKIP("file permissions do not stop the superuser");
-    TestHome home;
-    for (int start = 0; start < starts; ++start) {
-        QVERIFY(home.writeSettingsFile(content));
-        QVERIFY(readable || QFile::setPermissions(home.settingsFilePath(), {}));
-        StdoutCapture output;
+    void unreadableFileIsKeptAside()
+    {
+        QFETCH(QByteArray, content);
+        QFETCH(bool, readable);
+        QFETCH(int, starts);
+        if (!readable && ::geteuid() == 0)
+            QSKIP("file permissions do not stop the superuser");
+        TestHome home;
+        for (int start = 0; start < starts; ++start) {
+            QVERIFY(home.writeSettingsFile(content));
+            QVERIFY(readable || QFile::setPermissions(home.settingsFilePath(), {}));
+            StdoutCapture output;
+            AppSettings settings;
+            const QString log = output.text();
+            QVERIFY2(log.startsWith(u"Failed to load settings: "_s) && log.count(u'\n') == 1,
+                     qPrintable(log));
+            QCOMPARE(settings.dossiers(), QList<Dossier>{Dossier::defaultDossier()});
+            settings.savePendingChanges();
+            QVERIFY(SettingsData::read(home.readSettingsFile(), nullptr));
+        }
+        const QDir directory(home.settingsDirectory());
+        const QStringList kept =
+            directory.entryList({u"settings.json.unreadable-*"_s}, QDir::Files | QDir::System);
+        QCOMPARE(kept.size(), starts);
+        static const QRegularExpression kName(
+            u"^settings\\.json\\.unreadable-\\d{8}-\\d{6}(-\\d)?$"_s);
+        for (const QString& name : kept) {
+            QVERIFY2(kName.match(name).hasMatch(), qPrintable(name));
+            QFile::setPermissions(directory.filePath(name), kOwnerReadWrite);
+            QCOMPARE(TestHome::readFile(directory.filePath(name)), content);
+        }
+    }
+
+    void failedSaveIsKeptUntilASaveSucceeds_data()
+    {
+        QTest::addColumn<bool>("directoryIsAFile");
+        QTest::newRow("a directory in the file's place") << false;
+        QTest::newRow("a file in the directory's place") << true;
+    }
+
+    void failedSaveIsKeptUntilASaveSucceeds()
+    {
+        QFETCH(bool, directoryIsAFile);
+        TestHome home;
         AppSettings settings;
-        const QString log = output.text();
-        QVERIFY2(log.startsWith(u"Failed to load settings: "_s) && log.count(u'\n') == 1,
-                 qPrintable(log));
-        QCOMPARE(settings.dossiers(), QList<Dossier>{Dossier::defaultDossier()});
         settings.savePendingChanges();
-        QVERIFY(SettingsData::read(home.readSettingsFile(), nullptr));
-    }
-    const QDir directory(home.settingsDirectory());
-    const QStringList kept =
-        directory.entryList({u"settings.json.unreadable-*"_s}, QDir::Files | QDir::System);
-    QCOMPARE(kept.size(), starts);
-    static const QRegularExpression kName(u"^settings\\.json\\.unreadable-\\d{8}-\\d{6}(-\\d)?$"_s);
-    for (const QString& name : kept) {
-        QVERIFY2(kName.match(name).hasMatch(), qPrintable(name));
-        QFile::setPermissions(directory.filePath(name), kOwnerReadWrite);
-        QCOMPARE(TestHome::readFile(directory.filePath(name)), content);
-    }
-}
+        QSignalSpy changed(&settings, &AppSettings::saveErrorChanged);
+        const QString blocked =
+            directoryIsAFile ? home.settingsDirectory() : home.settingsFilePath();
+        QVERIFY(QFile::remove(blocked) || QDir(blocked).removeRecursively());
+        QVERIFY(directoryIsAFile ? TestHome::writeFile(blocked, {}) : QDir().mkdir(blocked));
 
-void TestAppSettings::failedSaveIsKeptUntilASaveSucceeds_data()
-{
-    QTest::addColumn<bool>("directoryIsAFile");
-    QTest::newRow("a directory in the file's place") << false;
-    QTest::newRow("a file in the directory's place") << true;
-}
+        for (const QString& year : {u"2031"_s, u"2032"_s}) {
+            settings.setBookyear(year);
+            const QString log = savedLog(settings);
+            QVERIFY(!settings.saveError().isEmpty());
+            QCOMPARE(log, u"Failed to save settings: "_s + settings.saveError() + u'\n');
+        }
+        QCOMPARE(changed.count(), 1); // the same reason twice is one change
 
-void TestAppSettings::failedSaveIsKeptUntilASaveSucceeds()
-{
-    QFETCH(bool, directoryIsAFile);
-    TestHome home;
-    AppSettings settings;
-    settings.savePendingChanges();
-    QSignalSpy changed(&settings, &AppSettings::saveErrorChanged);
-    if (directoryIsAFile) {
-        QVERIFY(QDir(home.settingsDirectory()).removeRecursively());
-        QFile file(home.settingsDirectory());
-        QVERIFY(file.open(QIODevice::WriteOnly));
-    } else {
-        QVERIFY(TestHome::blockFile(home.settingsFilePath()));
+        QVERIFY(directoryIsAFile ? QFile::remove(blocked) : QDir().rmdir(blocked));
+        QVERIFY(QDir().mkpath(home.settingsDirectory()));
+        settings.setBookyear(u"2033"_s);
+        QCOMPARE(savedLog(settings), QString());
+        QCOMPARE(settings.saveError(), QString());
+        QCOMPARE(changed.count(), 2);
+        QVERIFY(home.readSettingsFile().contains("\"2033\""));
     }
 
-    for (const QString& year : {u"2031"_s, u"2032"_s}) {
-        settings.setBookyear(year);
-        const QString log = savedLog(settings);
-        QVERIFY(!settings.saveError().isEmpty());
-        QCOMPARE(log, u"Failed to save settings: "_s + settings.saveError() + u'\n');
+    void filesAreOwnerOnly_data()
+    {
+        QTest::addColumn<bool>("exported");
+        QTest::addColumn<bool>("replacesReadableFile");
+        QTest::addColumn<bool>("directoryWasOpen");
+        QTest::newRow("settings file") << false << false << false;
+        QTest::newRow("settings file left readable") << false << true << false;
+        // Made by hand or by an earlier version: closed at start.
+        QTest::newRow("settings directory left open") << false << false << true;
+        // An export holds every API key too.
+        QTest::newRow("export") << true << false << false;
+        QTest::newRow("export over a readable file") << true << true << false;
     }
-    // The same reason twice is one change.
-    QCOMPARE(changed.count(), 1);
 
-    if (directoryIsAFile)
-        QVERIFY(QFile::remove(home.settingsDirectory()) && QDir().mkdir(home.settingsDirectory()));
-    else
-        QVERIFY(TestHome::unblockFile(home.settingsFilePath()));
-    settings.setBookyear(u"2033"_s);
-    QCOMPARE(savedLog(settings), QString());
-    QCOMPARE(settings.saveError(), QString());
-    QCOMPARE(changed.count(), 2);
-    QVERIFY(home.readSettingsFile().contains("\"2033\""));
-}
-
-void TestAppSettings::filesAreOwnerOnly_data()
-{
-    QTest::addColumn<bool>("exported");
-    QTest::addColumn<bool>("replacesReadableFile");
-    QTest::addColumn<bool>("directoryWasOpen");
-    QTest::newRow("settings file") << false << false << false;
-    QTest::newRow("settings file left readable") << false << true << false;
-    // Made by hand or by an earlier version: closed at start.
-    QTest::newRow("settings directory left open") << false << false << true;
-    // An export holds every API key too.
-    QTest::newRow("export") << true << false << false;
-    QTest::newRow("export over a readable file") << true << true << false;
-}
-
-void TestAppSettings::filesAreOwnerOnly()
-{
-    QFETCH(bool, exported);
-    QFETCH(bool, replacesReadableFile);
-    QFETCH(bool, directoryWasOpen);
-    // Even with a permissive umask, nothing is readable by others.
-    const mode_t previousUmask = ::umask(0);
-    TestHome home;
-    if (directoryWasOpen) {
-        constexpr QFileDevice::Permissions kOpen = kOwnerReadWrite | QFileDevice::ExeOwner |
-                                                   QFileDevice::ReadGroup | QFileDevice::ExeGroup |
-                                                   QFileDevice::ReadOther | QFileDevice::ExeOther;
-        QVERIFY(QDir().mkdir(home.settingsDirectory(), kOpen));
-        QCOMPARE(int(QFile::permissions(home.settingsDirectory())) & kUnixBits, int(kOpen));
+    void filesAreOwnerOnly()
+    {
+        QFETCH(bool, exported);
+        QFETCH(bool, replacesReadableFile);
+        QFETCH(bool, directoryWasOpen);
+        constexpr QFileDevice::Permissions kReadableByAll =
+            kOwnerReadWrite | QFileDevice::ReadGroup | QFileDevice::ReadOther;
+        // Even with a permissive umask, nothing is readable by others.
+        const mode_t previousUmask = ::umask(0);
+        TestHome home;
+        if (directoryWasOpen) {
+            const auto open = kReadableByAll | QFileDevice::ExeOwner | QFileDevice::ExeGroup |
+                              QFileDevice::ExeOther;
+            QVERIFY(QDir().mkdir(home.settingsDirectory(), open));
+            QCOMPARE(unixBits(home.settingsDirectory()), int(open));
+        }
+        AppSettings settings;
+        QFile file(exported ? home.path() + u"/stampix-settings.json"_s : home.settingsFilePath());
+        if (replacesReadableFile)
+            QVERIFY(file.open(QIODevice::WriteOnly) && file.setPermissions(kReadableByAll));
+        file.close();
+        if (exported)
+            QCOMPARE(settings.exportSettings(file.fileName()), std::nullopt);
+        else
+            settings.savePendingChanges();
+        ::umask(previousUmask);
+        QVERIFY(SettingsData::read(TestHome::readFile(file.fileName()), nullptr));
+        QCOMPARE(unixBits(file.fileName()), int(kOwnerReadWrite));
+        QCOMPARE(unixBits(home.settingsDirectory()), int(kOwnerReadWrite | QFileDevice::ExeOwner));
     }
-    AppSettings settings;
-    QFile file(exported ? home.path() + u"/stampix-settings.json"_s : home.settingsFilePath());
-    if (replacesReadableFile)
-        QVERIFY(
-            file.open(QIODevice::WriteOnly) &&
-            file.setPermissions(kOwnerReadWrite | QFileDevice::ReadGroup | QFileDevice::ReadOther));
-    file.close();
-    if (exported)
-        QCOMPARE(settings.exportSettings(file.fileName()), std::nullopt);
-    else
-        settings.savePendingChanges();
-    ::umask(previousUmask);
-    QVERIFY(SettingsData::read(TestHome::readFile(file.fileName()), nullptr));
-    QCOMPARE(int(file.permissions()) & kUnixBits, int(kOwnerReadWrite));
-    QCOMPARE(int(QFile::permissions(home.settingsDirectory())) & kUnixBits,
-             int(kOwnerReadWrite | QFileDevice::ExeOwner));
-}
+};
 
 QTEST_GUILESS_MAIN(TestAppSettings)
 #include "tst_AppSettings.moc"

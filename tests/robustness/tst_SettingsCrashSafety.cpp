@@ -1,5 +1,5 @@
-#include "SaveLoopContent.h"
 #include "TestHome.h"
+#include "model/AppSettings.h"
 
 #include <QDir>
 #include <QElapsedTimer>
@@ -7,8 +7,41 @@
 #include <QRandomGenerator>
 #include <QRegularExpression>
 #include <QTest>
+#include <cstdio>
 
 using namespace Qt::StringLiterals;
+
+namespace {
+
+// What the save loop writes for one sequence number. Each number gives a
+// document of another length, so a torn or mixed file shows; the book year
+// carries the number.
+QList<Dossier> dossiersFor(qint64 sequence)
+{
+    QList<Dossier> dossiers;
+    for (int position = 0; position <= sequence % 5; ++position)
+        dossiers.append({QUuid::createUuidV5(QUuid(), QString::number(position)),
+                         u"Dossier %1 van %2"_s.arg(position).arg(sequence),
+                         QString(static_cast<int>(sequence % 13) * 40, u'k')});
+    return dossiers;
+}
+
+// The process the test kills: it keeps saving, printing each sequence number
+// once it is saved, and goes on from the number on disk.
+int saveLoop()
+{
+    AppSettings settings;
+    settings.savePendingChanges();
+    for (qint64 sequence = settings.bookyear().toLongLong() + 1;; ++sequence) {
+        settings.setDossiers(dossiersFor(sequence));
+        settings.setBookyear(QString::number(sequence));
+        settings.savePendingChanges();
+        std::printf("%lld\n", static_cast<long long>(sequence));
+        std::fflush(stdout);
+    }
+}
+
+} // namespace
 
 // A settings store killed at any moment leaves a complete settings file: the
 // one of the last save reported, or of the one after it. STAMPIX_CRASH_KILLS
@@ -18,61 +51,64 @@ class SettingsCrashSafetyTest : public QObject
     Q_OBJECT
 
 private slots:
-    void killedWhileSavingLeavesACompleteFile();
+    void killedWhileSavingLeavesACompleteFile()
+    {
+        const int kills = qMax(5, qEnvironmentVariableIntValue("STAMPIX_CRASH_KILLS"));
+        TestHome home;
+        QProcess loop;
+        const quint32 seed = QRandomGenerator::global()->generate();
+        qInfo("random seed %u", seed);
+        QRandomGenerator random(seed);
+
+        // Slow builds (sanitizers) take longer to their first save: the kill
+        // window moves along, or the kills would land before any save.
+        QElapsedTimer started;
+        started.start();
+        loop.start(QCoreApplication::applicationFilePath(), {u"--save-loop"_s});
+        QVERIFY(loop.waitForReadyRead(10000));
+        const int firstSaveMs = int(started.elapsed());
+        qint64 onDisk = -1;
+        for (int kill = 0; kill < kills; ++kill) {
+            if (kill > 0) {
+                loop.start(QCoreApplication::applicationFilePath(), {u"--save-loop"_s});
+                QVERIFY(loop.waitForStarted(5000));
+                // A random moment: sometimes before the loop has saved at all.
+                QTest::qWait(random.bounded(firstSaveMs + 120));
+            }
+            loop.kill(); // SIGKILL
+            QVERIFY(loop.waitForFinished(5000));
+            const QList<QByteArray> lines = loop.readAllStandardOutput().trimmed().split('\n');
+            const qint64 reported = lines.last().isEmpty() ? onDisk : lines.last().toLongLong();
+            QString error;
+            const std::optional<SettingsData> data =
+                SettingsData::read(home.readSettingsFile(), &error);
+            QVERIFY2(data, qPrintable(u"after kill %1: %2"_s.arg(kill).arg(error)));
+            const qint64 found = data->bookyear.toLongLong();
+            // The save after the last one reported may have landed just before the kill.
+            QVERIFY2(found == reported || found == reported + 1,
+                     qPrintable(u"reported %1, found %2"_s.arg(reported).arg(found)));
+            QVERIFY2(data->dossiers == dossiersFor(found),
+                     "the file is not its sequence's document");
+            onDisk = found;
+        }
+        // A save killed before its rename leaves its temporary file, which must be
+        // the owner's only; nothing was kept aside as unreadable.
+        const QDir directory(home.settingsDirectory());
+        for (const QString& name : directory.entryList(QDir::Files | QDir::Hidden | QDir::System)) {
+            QVERIFY2(name == u"settings.json" ||
+                         QRegularExpression(u"^settings\\.json\\.\\w{6}$"_s).match(name).hasMatch(),
+                     qPrintable(name));
+            QCOMPARE(int(QFile::permissions(directory.filePath(name))) & 0x0077, 0); // group, other
+        }
+    }
 };
 
-void SettingsCrashSafetyTest::killedWhileSavingLeavesACompleteFile()
+int main(int argc, char* argv[])
 {
-    const int kills = qMax(5, qEnvironmentVariableIntValue("STAMPIX_CRASH_KILLS"));
-    TestHome home;
-    QProcess loop;
-    QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
-    environment.insert(u"HOME"_s, home.path());
-    loop.setProcessEnvironment(environment);
-    const quint32 seed = QRandomGenerator::global()->generate();
-    qInfo("random seed %u", seed);
-    QRandomGenerator random(seed);
-
-    // Slow builds (sanitizers) take longer to their first save: the kill
-    // window moves along, or the kills would land before any save.
-    QElapsedTimer started;
-    started.start();
-    loop.start(QStringLiteral(STAMPIX_SAVE_LOOP));
-    QVERIFY(loop.waitForReadyRead(10000));
-    const int firstSaveMs = int(started.elapsed());
-    qint64 onDisk = -1;
-    for (int kill = 0; kill < kills; ++kill) {
-        if (kill > 0) {
-            loop.start(QStringLiteral(STAMPIX_SAVE_LOOP));
-            QVERIFY(loop.waitForStarted(5000));
-            // A random moment: sometimes before the loop has saved at all.
-            QTest::qWait(random.bounded(firstSaveMs + 120));
-        }
-        loop.kill(); // SIGKILL
-        QVERIFY(loop.waitForFinished(5000));
-        const QList<QByteArray> lines = loop.readAllStandardOutput().trimmed().split('\n');
-        const qint64 reported = lines.last().isEmpty() ? onDisk : lines.last().toLongLong();
-        QString error;
-        const std::optional<SettingsData> data =
-            SettingsData::read(home.readSettingsFile(), &error);
-        QVERIFY2(data, qPrintable(u"after kill %1: %2"_s.arg(kill).arg(error)));
-        const qint64 found = data->bookyear.toLongLong();
-        // The save after the last one reported may have landed just before the kill.
-        QVERIFY2(found == reported || found == reported + 1,
-                 qPrintable(u"reported %1, found %2"_s.arg(reported).arg(found)));
-        QVERIFY2(saveloop::matches(*data, found), "the file is not its sequence's document");
-        onDisk = found;
-    }
-    // A save killed before its rename leaves its temporary file, which must be
-    // the owner's only; nothing was kept aside as unreadable.
-    const QDir directory(home.settingsDirectory());
-    for (const QString& name : directory.entryList(QDir::Files | QDir::Hidden | QDir::System)) {
-        QVERIFY2(name == u"settings.json" ||
-                     QRegularExpression(u"^settings\\.json\\.\\w{6}$"_s).match(name).hasMatch(),
-                 qPrintable(name));
-        QCOMPARE(int(QFile::permissions(directory.filePath(name))) & 0x0077, 0); // group, other
-    }
+    QCoreApplication application(argc, argv);
+    if (application.arguments().contains(u"--save-loop"_s))
+        return saveLoop();
+    SettingsCrashSafetyTest test;
+    return QTest::qExec(&test, argc, argv);
 }
-
-QTEST_GUILESS_MAIN(SettingsCrashSafetyTest)
 #include "tst_SettingsCrashSafety.moc"

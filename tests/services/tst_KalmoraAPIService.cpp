@@ -1,6 +1,7 @@
 #include "AwaitTask.h"
 #include "LoopbackHttpServer.h"
 #include "StdoutCapture.h"
+#include "TestHome.h"
 #include "services/KalmoraAPIService.h"
 
 #include <QNetworkProxy>
@@ -41,6 +42,9 @@ QByteArray envelopeOfSize(qint64 size)
     return body + QByteArray(size - body.size() - 2, 'x') + "\"}";
 }
 
+const QString kInvalid = u"Ongeldige respons van server"_s;
+const QString kNetwork = u"Netwerkfout: "_s;
+
 } // namespace
 
 class KalmoraAPIServiceTest : public QObject
@@ -50,238 +54,206 @@ class KalmoraAPIServiceTest : public QObject
 private slots:
     // Loopback only: no proxy may stand between the client and the test server.
     void initTestCase() { QNetworkProxy::setApplicationProxy(QNetworkProxy::NoProxy); }
-    void sendsTheAgreedRequest();
-    void outcomes_data();
-    void outcomes();
-    void closingEndsAFetchStillOut();
-    void untrustedCertificateIsRefused();
-    void longTextsAreCutForTheAlert_data();
-    void longTextsAreCutForTheAlert();
-};
-
-void KalmoraAPIServiceTest::sendsTheAgreedRequest()
-{
-    LoopbackHttpServer server;
-    QVERIFY(server.listen());
-    server.setHandler([](const Request&) { return Response::json(kTwoProducts); });
-    KalmoraAPIService service(server.baseUrl());
-    // Plain concatenation: a query in the base swallows "/product" and is replaced.
-    KalmoraAPIService withQuery(server.baseUrl() + u"/api?stale=1"_s);
-
-    const Result first = fetch(service);
-    QVERIFY2(first, qPrintable(describe(first)));
-    QCOMPARE(first.value().size(), 2);
-    QCOMPARE(first.value().at(0).SellPrice1WithVat, 4.5);
-    QVERIFY(fetch(service, u"key-456"_s, QString(), 25, 50));
-    QVERIFY(fetch(withQuery));
-
-    QCOMPARE(server.requests().size(), 3);
-    const Request& request = server.requests().at(0);
-    QCOMPARE(request.method, "GET");
-    QCOMPARE(request.path, "/product");
-    QCOMPARE(request.query, "limit=1000&offset=0");
-    QCOMPARE(request.header("ApiKey"), "key-123");
-    QCOMPARE(request.header("Bookyear"), "2024");
-    QCOMPARE(request.header("Content-Type"), "application/json");
-    const Request& paged = server.requests().at(1);
-    QCOMPARE(paged.query, "limit=25&offset=50");
-    QCOMPARE(paged.header("ApiKey"), "key-456");
-    QVERIFY(paged.hasHeader("Bookyear")); // an empty book year is an empty header
-    QCOMPARE(server.requests().at(2).path, "/api");
-    QCOMPARE(server.requests().at(2).query, "limit=1000&offset=0");
-
-    // Nothing goes out without a key or a usable address.
-    KalmoraAPIService empty{QString()}, noScheme(u"not a url"_s), broken(u"http://[::1"_s);
-    QCOMPARE(describe(fetch(service, QString())), u"Geen API key geconfigureerd"_s);
-    for (KalmoraAPIService* unusable : {&empty, &noScheme, &broken})
-        QCOMPARE(describe(fetch(*unusable)), u"Ongeldige API URL"_s);
-    QCOMPARE(server.connectionCount(), 3);
-}
-
-namespace {
-
-struct Outcome
-{
-    const char* name;
-    Response::Mode mode;
-    QByteArray body;
-    int status;
-    int timeoutMs;
-    const char* expected; // the start of the outcome
-};
-
-using Mode = Response::Mode;
-// A gzip header, then a block no inflater accepts: the transfer fails
-// part-way through the body.
-const QByteArray kBrokenGzip =
-    "HTTP/1.1 200 OK\r\nContent-Encoding: gzip\r\nContent-Length: 20\r\n\r\n" +
-    QByteArray::fromHex("1f8b0800000000000003ffffffff") + "broken";
-const Outcome kOutcomes[] = {
-    // A decodable body must not rescue a status other than 200.
-    {"204", Mode::normal, {}, 204, 5000, "Serverfout: HTTP 204"},
-    {"401", Mode::normal, kTwoProducts, 401, 5000, "Serverfout: Ongeldige API key"},
-    // The status decides at once: a slow error page is no time-out.
-    {"500, slow body", Mode::trickle, QByteArray(500, 'x'), 500, 1500, "Serverfout: HTTP 500"},
-    {"error text wins", Mode::normal, R"({"data":[{"ID":1}],"error":"Weg"})", 200, 5000,
-     "Serverfout: Weg"},
-    {"empty error text", Mode::normal, R"({"data":[{"ID":1}],"error":""})", 200, 5000,
-     "1 products"},
-    {"no data", Mode::normal, R"({"records":0})", 200, 5000, "0 products"},
-    {"not JSON", Mode::normal, "<html>Onderhoud</html>", 200, 5000, "Ongeldige respons van server"},
-    {"silent", Mode::neverAnswer, {}, 200, 300, "Netwerkfout: Time-out"},
-    // Busy all the time: only an overall timer ends it.
-    {"trickling", Mode::trickle, kTwoProducts, 200, 400, "Netwerkfout: "},
-    // What arrives is valid JSON on its own; it must still not count.
-    {"cut short", Mode::truncated, R"({"data":[]})", 200, 5000, "Netwerkfout: "},
-    {"streamed oversized", Mode::stream, {}, 200, 20000, "Ongeldige respons van server"},
-    {"not HTTP", Mode::raw, "\x01\xffSSH-2.0-x\r\n\r\n", 200, 5000, "Netwerkfout: "},
-    // The API key never follows a redirect to another origin: that one ends on
-    // its own status, like every status but 200.
-    {"redirect", Mode::normal, "/moved", 302, 5000, "2 products"},
-    {"redirect to another origin", Mode::normal, "http://localhost:{port}/moved", 301, 5000,
-     "Serverfout: HTTP 301"},
-    // A 200 whose transfer fails part-way is never decoded.
-    {"compressed body breaking off", Mode::raw, kBrokenGzip, 200, 5000, "Netwerkfout: "},
-};
-
-} // namespace
-
-void KalmoraAPIServiceTest::outcomes_data()
-{
-    QTest::addColumn<Response>("response");
-    QTest::addColumn<int>("timeoutMs");
-    QTest::addColumn<QString>("expected");
-    for (const Outcome& row : kOutcomes) {
-        Response response = row.status / 100 == 3 ? Response::redirect(row.status, row.body)
-                                                  : Response::json(row.body, row.status);
-        response.mode = row.mode;
-        response.trickleInterval = 30ms;
-        response.declaredLength = 4096;
-        response.streamLength = kBodyCap + 1;
-        QTest::newRow(row.name) << response << row.timeoutMs << QString::fromUtf8(row.expected);
-    }
-    QTest::newRow("16 MiB") << Response::json(envelopeOfSize(kBodyCap)) << 20000 << u"1 products"_s;
-    QTest::newRow("16 MiB and a byte") << Response::json(envelopeOfSize(kBodyCap + 1)) << 20000
-                                       << u"Ongeldige respons van server"_s;
-}
-
-// Only an undecodable 200 body writes its one decoding line, and nothing else is printed.
-void KalmoraAPIServiceTest::outcomes()
-{
-    QFETCH(Response, response);
-    QFETCH(int, timeoutMs);
-    QFETCH(QString, expected);
-    LoopbackHttpServer server;
-    QVERIFY(server.listen());
-    for (auto& header : response.headers)
-        header.second.replace("{port}", QByteArray::number(server.port()));
-    server.setHandler([response](const Request& request) {
-        return request.path == "/moved" ? Response::json(kTwoProducts) : response;
-    });
-    KalmoraAPIService service(server.baseUrl(), std::chrono::milliseconds(timeoutMs));
-
-    QString printed; // captured only while fetching, so a failing check still shows
-    const Result result = [&] {
-        StdoutCapture capture;
-        Result fetched = fetch(service);
-        printed = capture.text();
-        return fetched;
-    }();
-    const QString text = describe(result);
-    QVERIFY2(text.startsWith(expected), qPrintable(text));
-    QVERIFY(text != u"Netwerkfout: "_s);
-    for (const Request& request : server.requests())
-        QCOMPARE(request.path == "/moved",
-                 text == u"2 products"_s && &request != &server.requests()[0]);
-    const bool decoded = response.mode == Response::Mode::normal && response.status == 200 &&
-                         response.body.size() <= kBodyCap;
-    const bool logged = decoded && text == u"Ongeldige respons van server"_s;
-    // QtTest's own messages land in the capture too; only the program's lines
-    // count, and a service's error text is never among them.
-    QStringList lines = printed.split(u'\n', Qt::SkipEmptyParts);
-    lines.removeIf([](const QString& line) {
-        static const QRegularExpression testLog(u"^Q[A-Z]+ *: "_s);
-        return testLog.match(line).hasMatch();
-    });
-    QCOMPARE(lines.size(), logged ? 1 : 0);
-    QVERIFY(!logged || lines.first().startsWith(u"Decoding error: "_s));
-}
-
-// The network thread goes with the service; the caller's wait must still end,
-// whether it is closed at once or while the server is silent.
-void KalmoraAPIServiceTest::closingEndsAFetchStillOut()
-{
-    for (const bool requestArrived : {false, true}) {
+    void sendsTheAgreedRequest()
+    {
         LoopbackHttpServer server;
         QVERIFY(server.listen());
-        server.setHandler([](const Request&) {
-            Response silent;
-            silent.mode = Response::Mode::neverAnswer;
-            return silent;
-        });
-        auto service = std::make_unique<KalmoraAPIService>(server.baseUrl());
-        std::optional<Result> result;
-        QEventLoop loop;
-        auto storing =
-            storeTaskResult(service->fetchProducts(u"key"_s, u"2024"_s, 1000, 0), &result, &loop);
-        if (requestArrived)
-            QTRY_COMPARE(server.requests().size(), 1);
-        service.reset();
-        QTRY_VERIFY(result.has_value());
-        QCOMPARE(describe(*result), u"Netwerkfout: De productdienst is afgesloten"_s);
+        server.setHandler([](const Request&) { return Response::json(kTwoProducts); });
+        KalmoraAPIService service(server.baseUrl());
+        // Plain concatenation: a query in the base swallows "/product" and is replaced.
+        KalmoraAPIService withQuery(server.baseUrl() + u"/api?stale=1"_s);
+
+        const Result first = fetch(service);
+        QVERIFY2(first, qPrintable(describe(first)));
+        QCOMPARE(first.value().size(), 2);
+        QCOMPARE(first.value().at(0).SellPrice1WithVat, 4.5);
+        QVERIFY(fetch(service, u"key-456"_s, QString(), 25, 50));
+        QVERIFY(fetch(withQuery));
+
+        QCOMPARE(server.requests().size(), 3);
+        const Request& request = server.requests().at(0);
+        QCOMPARE(request.method + ' ' + request.path + '?' + request.query,
+                 "GET /product?limit=1000&offset=0");
+        QCOMPARE(request.header("ApiKey"), "key-123");
+        QCOMPARE(request.header("Bookyear"), "2024");
+        QCOMPARE(request.header("Content-Type"), "application/json");
+        const Request& paged = server.requests().at(1);
+        QCOMPARE(paged.query, "limit=25&offset=50");
+        QCOMPARE(paged.header("ApiKey"), "key-456");
+        QVERIFY(paged.hasHeader("Bookyear")); // an empty book year is an empty header
+        const Request& withBaseQuery = server.requests().at(2);
+        QCOMPARE(withBaseQuery.path + '?' + withBaseQuery.query, "/api?limit=1000&offset=0");
+
+        // Nothing goes out without a key or a usable address.
+        KalmoraAPIService empty{QString()}, noScheme(u"not a url"_s), broken(u"http://[::1"_s);
+        QCOMPARE(describe(fetch(service, QString())), u"Geen API key geconfigureerd"_s);
+        for (KalmoraAPIService* unusable : {&empty, &noScheme, &broken})
+            QCOMPARE(describe(fetch(*unusable)), u"Ongeldige API URL"_s);
+        QCOMPARE(server.connectionCount(), 3);
     }
-}
 
-void KalmoraAPIServiceTest::untrustedCertificateIsRefused()
-{
-    if (!QSslSocket::supportsSsl())
-        QSKIP("No TLS backend available");
-    QFile certificateFile(QStringLiteral(STAMPIX_TEST_DATA_DIR "/untrusted-selfsigned-test.crt"));
-    QFile keyFile(QStringLiteral(STAMPIX_TEST_DATA_DIR "/untrusted-selfsigned-test.key"));
-    QVERIFY(certificateFile.open(QIODevice::ReadOnly));
-    QVERIFY(keyFile.open(QIODevice::ReadOnly));
-    const QSslCertificate certificate(&certificateFile, QSsl::Pem);
-    const QSslKey key(&keyFile, QSsl::Ec, QSsl::Pem);
-    QVERIFY(!certificate.isNull());
-    QVERIFY(!key.isNull());
+    void outcomes_data()
+    {
+        QTest::addColumn<Response>("response");
+        QTest::addColumn<int>("timeoutMs");
+        QTest::addColumn<QString>("expected"); // the start of the outcome
+        using Mode = Response::Mode;
+        const auto add = [](const char* name, Mode mode, const QByteArray& body, int status,
+                            int timeoutMs, const QString& expected) {
+            Response response =
+                status / 100 == 3 ? Response::redirect(status, body) : Response::json(body, status);
+            response.mode = mode;
+            response.trickleInterval = 30ms;
+            response.declaredLength = 4096;
+            response.streamLength = kBodyCap + 1;
+            QTest::newRow(name) << response << timeoutMs << expected;
+        };
+        // A decodable body must not rescue a status other than 200.
+        add("204", Mode::normal, {}, 204, 5000, u"Serverfout: HTTP 204"_s);
+        add("401", Mode::normal, kTwoProducts, 401, 5000, u"Serverfout: Ongeldige API key"_s);
+        // The status decides at once: a slow error page is no time-out.
+        add("500, slow body", Mode::trickle, QByteArray(500, 'x'), 500, 1500,
+            u"Serverfout: HTTP 500"_s);
+        add("error text wins", Mode::normal, R"({"data":[{"ID":1}],"error":"Weg"})", 200, 5000,
+            u"Serverfout: Weg"_s);
+        add("empty error text", Mode::normal, R"({"data":[{"ID":1}],"error":""})", 200, 5000,
+            u"1 products"_s);
+        add("no data", Mode::normal, R"({"records":0})", 200, 5000, u"0 products"_s);
+        add("not JSON", Mode::normal, "<html>Onderhoud</html>", 200, 5000, kInvalid);
+        add("silent", Mode::neverAnswer, {}, 200, 300, u"Netwerkfout: Time-out"_s);
+        // Busy all the time: only an overall timer ends it.
+        add("trickling", Mode::trickle, kTwoProducts, 200, 400, kNetwork);
+        // What arrives is valid JSON on its own; it must still not count.
+        add("cut short", Mode::truncated, R"({"data":[]})", 200, 5000, kNetwork);
+        add("streamed oversized", Mode::stream, {}, 200, 20000, kInvalid);
+        add("not HTTP", Mode::raw, "\x01\xffSSH-2.0-x\r\n\r\n", 200, 5000, kNetwork);
+        // The API key never follows a redirect to another origin: that one ends on
+        // its own status, like every status but 200.
+        add("redirect", Mode::normal, "/moved", 302, 5000, u"2 products"_s);
+        add("redirect to another origin", Mode::normal, "http://localhost:{port}/moved", 301, 5000,
+            u"Serverfout: HTTP 301"_s);
+        // A gzip header, then a block no inflater accepts: a 200 whose transfer
+        // fails part-way is never decoded.
+        add("compressed body breaking off", Mode::raw,
+            "HTTP/1.1 200 OK\r\nContent-Encoding: gzip\r\nContent-Length: 20\r\n\r\n" +
+                QByteArray::fromHex("1f8b0800000000000003ffffffff") + "broken",
+            200, 5000, kNetwork);
+        add("16 MiB", Mode::normal, envelopeOfSize(kBodyCap), 200, 20000, u"1 products"_s);
+        add("16 MiB and a byte", Mode::normal, envelopeOfSize(kBodyCap + 1), 200, 20000, kInvalid);
+    }
 
-    LoopbackHttpServer server;
-    QVERIFY(server.listenTls(certificate, key));
-    server.setHandler([](const Request&) { return Response::json(kTwoProducts); });
-    KalmoraAPIService service(server.baseUrl(), 5s);
+    // Only an undecodable 200 body writes its one decoding line, and nothing else is printed.
+    void outcomes()
+    {
+        QFETCH(Response, response);
+        QFETCH(int, timeoutMs);
+        QFETCH(QString, expected);
+        LoopbackHttpServer server;
+        QVERIFY(server.listen());
+        for (auto& header : response.headers)
+            header.second.replace("{port}", QByteArray::number(server.port()));
+        server.setHandler([response](const Request& request) {
+            return request.path == "/moved" ? Response::json(kTwoProducts) : response;
+        });
+        KalmoraAPIService service(server.baseUrl(), std::chrono::milliseconds(timeoutMs));
 
-    const Result result = fetch(service);
-    const QString text = describe(result);
-    QVERIFY2(!result && result.error().kind() == APIError::Kind::networkError, qPrintable(text));
-    // The transport's own reason follows, whatever words it uses.
-    QVERIFY2(text.startsWith(u"Netwerkfout: "_s) && text.size() > 13, qPrintable(text));
-    QVERIFY(server.connectionCount() >= 1); // the handshake was tried...
-    QVERIFY(server.requests().isEmpty());   // ...and no request, no key, went over it
-}
+        QString printed; // captured only while fetching, so a failing check still shows
+        const Result result = [&] {
+            StdoutCapture capture;
+            Result fetched = fetch(service);
+            printed = capture.text();
+            return fetched;
+        }();
+        const QString text = describe(result);
+        QVERIFY2(text.startsWith(expected), qPrintable(text));
+        QVERIFY(text != kNetwork);
+        for (const Request& request : server.requests())
+            QCOMPARE(request.path == "/moved",
+                     text == u"2 products"_s && &request != &server.requests()[0]);
+        const bool decoded = response.mode == Response::Mode::normal && response.status == 200 &&
+                             response.body.size() <= kBodyCap;
+        const bool logged = decoded && text == kInvalid;
+        // QtTest's own messages land in the capture too; a service's error text never does.
+        const QStringList lines = printed.split(u'\n', Qt::SkipEmptyParts)
+                                      .filter(QRegularExpression(u"^(?!Q[A-Z]+ *: )"_s));
+        QCOMPARE(lines.size(), logged ? 1 : 0);
+        QVERIFY(!logged || lines.first().startsWith(u"Decoding error: "_s));
+    }
 
-void KalmoraAPIServiceTest::longTextsAreCutForTheAlert_data()
-{
-    QTest::addColumn<QString>("payload");
-    QTest::addColumn<QString>("shown");
-    const QString fits = u"\u00e9"_s + QString(499, u'a');
-    QTest::newRow("empty") << QString() << QString();
-    QTest::newRow("500 characters") << fits << fits;
-    QTest::newRow("501 characters") << fits + u'b' << fits + u'\u2026';
-    // The pair at 500 and 501 would be split: it goes whole.
-    const QString pair = QString(499, u'a') + u"\U0001F600b"_s;
-    QTest::newRow("surrogate pair at the cut") << pair << QString(499, u'a') + u'\u2026';
-}
+    // The network thread goes with the service; the caller's wait must still end,
+    // whether it is closed at once or while the server is silent.
+    void closingEndsAFetchStillOut()
+    {
+        for (const bool requestArrived : {false, true}) {
+            LoopbackHttpServer server;
+            QVERIFY(server.listen());
+            server.setHandler([](const Request&) {
+                Response silent;
+                silent.mode = Response::Mode::neverAnswer;
+                return silent;
+            });
+            auto service = std::make_unique<KalmoraAPIService>(server.baseUrl());
+            std::optional<Result> result;
+            QEventLoop loop;
+            auto storing = storeTaskResult(service->fetchProducts(u"key"_s, u"2024"_s, 1000, 0),
+                                           &result, &loop);
+            if (requestArrived)
+                QTRY_COMPARE(server.requests().size(), 1);
+            service.reset();
+            QTRY_VERIFY(result.has_value());
+            QCOMPARE(describe(*result), u"Netwerkfout: De productdienst is afgesloten"_s);
+        }
+    }
 
-// The whole text stays in the error; only what the alert shows is cut.
-void KalmoraAPIServiceTest::longTextsAreCutForTheAlert()
-{
-    QFETCH(QString, payload);
-    QFETCH(QString, shown);
-    const APIError server = APIError::serverError(payload);
-    QCOMPARE(server.errorDescription(), u"Serverfout: "_s + shown);
-    QCOMPARE(server.payload(), payload);
-    QCOMPARE(APIError::networkError(payload).errorDescription(), u"Netwerkfout: "_s + shown);
-}
+    void untrustedCertificateIsRefused()
+    {
+        if (!QSslSocket::supportsSsl())
+            QSKIP("No TLS backend available");
+        const QString data = QStringLiteral(STAMPIX_TEST_DATA_DIR);
+        const QSslCertificate certificate(
+            TestHome::readFile(data + u"/untrusted-selfsigned-test.crt"_s));
+        const QSslKey key(TestHome::readFile(data + u"/untrusted-selfsigned-test.key"_s), QSsl::Ec);
+        QVERIFY(!certificate.isNull() && !key.isNull());
+
+        LoopbackHttpServer server;
+        QVERIFY(server.listenTls(certificate, key));
+        server.setHandler([](const Request&) { return Response::json(kTwoProducts); });
+        KalmoraAPIService service(server.baseUrl(), 5s);
+
+        const Result result = fetch(service);
+        const QString text = describe(result);
+        QVERIFY2(!result && result.error().kind() == APIError::Kind::networkError,
+                 qPrintable(text));
+        // The transport's own reason follows, whatever words it uses.
+        QVERIFY2(text.startsWith(kNetwork) && text.size() > kNetwork.size(), qPrintable(text));
+        QVERIFY(server.connectionCount() >= 1); // the handshake was tried...
+        QVERIFY(server.requests().isEmpty());   // ...and no request, no key, went over it
+    }
+
+    void longTextsAreCutForTheAlert_data()
+    {
+        QTest::addColumn<QString>("payload");
+        QTest::addColumn<QString>("shown");
+        const QString fits = u"\u00e9"_s + QString(499, u'a');
+        QTest::newRow("empty") << QString() << QString();
+        QTest::newRow("500 characters") << fits << fits;
+        QTest::newRow("501 characters") << fits + u'b' << fits + u'\u2026';
+        // The pair at 500 and 501 would be split: it goes whole.
+        const QString pair = QString(499, u'a') + u"\U0001F600b"_s;
+        QTest::newRow("surrogate pair at the cut") << pair << QString(499, u'a') + u'\u2026';
+    }
+
+    // The whole text stays in the error; only what the alert shows is cut.
+    void longTextsAreCutForTheAlert()
+    {
+        QFETCH(QString, payload);
+        QFETCH(QString, shown);
+        const APIError server = APIError::serverError(payload);
+        QCOMPARE(server.errorDescription(), u"Serverfout: "_s + shown);
+        QCOMPARE(server.payload(), payload);
+        QCOMPARE(APIError::networkError(payload).errorDescription(), u"Netwerkfout: "_s + shown);
+    }
+};
 
 QTEST_GUILESS_MAIN(KalmoraAPIServiceTest)
 #include "tst_KalmoraAPIService.moc"

@@ -10,81 +10,73 @@ class ProductTest : public QObject
     Q_OBJECT
 
 private slots:
-    void decodesOnlyStrictTypes_data();
-    void decodesOnlyStrictTypes();
-    void absentEmptyAndSignedZero();
+    void decodesOnlyStrictTypes_data()
+    {
+        QTest::addColumn<QByteArray>("body");
+        QTest::addColumn<int>("products"); // -1: no "data"; -2: not decodable
+        const std::pair<const char*, int> rows[] = {
+            {"{}", -1},
+            {R"({"data":null,"records":null})", -1},
+            {R"({"data":[],"page":{"n":1}})", 0},
+            {R"({"data":[{"ID":7.0,"Stock":3,"sku":5}]})", 1},
+            {R"({"data":[{"ID":9223372036854775807,"SellPrice1WithVat":12}]})", 1},
+            {R"({"data":[{"ID":1,"Name":null,"Active":null}]})", 1},
+            // One bad product fails the whole response.
+            {R"({"data":[{"ID":1},{"Name":"x"}]})", -2},
+            {R"({"data":[{"ID":null}]})", -2},
+            {R"({"data":[{"ID":7.5}]})", -2},
+            {R"({"data":[{"ID":"7"}]})", -2},
+            {R"({"data":[{"ID":1e20}]})", -2},
+            {R"({"data":[{"ID":1,"SellPrice1WithVat":"12"}]})", -2},
+            {R"({"data":[{"ID":1,"Active":1}]})", -2},
+            {R"({"data":[{"ID":1,"Sku":5}]})", -2},
+            {R"({"data":[1]})", -2},
+            {R"({"records":2.5})", -2},
+            {R"({"error":5})", -2},
+            {R"({"data":{"ID":1}})", -2},
+            {R"([{"ID":1}])", -2},
+            {"Service Unavailable", -2},
+        };
+        for (const auto& [body, products] : rows)
+            QTest::newRow(body) << QByteArray(body) << products;
+    }
+
+    void decodesOnlyStrictTypes()
+    {
+        QFETCH(QByteArray, body);
+        QFETCH(int, products);
+        QString error;
+        const std::optional<ProductAPIResponse> response = ProductAPIResponse::decode(body, &error);
+        QCOMPARE(response.has_value(), products > -2);
+        QCOMPARE(error.isEmpty(), products > -2); // a failure says why
+        if (response)
+            QCOMPARE(response->data ? response->data->size() : -1, products);
+    }
+
+    void absentEmptyAndSignedZero()
+    {
+        const auto decoded = ProductAPIResponse::decode(
+            R"({"data":[{"ID":7,"Name":null},{"ID":7,"Name":"","SellPrice1WithVat":12}]})",
+            nullptr);
+        QVERIFY(decoded && decoded->data);
+        const Product& bare = decoded->data->at(0);
+        const Product& empty = decoded->data->at(1);
+        QCOMPARE(bare.id(), 7);
+        QCOMPARE(bare.displayName(), u"Unknown"_s);
+        QCOMPARE(bare.sku() + bare.barcode(), QString());
+        QCOMPARE(bare.sortablePrice(), 0.0);
+        QCOMPARE(empty.displayName(), QString());
+        QCOMPARE(empty.sortablePrice(), 12.0);
+        QVERIFY(bare != empty);
+
+        const Product plusZero{1, {}, {}, {}, 0.0, {}, {}}, minusZero{1, {}, {}, {}, -0.0, {}, {}};
+        QCOMPARE(plusZero, minusZero);
+        QCOMPARE(qHash(plusZero), qHash(minusZero));
+        const Product noPrice{1, {}, {}, {}, {}, {}, {}};
+        QVERIFY(noPrice != plusZero);
+        QCOMPARE(noPrice.toJson().keys(), QStringList{u"ID"_s}); // absent members are left out
+    }
 };
-
-void ProductTest::decodesOnlyStrictTypes_data()
-{
-    QTest::addColumn<QByteArray>("body");
-    QTest::addColumn<int>("products"); // -1: no "data"; -2: not decodable
-    const std::pair<const char*, int> rows[] = {
-        {"{}", -1},
-        {R"({"data":null,"records":null})", -1},
-        {R"({"data":[],"page":{"n":1}})", 0},
-        {R"({"data":[{"ID":7.0,"Stock":3,"sku":5}]})", 1},
-        {R"({"data":[{"ID":9223372036854775807,"SellPrice1WithVat":12}]})", 1},
-        {R"({"data":[{"ID":1,"Name":null,"Active":null}]})", 1},
-        // One bad product fails the whole response.
-        {R"({"data":[{"ID":1},{"Name":"x"}]})", -2},
-        {R"({"data":[{"ID":null}]})", -2},
-        {R"({"data":[{"ID":7.5}]})", -2},
-        {R"({"data":[{"ID":"7"}]})", -2},
-        {R"({"data":[{"ID":1e20}]})", -2},
-        {R"({"data":[{"ID":1,"SellPrice1WithVat":"12"}]})", -2},
-        {R"({"data":[{"ID":1,"Active":1}]})", -2},
-        {R"({"data":[{"ID":1,"Sku":5}]})", -2},
-        {R"({"data":[1]})", -2},
-        {R"({"records":2.5})", -2},
-        {R"({"error":5})", -2},
-        {R"({"data":{"ID":1}})", -2},
-        {R"([{"ID":1}])", -2},
-        {"Service Unavailable", -2},
-    };
-    for (const auto& [body, products] : rows)
-        QTest::newRow(body) << QByteArray(body) << products;
-}
-
-void ProductTest::decodesOnlyStrictTypes()
-{
-    QFETCH(QByteArray, body);
-    QFETCH(int, products);
-    QString error;
-    const std::optional<ProductAPIResponse> response = ProductAPIResponse::decode(body, &error);
-    QCOMPARE(response.has_value(), products > -2);
-    QCOMPARE(error.isEmpty(), products > -2); // a failure says why
-    if (response)
-        QCOMPARE(response->data ? response->data->size() : -1, products);
-}
-
-void ProductTest::absentEmptyAndSignedZero()
-{
-    const auto decoded = ProductAPIResponse::decode(
-        R"({"data":[{"ID":7,"Name":null},{"ID":7,"Name":"","SellPrice1WithVat":12}]})", nullptr);
-    QVERIFY(decoded && decoded->data);
-    const Product& bare = decoded->data->at(0);
-    const Product& empty = decoded->data->at(1);
-    QCOMPARE(bare.id(), 7);
-    QCOMPARE(bare.displayName(), u"Unknown"_s);
-    QCOMPARE(bare.sku() + bare.barcode(), QString());
-    QCOMPARE(bare.sortablePrice(), 0.0);
-    QCOMPARE(empty.displayName(), QString());
-    QCOMPARE(empty.sortablePrice(), 12.0);
-    QVERIFY(bare != empty);
-
-    Product plusZero;
-    plusZero.ID = 1;
-    plusZero.SellPrice1WithVat = 0.0;
-    Product minusZero = plusZero;
-    minusZero.SellPrice1WithVat = -0.0;
-    QCOMPARE(plusZero, minusZero);
-    QCOMPARE(qHash(plusZero), qHash(minusZero));
-    Product noPrice = plusZero;
-    noPrice.SellPrice1WithVat.reset();
-    QVERIFY(noPrice != plusZero);
-    QCOMPARE(noPrice.toJson().keys(), QStringList{u"ID"_s}); // absent members are left out
-}
 
 QTEST_GUILESS_MAIN(ProductTest)
 #include "tst_Product.moc"

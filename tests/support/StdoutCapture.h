@@ -5,18 +5,15 @@
 #include <cstdio>
 #include <unistd.h>
 
-// Sends the process's standard output to a temporary file while this object
-// lives, so a test can check the log lines the program prints. Keep the scope
-// short: QtTest's own messages are captured as well.
+// Sends standard output to a temporary file while this object lives, so a test
+// can check the program's log lines. QtTest's own messages are captured too.
 class StdoutCapture
 {
 public:
     StdoutCapture()
     {
-        if (!m_file.open())
-            return;
         std::fflush(stdout);
-        m_savedStdout = ::dup(STDOUT_FILENO);
+        m_savedStdout = m_file.open() ? ::dup(STDOUT_FILENO) : -1;
         if (m_savedStdout >= 0)
             ::dup2(m_file.handle(), STDOUT_FILENO);
     }
@@ -29,7 +26,6 @@ public:
     StdoutCapture(const StdoutCapture&) = delete;
     StdoutCapture& operator=(const StdoutCapture&) = delete;
 
-    // Everything written to standard output so far, as UTF-8 text.
     QString text()
     {
         std::fflush(stdout);

@@ -6,9 +6,8 @@
 #include <QFile>
 #include <QTemporaryDir>
 
-// A temporary directory that is $HOME while this object lives; the previous
-// value is restored afterwards. A settings store created meanwhile keeps its
-// settings in settingsDirectory().
+// A temporary directory that is $HOME while this object lives, so a settings
+// store keeps its settings in settingsDirectory().
 class TestHome
 {
 public:
@@ -20,8 +19,7 @@ public:
     ~TestHome()
     {
         m_hadHome ? qputenv("HOME", m_previousHome) : qunsetenv("HOME");
-        // Tests take permissions away to provoke failures; give them back so
-        // the directory can be removed.
+        // Tests take permissions away; give them back so the directory can go.
         QDirIterator it(m_dir.path(), QDir::AllEntries | QDir::Hidden | QDir::NoDotAndDotDot,
                         QDirIterator::Subdirectories);
         for (QString path = m_dir.path(); !path.isEmpty();
@@ -51,15 +49,14 @@ public:
         QFile file(path);
         return file.open(QIODevice::WriteOnly) && file.write(bytes) == bytes.size();
     }
-    // Writes the settings file as a previous run would have left it.
     bool writeSettingsFile(const QByteArray& bytes) const
     {
         return QDir().mkpath(settingsDirectory()) && writeFile(settingsFilePath(), bytes);
     }
     QByteArray readSettingsFile() const { return readFile(settingsFilePath()); }
 
-    // Puts a directory where a settings file goes: every save there fails,
-    // also for the superuser, whom permissions do not stop.
+    // A directory in a file's place makes every save there fail, also for the
+    // superuser, whom permissions do not stop.
     static bool blockFile(const QString& path)
     {
         QFile::remove(path);

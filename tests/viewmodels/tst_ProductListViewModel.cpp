@@ -14,18 +14,17 @@ using Fixture = ProductWindowFixture;
 
 namespace {
 
-// Runs a task to completion on the event loop.
 void run(QCoro::Task<> task)
 {
     QCoro::waitFor(std::move(task));
 }
 
-QStringList ids(const QList<Product>& products)
+QString ids(const QList<Product>& products)
 {
     QStringList result;
     for (const Product& p : products)
         result.append(QString::number(p.ID));
-    return result;
+    return result.join(u',');
 }
 
 } // namespace
@@ -35,245 +34,219 @@ class ProductListViewModelTest : public QObject
     Q_OBJECT
 
 private slots:
-    void init();
-    void cleanup();
+    void init()
+    {
+        m_fixture = std::make_unique<Fixture>();
+        QVERIFY(m_fixture->isReady());
+        m_settings = m_fixture->makeConfiguredSettings();
+        m_settings->setBookyear(u"2024"_s);
+        m_model = m_fixture->makeViewModel();
+        m_model->setSettings(m_settings.get());
+    }
 
-    void loadNeedsDossierWithKey_data();
-    void loadNeedsDossierWithKey();
-    void loadThenFailedReloadKeepsProducts();
-    void searchIsCaseInsensitiveOverAllTexts_data();
-    void searchIsCaseInsensitiveOverAllTexts();
-    void reloadsFilterBeforeTellingAndKeepSelectionAndChecks();
-    void printRunSendsEachCopyInServiceOrder();
-    void printLabelReportsEachMissingPiece();
-    void successMessageClearsUnlessReplaced();
+    void cleanup()
+    {
+        m_model.reset();
+        m_settings.reset();
+        m_fixture.reset();
+    }
+
+    void loadNeedsDossierWithKey_data()
+    {
+        QTest::addColumn<int>("setUp");
+        QTest::newRow("no settings") << 0;
+        QTest::newRow("empty key") << 1;
+        QTest::newRow("switched to a dossier without key") << 2;
+    }
+
+    void loadNeedsDossierWithKey()
+    {
+        QFETCH(int, setUp);
+        serve({Fixture::product(1, u"A"_s, u"Appel"_s)});
+        if (setUp == 0)
+            m_model = m_fixture->makeViewModel();
+        else if (setUp == 1)
+            m_settings->updateDossier(0, [](Dossier& d) { d.apiKey.clear(); });
+        else
+            m_settings->addDossier(); // selected, and without a key
+        QSignalSpy loading(m_model.get(), &ProductListViewModel::isLoadingChanged);
+        run(m_model->fetchProducts());
+        QCOMPARE(m_model->errorMessage(), u"Selecteer een dossier met API key in Instellingen"_s);
+        QCOMPARE(loading.count(), 0);
+        QCOMPARE(m_fixture->productRequestCount(), 1);
+        QCOMPARE(m_model->products().size(), setUp == 0 ? 0 : 1);
+    }
+
+    void loadThenFailedReloadKeepsProducts()
+    {
+        serve({Fixture::product(1, u"A-1"_s, u"Appel"_s), Fixture::product(2, u"B-2"_s, u"P"_s)});
+        const auto& request = m_fixture->server().requests().constLast();
+        QCOMPARE(request.path + '?' + request.query, "/product?limit=1000&offset=0");
+        QCOMPARE(request.header("ApiKey") + ' ' + request.header("Bookyear"), "key-1 2024");
+
+        m_fixture->serveStatus(500);
+        run(m_model->fetchProducts());
+        QCOMPARE(m_model->errorMessage(), u"Serverfout: HTTP 500"_s);
+        QVERIFY(!m_model->isLoading());
+        QCOMPARE(ids(m_model->filteredProducts()), u"1,2"_s);
+        serve({}); // a later success clears the error at its start
+    }
+
+    void searchIsCaseInsensitiveOverAllTexts_data()
+    {
+        QTest::addColumn<QString>("query");
+        QTest::addColumn<QString>("expected");
+        QTest::newRow("sku, upper query") << u"AB-1"_s << u"1"_s;
+        QTest::newRow("name, mixed case") << u"kOFFie"_s << u"1"_s;
+        QTest::newRow("unknown name") << u"UNKN"_s << u"2"_s;
+        QTest::newRow("barcode") << u"8712"_s << u"1"_s;
+        QTest::newRow("description") << u"ARABICA"_s << u"1"_s;
+        QTest::newRow("accented letters") << u"CRÈME"_s << u"3"_s;
+        QTest::newRow("composed query, decomposed name") << u"brûlée"_s << u"3"_s;
+        QTest::newRow("blank is a real query") << u" "_s << u"1,3"_s;
+        QTest::newRow("empty shows all") << QString() << u"1,2,3"_s;
+    }
+
+    void searchIsCaseInsensitiveOverAllTexts()
+    {
+        QFETCH(QString, query);
+        QFETCH(QString, expected);
+        Product coffee =
+            Fixture::product(1, u"ab-100"_s, u"Koffie Bonen"_s, 1.0, u"8712345678906"_s);
+        coffee.Description = u"Arabica"_s;
+        serve({coffee, Fixture::product(2, u"XY-9"_s, {}),
+               Fixture::product(3, u"T-3"_s, u"Crème brûle\u0301e"_s)});
+        m_model->setSearchText(query);
+        QCOMPARE(ids(m_model->filteredProducts()), expected);
+    }
+
+    void reloadsFilterBeforeTellingAndKeepSelectionAndChecks()
+    {
+        serve({Fixture::product(1, u"A"_s, u"Kaas"_s), Fixture::product(2, u"B"_s, u"Peer"_s)});
+        m_model->setSelectedProductID(2);
+        m_model->toggleChecked(m_model->products()[1]);
+        m_model->setSearchText(u"PE"_s);
+        QCOMPARE(ids(m_model->filteredProducts()), u"2"_s);
+
+        // Observers must find the whole new state when they hear of it.
+        QStringList seen;
+        const auto record = [&] {
+            seen.append(ids(m_model->filteredProducts()));
+        };
+        connect(m_model.get(), &ProductListViewModel::productsChanged, this, record);
+        connect(m_model.get(), &ProductListViewModel::filteredProductsChanged, this, record);
+        connect(m_model.get(), &ProductListViewModel::searchTextChanged, this, record);
+        serve({Fixture::product(3, u"C"_s, u"Peen"_s),
+               Fixture::product(2, u"B"_s, u"Peer, nieuw"_s),
+               Fixture::product(5, u"E"_s, u"Pers"_s), Fixture::product(4, u"D"_s, u"Kool"_s)});
+        QCOMPARE(seen, QStringList(2, u"3,2,5"_s));
+        // The selection and the checks survive the reload, with the new data.
+        QCOMPARE(m_model->selectedProduct()->displayName(), u"Peer, nieuw"_s);
+        QVERIFY(m_model->checkedProductIDs().contains(2));
+
+        seen.clear();
+        m_model->setSearchText(u"kool"_s);
+        QCOMPARE(seen, QStringList(2, u"4"_s));
+        m_model->setSelectedProductID(1); // no longer delivered
+        QVERIFY(!m_model->selectedProduct());
+    }
+
+    void printRunSendsEachCopyInServiceOrder()
+    {
+        const Product a = Fixture::product(10, u"A-1"_s, u"Appel"_s);
+        const Product b = Fixture::product(12, u"B-2"_s, u"Peer"_s);
+        serve({a, Fixture::product(11, u"X"_s, u"Anders"_s), b});
+        // Checked in the other order: the run follows the service's order.
+        m_model->toggleChecked(b);
+        m_model->toggleChecked(a);
+        m_model->setPrintQuantity(3);
+        run(m_model->printCheckedLabels());
+        const QByteArray labelA = Fixture::expectedLabel(a);
+        const QByteArray labelB = Fixture::expectedLabel(b);
+        QTRY_COMPARE(m_fixture->sink().jobs().size(), 6);
+        QCOMPARE(m_fixture->sink().jobs(),
+                 QList<QByteArray>({labelA, labelA, labelA, labelB, labelB, labelB}));
+        QCOMPARE(m_model->successMessage(), u"Etiket geprint voor B-2"_s);
+        QCOMPARE(m_model->checkedProductIDs().size(), 2);
+
+        // A checked product that the search hides is left out; no copies, no run.
+        m_model->setPrintQuantity(1);
+        m_model->setSearchText(u"peer"_s);
+        run(m_model->printCheckedLabels());
+        QTRY_COMPARE(m_fixture->sink().jobs().size(), 7);
+        QCOMPARE(m_fixture->sink().jobs().constLast(), labelB);
+        for (qint64 quantity : {0, -2}) {
+            m_model->setPrintQuantity(quantity);
+            run(m_model->printCheckedLabels());
+        }
+        QTest::qWait(50);
+        QCOMPARE(m_fixture->sink().connectionCount(), 7);
+    }
+
+    void printLabelReportsEachMissingPiece()
+    {
+        const Product appel = Fixture::product(1, u"A"_s, u"Appel"_s);
+        ProductListViewModel withoutSettings;
+        run(withoutSettings.printLabel(appel));
+        QCOMPARE(withoutSettings.errorMessage(), u"Instellingen niet geladen"_s);
+        run(m_model->printLabel(appel));
+        QCOMPARE(m_model->successMessage(), u"Etiket geprint voor A"_s);
+        // A name that would grow the label past 1 MiB sends nothing.
+        run(m_model->printLabel(
+            Fixture::product(2, u"B"_s, QString(ZPLService::kMaxLabelBytes, u'x'))));
+        QCOMPARE(m_model->errorMessage(), ZPLService::labelTooLargeMessage());
+
+        // Failures leave the earlier success in place, a refused printer first.
+        QTcpServer closed;
+        QVERIFY(closed.listen(QHostAddress::LocalHost));
+        const quint16 refused = closed.serverPort();
+        closed.close();
+        m_settings->updatePrinter(0, [refused](Printer& p) { p.port = refused; });
+        run(m_model->printLabel(appel));
+        QVERIFY(m_model->errorMessage().value_or(QString()).startsWith(u"Verbinding mislukt: "_s));
+        m_settings->updatePrinter(0, [](Printer& p) { p.ipAddress.clear(); });
+        run(m_model->printLabel(appel));
+        QCOMPARE(m_model->errorMessage(),
+                 u"Printer 'Balie' heeft geen IP adres. Configureer dit in Instellingen."_s);
+        m_settings->setPrinters({});
+        run(m_model->printLabel(appel));
+        QCOMPARE(m_model->errorMessage(), u"Geen printer geselecteerd voor dit etiket. Selecteer "
+                                          u"een printer in Instellingen."_s);
+        m_settings->setTemplates({});
+        run(m_model->printLabel(appel));
+        QCOMPARE(m_model->errorMessage(), u"Geen etiket geselecteerd"_s);
+        QCOMPARE(m_model->successMessage(), u"Etiket geprint voor A"_s);
+        QTRY_COMPARE(m_fixture->sink().jobs().size(), 1);
+    }
+
+    void successMessageClearsUnlessReplaced()
+    {
+        constexpr int kDuration = 400;
+        m_model->setSuccessMessageDuration(kDuration);
+        run(m_model->printLabel(Fixture::product(1, u"A-1"_s, u"Appel"_s)));
+        QCOMPARE(m_model->successMessage(), u"Etiket geprint voor A-1"_s);
+        QTest::qWait(150);
+        QElapsedTimer clock;
+        clock.start();
+        run(m_model->printLabel(Fixture::product(2, {}, u"Zonder nummer"_s)));
+        QCOMPARE(m_model->successMessage(), u"Etiket geprint voor "_s);
+        // The first label's timer finds another message and leaves it.
+        QTRY_VERIFY_WITH_TIMEOUT(!m_model->successMessage(), 5000);
+        QVERIFY(clock.elapsed() >= kDuration);
+    }
 
 private:
-    void serve(const QList<Product>& products);
+    void serve(const QList<Product>& products)
+    {
+        m_fixture->serveProducts(products);
+        run(m_model->fetchProducts());
+        QVERIFY2(!m_model->errorMessage(), qPrintable(m_model->errorMessage().value_or(QString())));
+    }
 
     std::unique_ptr<Fixture> m_fixture;
     std::unique_ptr<AppSettings> m_settings;
     std::unique_ptr<ProductListViewModel> m_model;
 };
-
-void ProductListViewModelTest::init()
-{
-    m_fixture = std::make_unique<Fixture>();
-    QVERIFY(m_fixture->isReady());
-    m_settings = m_fixture->makeConfiguredSettings();
-    m_settings->setBookyear(u"2024"_s);
-    m_model = m_fixture->makeViewModel();
-    m_model->setSettings(m_settings.get());
-}
-
-void ProductListViewModelTest::cleanup()
-{
-    m_model.reset();
-    m_settings.reset();
-    m_fixture.reset();
-}
-
-void ProductListViewModelTest::serve(const QList<Product>& products)
-{
-    m_fixture->serveProducts(products);
-    run(m_model->fetchProducts());
-    QVERIFY2(!m_model->errorMessage(), qPrintable(m_model->errorMessage().value_or(QString())));
-}
-
-void ProductListViewModelTest::loadNeedsDossierWithKey_data()
-{
-    QTest::addColumn<int>("setUp");
-    QTest::newRow("no settings") << 0;
-    QTest::newRow("empty key") << 1;
-    QTest::newRow("switched to a dossier without key") << 2;
-}
-
-void ProductListViewModelTest::loadNeedsDossierWithKey()
-{
-    QFETCH(int, setUp);
-    serve({Fixture::product(1, u"A"_s, u"Appel"_s)});
-    if (setUp == 0)
-        m_model = m_fixture->makeViewModel();
-    else if (setUp == 1)
-        m_settings->updateDossier(0, [](Dossier& d) { d.apiKey.clear(); });
-    else
-        m_settings->addDossier(); // selected, and without a key
-    QSignalSpy loading(m_model.get(), &ProductListViewModel::isLoadingChanged);
-
-    run(m_model->fetchProducts());
-    QCOMPARE(m_model->errorMessage(), u"Selecteer een dossier met API key in Instellingen"_s);
-    QCOMPARE(loading.count(), 0);
-    QCOMPARE(m_fixture->productRequestCount(), 1);
-    QCOMPARE(m_model->products().size(), setUp == 0 ? 0 : 1);
-}
-
-void ProductListViewModelTest::loadThenFailedReloadKeepsProducts()
-{
-    serve({Fixture::product(1, u"A-1"_s, u"Appel"_s), Fixture::product(2, u"B-2"_s, u"Peer"_s)});
-    const auto& request = m_fixture->server().requests().constLast();
-    QCOMPARE(request.path + '?' + request.query, "/product?limit=1000&offset=0");
-    QCOMPARE(request.header("ApiKey"), "key-1");
-    QCOMPARE(request.header("Bookyear"), "2024");
-
-    m_fixture->serveStatus(500);
-    run(m_model->fetchProducts());
-    QCOMPARE(m_model->errorMessage(), u"Serverfout: HTTP 500"_s);
-    QVERIFY(!m_model->isLoading());
-    QCOMPARE(ids(m_model->filteredProducts()), QStringList({u"1"_s, u"2"_s}));
-
-    // A later success clears the error at its start.
-    serve({});
-    QVERIFY(!m_model->errorMessage());
-}
-
-void ProductListViewModelTest::searchIsCaseInsensitiveOverAllTexts_data()
-{
-    QTest::addColumn<QString>("query");
-    QTest::addColumn<QStringList>("expected");
-
-    QTest::newRow("sku, upper query") << u"AB-1"_s << QStringList{u"1"_s};
-    QTest::newRow("name, mixed case") << u"kOFFie"_s << QStringList{u"1"_s};
-    QTest::newRow("unknown name") << u"UNKN"_s << QStringList{u"2"_s};
-    QTest::newRow("barcode") << u"8712"_s << QStringList{u"1"_s};
-    QTest::newRow("description") << u"ARABICA"_s << QStringList{u"1"_s};
-    QTest::newRow("accented letters") << u"CRÈME"_s << QStringList{u"3"_s};
-    QTest::newRow("composed query, decomposed name") << u"brûlée"_s << QStringList{u"3"_s};
-    QTest::newRow("blank is a real query") << u" "_s << QStringList{u"1"_s, u"3"_s};
-    QTest::newRow("empty shows all") << QString() << QStringList{u"1"_s, u"2"_s, u"3"_s};
-}
-
-void ProductListViewModelTest::searchIsCaseInsensitiveOverAllTexts()
-{
-    QFETCH(QString, query);
-    QFETCH(QStringList, expected);
-    Product coffee = Fixture::product(1, u"ab-100"_s, u"Koffie Bonen"_s, 1.0, u"8712345678906"_s);
-    coffee.Description = u"Arabica"_s;
-    serve({coffee, Fixture::product(2, u"XY-9"_s, {}),
-           Fixture::product(3, u"T-3"_s, u"Crème brûle\u0301e"_s)});
-
-    m_model->setSearchText(query);
-    QCOMPARE(ids(m_model->filteredProducts()), expected);
-}
-
-void ProductListViewModelTest::reloadsFilterBeforeTellingAndKeepSelectionAndChecks()
-{
-    serve({Fixture::product(1, u"A"_s, u"Kaas"_s), Fixture::product(2, u"B"_s, u"Peer"_s)});
-    m_model->setSelectedProductID(2);
-    m_model->toggleChecked(m_model->products()[1]);
-    m_model->setSearchText(u"PE"_s);
-    QCOMPARE(ids(m_model->filteredProducts()), QStringList{u"2"_s});
-
-    // Observers must find the whole new state when they hear of it.
-    QStringList seen;
-    const auto record = [&] {
-        seen.append(ids(m_model->filteredProducts()).join(u','));
-    };
-    connect(m_model.get(), &ProductListViewModel::productsChanged, this, record);
-    connect(m_model.get(), &ProductListViewModel::filteredProductsChanged, this, record);
-    connect(m_model.get(), &ProductListViewModel::searchTextChanged, this, record);
-    serve({Fixture::product(3, u"C"_s, u"Peen"_s), Fixture::product(2, u"B"_s, u"Peer, nieuw"_s),
-           Fixture::product(5, u"E"_s, u"Pers"_s), Fixture::product(4, u"D"_s, u"Kool"_s)});
-    QCOMPARE(seen, QStringList(2, u"3,2,5"_s));
-    // The selection and the checks survive the reload, with the new data.
-    QCOMPARE(m_model->selectedProduct()->displayName(), u"Peer, nieuw"_s);
-    QVERIFY(m_model->checkedProductIDs().contains(2));
-
-    seen.clear();
-    m_model->setSearchText(u"kool"_s);
-    QCOMPARE(seen, QStringList(2, u"4"_s));
-    m_model->setSelectedProductID(1); // no longer delivered
-    QVERIFY(!m_model->selectedProduct());
-}
-
-void ProductListViewModelTest::printRunSendsEachCopyInServiceOrder()
-{
-    const Product a = Fixture::product(10, u"A-1"_s, u"Appel"_s);
-    const Product b = Fixture::product(12, u"B-2"_s, u"Peer"_s);
-    serve({a, Fixture::product(11, u"X"_s, u"Anders"_s), b});
-    // Checked in the other order: the run follows the service's order.
-    m_model->toggleChecked(b);
-    m_model->toggleChecked(a);
-    m_model->setPrintQuantity(3);
-
-    run(m_model->printCheckedLabels());
-    const QByteArray labelA = Fixture::expectedLabel(a);
-    const QByteArray labelB = Fixture::expectedLabel(b);
-    QTRY_COMPARE(m_fixture->sink().jobs().size(), 6);
-    QCOMPARE(m_fixture->sink().jobs(),
-             QList<QByteArray>({labelA, labelA, labelA, labelB, labelB, labelB}));
-    QCOMPARE(m_model->successMessage(), u"Etiket geprint voor B-2"_s);
-    QCOMPARE(m_model->checkedProductIDs().size(), 2);
-
-    // A checked product that the search hides is left out.
-    m_model->setPrintQuantity(1);
-    m_model->setSearchText(u"peer"_s);
-    run(m_model->printCheckedLabels());
-    QTRY_COMPARE(m_fixture->sink().jobs().size(), 7);
-    QCOMPARE(m_fixture->sink().jobs().constLast(), labelB);
-
-    for (qint64 quantity : {0, -2}) {
-        m_model->setPrintQuantity(quantity);
-        run(m_model->printCheckedLabels());
-    }
-    QTest::qWait(50);
-    QCOMPARE(m_fixture->sink().connectionCount(), 7);
-}
-
-void ProductListViewModelTest::printLabelReportsEachMissingPiece()
-{
-    const Product appel = Fixture::product(1, u"A"_s, u"Appel"_s);
-    ProductListViewModel withoutSettings;
-    run(withoutSettings.printLabel(appel));
-    QCOMPARE(withoutSettings.errorMessage(), u"Instellingen niet geladen"_s);
-
-    run(m_model->printLabel(appel));
-    QCOMPARE(m_model->successMessage(), u"Etiket geprint voor A"_s);
-
-    // A name that would grow the label past 1 MiB sends nothing.
-    run(m_model->printLabel(
-        Fixture::product(2, u"B"_s, QString(ZPLService::kMaxLabelBytes, u'x'))));
-    QCOMPARE(m_model->errorMessage(), ZPLService::labelTooLargeMessage());
-
-    // Failures leave the earlier success in place, a refused printer first.
-    QTcpServer closed;
-    QVERIFY(closed.listen(QHostAddress::LocalHost));
-    const quint16 refused = closed.serverPort();
-    closed.close();
-    m_settings->updatePrinter(0, [refused](Printer& p) { p.port = refused; });
-    run(m_model->printLabel(appel));
-    QVERIFY(m_model->errorMessage().value_or(QString()).startsWith(u"Verbinding mislukt: "_s));
-    m_settings->updatePrinter(0, [](Printer& p) { p.ipAddress.clear(); });
-    run(m_model->printLabel(appel));
-    QCOMPARE(m_model->errorMessage(),
-             u"Printer 'Balie' heeft geen IP adres. Configureer dit in Instellingen."_s);
-    m_settings->setPrinters({});
-    run(m_model->printLabel(appel));
-    QCOMPARE(
-        m_model->errorMessage(),
-        u"Geen printer geselecteerd voor dit etiket. Selecteer een printer in Instellingen."_s);
-    m_settings->setTemplates({});
-    run(m_model->printLabel(appel));
-    QCOMPARE(m_model->errorMessage(), u"Geen etiket geselecteerd"_s);
-    QCOMPARE(m_model->successMessage(), u"Etiket geprint voor A"_s);
-    QTRY_COMPARE(m_fixture->sink().jobs().size(), 1);
-}
-
-void ProductListViewModelTest::successMessageClearsUnlessReplaced()
-{
-    constexpr int kDuration = 400;
-    m_model->setSuccessMessageDuration(kDuration);
-    run(m_model->printLabel(Fixture::product(1, u"A-1"_s, u"Appel"_s)));
-    QCOMPARE(m_model->successMessage(), u"Etiket geprint voor A-1"_s);
-    QTest::qWait(150);
-    QElapsedTimer clock;
-    clock.start();
-    run(m_model->printLabel(Fixture::product(2, {}, u"Zonder nummer"_s)));
-    QCOMPARE(m_model->successMessage(), u"Etiket geprint voor "_s);
-
-    // The first label's timer finds another message and leaves it.
-    QTRY_VERIFY_WITH_TIMEOUT(!m_model->successMessage(), 5000);
-    QVERIFY(clock.elapsed() >= kDuration);
-}
 
 QTEST_GUILESS_MAIN(ProductListViewModelTest)
 #include "tst_ProductListViewModel.moc"
