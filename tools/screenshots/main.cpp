@@ -30,6 +30,9 @@ int main(int argc, char* argv[])
     QApplication::setWindowIcon(SymbolIcons::appIcon());
     QApplication::setStyle(QStyleFactory::create(u"Fusion"_s));
     Theme theme(application);
+    // Every picture in the dark palette too, to compare both looks.
+    if (qEnvironmentVariableIsSet("STAMPIX_SCREENSHOTS_DARK"))
+        QApplication::setPalette(ScreenshotFolder::darkPalette());
     // Qt's own texts in Dutch for all pictures, as the program shows them.
     QTranslator qtTexts;
     if (qtTexts.load(u"qtbase_nl"_s, QLibraryInfo::path(QLibraryInfo::TranslationsPath)))
