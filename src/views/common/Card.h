@@ -1,19 +1,21 @@
 #pragma once
 
-#include "views/common/Theme.h"
-
+#include <QPalette>
 #include <QWidget>
 
-// A rounded panel behind its children: filled with a colour or a diagonal
-// gradient, and outlined if it has an outline colour.
+// A rounded panel behind its children: filled in a palette role or with a
+// diagonal gradient, and outlined in a palette role. A fixed colour goes into
+// the card's own palette; every other role follows the application's.
 class Card : public QWidget
 {
     Q_OBJECT
 
 public:
-    Card(qreal radius, Theme::PaletteColor fill, Theme::PaletteColor outline = nullptr,
-         QWidget* parent = nullptr);
+    // NoRole leaves the fill out.
+    explicit Card(qreal radius, QPalette::ColorRole fill = QPalette::NoRole,
+                  QWidget* parent = nullptr);
 
+    void setOutline(QPalette::ColorRole role, qreal opacity = 1.0);
     // Instead of the fill: from `topLeft` in that corner to `bottomRight` in the other.
     void setGradient(const QColor& topLeft, const QColor& bottomRight);
     // Outlines the card in the accent colour while `field` has the keyboard focus.
@@ -25,8 +27,9 @@ protected:
 
 private:
     qreal m_radius;
-    Theme::PaletteColor m_fill;
-    Theme::PaletteColor m_outline;
+    QPalette::ColorRole m_fill;
+    QPalette::ColorRole m_outline = QPalette::NoRole;
+    qreal m_outlineOpacity = 1.0;
     QColor m_gradientStart;
     QColor m_gradientEnd;
     QWidget* m_focusField = nullptr;

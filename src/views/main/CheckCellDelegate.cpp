@@ -22,13 +22,10 @@ void CheckCellDelegate::paint(QPainter* painter, const QStyleOptionViewItem& opt
     QStyle* style = widget ? widget->style() : QApplication::style();
     style->drawControl(QStyle::CE_ItemViewItem, &cell, painter, widget);
 
-    QColor color;
-    if (option.state & QStyle::State_Selected)
-        color = option.palette.color(QPalette::HighlightedText);
-    else if (checked)
-        color = Theme::accent(option.palette);
-    else
-        color = Theme::secondaryText(option.palette);
+    const QColor color = option.state & QStyle::State_Selected
+                             ? option.palette.color(QPalette::HighlightedText)
+                         : checked ? option.palette.color(QPalette::Active, QPalette::Highlight)
+                                   : option.palette.color(Theme::kSecondaryText);
     QRect frame(0, 0, kSymbolSize, kSymbolSize);
     frame.moveCenter(option.rect.center());
     symbol(checked, color).paint(painter, frame);

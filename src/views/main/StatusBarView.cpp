@@ -8,7 +8,6 @@
 #include "views/common/Theme.h"
 #include "views/main/PrintButton.h"
 
-#include <QEvent>
 #include <QHBoxLayout>
 #include <QLabel>
 #include <QLineEdit>
@@ -58,24 +57,15 @@ StatusBarView::StatusBarView(AppSettings& settings, ProductListViewModel& viewMo
             &StatusBarView::showPrintControls);
     connect(&m_viewModel, &ProductListViewModel::printQuantityChanged, this,
             &StatusBarView::showQuantity);
-    connect(&m_settings, &AppSettings::templatesChanged, this, &StatusBarView::updatePrintButton);
-    connect(&m_settings, &AppSettings::selectedTemplateIDChanged, this,
-            &StatusBarView::updatePrintButton);
-    connect(&m_settings, &AppSettings::printersChanged, this, &StatusBarView::updatePrintButton);
+    for (auto signal : {&AppSettings::templatesChanged, &AppSettings::selectedTemplateIDChanged,
+                        &AppSettings::printersChanged})
+        connect(&m_settings, signal, this, &StatusBarView::updatePrintButton);
 
     showCount();
     showSuccess();
     showPrintControls();
     showQuantity();
     updatePrintButton();
-}
-
-void StatusBarView::changeEvent(QEvent* event)
-{
-    QWidget::changeEvent(event);
-    // A widget with a style sheet is left out when a palette spreads.
-    if (event->type() == QEvent::PaletteChange)
-        m_printButton->reapplyStyleSheet();
 }
 
 QWidget* StatusBarView::buildSuccessRow()

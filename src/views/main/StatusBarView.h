@@ -33,9 +33,6 @@ public:
     // The controls that take the keyboard focus, left to right.
     QList<QWidget*> focusChain() const;
 
-protected:
-    void changeEvent(QEvent* event) override;
-
 private:
     QWidget* buildSuccessRow();
     QWidget* buildPrintControls();

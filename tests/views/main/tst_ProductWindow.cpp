@@ -6,6 +6,7 @@
 #include "views/common/LabelPictureButton.h"
 #include "views/common/LabelPreviewView.h"
 #include "views/common/SaveErrorLabel.h"
+#include "views/common/Theme.h"
 #include "views/main/ContentView.h"
 #include "views/main/CustomToolbar.h"
 #include "views/main/LabelPreviewPanel.h"
@@ -249,6 +250,7 @@ void ProductWindowTest::printBadgeAndReloadButtons()
     };
     const QPalette original = QApplication::palette();
     const auto restore = qScopeGuard([&original] { QApplication::setPalette(original); });
+    Theme theme(*qApp);
     QCOMPARE(fill(), original.color(QPalette::Highlight));
     QPalette dark = original;
     dark.setColor(QPalette::Highlight, QColor(10, 132, 255));
