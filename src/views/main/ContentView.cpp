@@ -167,14 +167,13 @@ void ContentView::chainFocus()
 {
     // Tab goes left to right through the toolbar, then the content, then the status bar.
     QList<QWidget*> chain = m_toolbar->focusChain();
-    const QList<QWidget*> content =
-        m_content ? m_content->findChildren<QWidget*>() : QList<QWidget*>();
-    for (QWidget* widget : content) {
-        if (widget->focusPolicy() & Qt::TabFocus)
-            chain.append(widget);
+    for (QWidget* area : {m_content, static_cast<QWidget*>(m_labelPreview)}) {
+        const QList<QWidget*> children = area ? area->findChildren<QWidget*>() : QList<QWidget*>();
+        for (QWidget* widget : children) {
+            if (widget->focusPolicy() & Qt::TabFocus)
+                chain.append(widget);
+        }
     }
-    if (m_labelPreview)
-        chain.append(m_labelPreview->focusChain());
     chain.append(m_statusBar->focusChain());
     for (qsizetype i = 1; i < chain.size(); ++i)
         setTabOrder(chain.at(i - 1), chain.at(i));

@@ -3,7 +3,6 @@
 #include "labelrender/LabelPreview.h"
 #include "model/AppSettings.h"
 #include "viewmodels/ProductListViewModel.h"
-#include "views/common/LabelPictureButton.h"
 #include "views/common/LabelPreviewView.h"
 #include "views/common/Theme.h"
 
@@ -57,11 +56,6 @@ LabelPreviewPanel::LabelPreviewPanel(AppSettings& settings, ProductListViewModel
 bool LabelPreviewPanel::isPreviewShown() const
 {
     return !m_scroll->isHidden();
-}
-
-QList<QWidget*> LabelPreviewPanel::focusChain() const
-{
-    return {m_preview->picture()};
 }
 
 void LabelPreviewPanel::showEvent(QShowEvent* event)

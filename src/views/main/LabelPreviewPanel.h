@@ -26,7 +26,6 @@ public:
     // The line under the heading: the product and the template, or a hint.
     QLabel* subtitle() const { return m_subtitle; }
     bool isPreviewShown() const;
-    QList<QWidget*> focusChain() const;
 
 protected:
     void showEvent(QShowEvent* event) override;
