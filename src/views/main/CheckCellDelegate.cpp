@@ -17,7 +17,6 @@ void CheckCellDelegate::paint(QPainter* painter, const QStyleOptionViewItem& opt
     // Only the cell's background and selection come from the style; the symbol is ours.
     cell.features &= ~QStyleOptionViewItem::HasCheckIndicator;
     cell.text.clear();
-    cell.icon = QIcon();
     const QWidget* widget = option.widget;
     QStyle* style = widget ? widget->style() : QApplication::style();
     style->drawControl(QStyle::CE_ItemViewItem, &cell, painter, widget);
@@ -26,9 +25,9 @@ void CheckCellDelegate::paint(QPainter* painter, const QStyleOptionViewItem& opt
                              ? option.palette.color(QPalette::HighlightedText)
                          : checked ? option.palette.color(QPalette::Active, QPalette::Highlight)
                                    : option.palette.color(Theme::kSecondaryText);
-    QRect frame(0, 0, kSymbolSize, kSymbolSize);
-    frame.moveCenter(option.rect.center());
-    symbol(checked, color).paint(painter, frame);
+    symbol(checked, color)
+        .paint(painter, QStyle::alignedRect(Qt::LeftToRight, Qt::AlignCenter,
+                                            QSize(kSymbolSize, kSymbolSize), option.rect));
 }
 
 bool CheckCellDelegate::editorEvent(QEvent*, QAbstractItemModel*, const QStyleOptionViewItem&,

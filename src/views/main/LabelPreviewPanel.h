@@ -32,7 +32,6 @@ protected:
 
 private:
     void refresh();
-    void showHint(const QString& hint);
 
     AppSettings& m_settings;
     ProductListViewModel& m_viewModel;

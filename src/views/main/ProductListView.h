@@ -31,7 +31,6 @@ private:
     void applyColumnWidths();
     void keepMinimumWidth(int column, int oldWidth, int newWidth);
     void sortByHeader(int column);
-    void showSortIndicator();
     void toggleIfCheckCell(const QModelIndex& index);
     void writeSelection();
     void showSelection();

@@ -49,21 +49,17 @@ StatusBarView::StatusBarView(AppSettings& settings, ProductListViewModel& viewMo
     // narrowest window; hidden, and taking no room, while saves succeed.
     column->addWidget(m_saveErrorLabel);
 
-    connect(&m_viewModel, &ProductListViewModel::filteredProductsChanged, this,
-            &StatusBarView::showCount);
-    connect(&m_viewModel, &ProductListViewModel::successMessageChanged, this,
-            &StatusBarView::showSuccess);
-    connect(&m_viewModel, &ProductListViewModel::checkedProductIDsChanged, this,
-            &StatusBarView::showPrintControls);
+    for (auto signal : {&ProductListViewModel::filteredProductsChanged,
+                        &ProductListViewModel::successMessageChanged,
+                        &ProductListViewModel::checkedProductIDsChanged})
+        connect(&m_viewModel, signal, this, &StatusBarView::showModel);
     connect(&m_viewModel, &ProductListViewModel::printQuantityChanged, this,
             &StatusBarView::showQuantity);
     for (auto signal : {&AppSettings::templatesChanged, &AppSettings::selectedTemplateIDChanged,
                         &AppSettings::printersChanged})
         connect(&m_settings, signal, this, &StatusBarView::updatePrintButton);
 
-    showCount();
-    showSuccess();
-    showPrintControls();
+    showModel();
     showQuantity();
     updatePrintButton();
 }
@@ -114,21 +110,13 @@ QList<QWidget*> StatusBarView::focusChain() const
     return {m_quantityField, m_printButton};
 }
 
-void StatusBarView::showCount()
+void StatusBarView::showModel()
 {
     // Always the plural, also for one product.
     m_countLabel->setText(QString::number(m_viewModel.filteredCount()) + u" producten"_s);
-}
-
-void StatusBarView::showSuccess()
-{
     const std::optional<QString>& message = m_viewModel.successMessage();
     m_successLabel->setText(message.value_or(QString()));
     m_successRow->setVisible(message.has_value());
-}
-
-void StatusBarView::showPrintControls()
-{
     m_printControls->setVisible(!m_viewModel.checkedProductIDs().isEmpty());
 }
 

@@ -36,9 +36,7 @@ public:
 private:
     QWidget* buildSuccessRow();
     QWidget* buildPrintControls();
-    void showCount();
-    void showSuccess();
-    void showPrintControls();
+    void showModel();
     void showQuantity();
     void commitQuantity();
     void updatePrintButton();
