@@ -5,16 +5,11 @@
 #include <QPainter>
 #include <QPainterPath>
 
-Card::Card(qreal radius, QPalette::ColorRole fill, QWidget* parent)
-    : QWidget(parent), m_radius(radius), m_fill(fill)
+Card::Card(qreal radius, QPalette::ColorRole fill, QPalette::ColorRole outline,
+           qreal outlineOpacity, QWidget* parent)
+    : QWidget(parent), m_radius(radius), m_fill(fill), m_outline(outline),
+      m_outlineOpacity(outlineOpacity)
 {}
-
-void Card::setOutline(QPalette::ColorRole role, qreal opacity)
-{
-    m_outline = role;
-    m_outlineOpacity = opacity;
-    update();
-}
 
 void Card::setGradient(const QColor& topLeft, const QColor& bottomRight)
 {

@@ -11,11 +11,11 @@ class Card : public QWidget
     Q_OBJECT
 
 public:
-    // NoRole leaves the fill out.
+    // NoRole leaves the fill or the outline out.
     explicit Card(qreal radius, QPalette::ColorRole fill = QPalette::NoRole,
+                  QPalette::ColorRole outline = QPalette::NoRole, qreal outlineOpacity = 1.0,
                   QWidget* parent = nullptr);
 
-    void setOutline(QPalette::ColorRole role, qreal opacity = 1.0);
     // Instead of the fill: from `topLeft` in that corner to `bottomRight` in the other.
     void setGradient(const QColor& topLeft, const QColor& bottomRight);
     // Outlines the card in the accent colour while `field` has the keyboard focus.
@@ -28,8 +28,8 @@ protected:
 private:
     qreal m_radius;
     QPalette::ColorRole m_fill;
-    QPalette::ColorRole m_outline = QPalette::NoRole;
-    qreal m_outlineOpacity = 1.0;
+    QPalette::ColorRole m_outline;
+    qreal m_outlineOpacity;
     QColor m_gradientStart;
     QColor m_gradientEnd;
     QWidget* m_focusField = nullptr;

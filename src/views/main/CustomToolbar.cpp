@@ -134,8 +134,7 @@ QList<QWidget*> CustomToolbar::focusChain() const
 
 QWidget* CustomToolbar::buildSearchField()
 {
-    auto* box = new Card(6, QPalette::Base, this);
-    box->setOutline(QPalette::WindowText, Theme::kSeparatorOpacity);
+    auto* box = new Card(6, QPalette::Base, QPalette::WindowText, Theme::kSeparatorOpacity, this);
     // The field has no frame of its own; the box shows where the focus is.
     box->showFocusOf(m_searchField);
     auto* layout = new QHBoxLayout(box);
@@ -155,7 +154,7 @@ QWidget* CustomToolbar::buildSearchField()
 
 QWidget* CustomToolbar::buildCheckedBadge()
 {
-    m_badge = new Card(12, QPalette::Window, this);
+    m_badge = new Card(12, QPalette::Window, QPalette::NoRole, 1.0, this);
     m_badge->setObjectName(u"checkedBadge"_s);
     // White on a fixed green, in light and dark alike.
     QPalette colours = m_badge->palette();

@@ -26,11 +26,10 @@ constexpr std::array<int, ProductTableModel::kColumnCount> kMinimumWidths{0, 80,
 ProductListView::ProductListView(ProductListViewModel& viewModel, AppSettings& settings,
                                  QWidget* parent)
     : QWidget(parent), m_viewModel(viewModel), m_settings(settings),
-      m_model(new ProductTableModel(viewModel, this)),
-      m_proxy(new ProductSortProxy(*m_model, this)), m_table(new QTableView(this)),
-      m_checkDelegate(new CheckCellDelegate(this)),
-      m_spacebarHandler(new SpacebarHandler([this] { handleSpacebarPress(); }, this))
+      m_proxy(new ProductSortProxy(*new ProductTableModel(viewModel, this), this)),
+      m_table(new QTableView(this))
 {
+    new SpacebarHandler([this] { handleSpacebarPress(); }, this);
     auto* layout = new QVBoxLayout(this);
     layout->setContentsMargins(0, 0, 0, 0);
     layout->addWidget(m_table);
@@ -53,8 +52,6 @@ ProductListView::ProductListView(ProductListViewModel& viewModel, AppSettings& s
     showSelection();
 }
 
-ProductListView::~ProductListView() = default;
-
 void ProductListView::configureTable()
 {
     m_table->setAccessibleName(u"Producten"_s);
@@ -75,7 +72,7 @@ void ProductListView::configureTable()
     m_table->verticalHeader()->setDefaultSectionSize(kRowHeight);
     // After the row settings, so the rows are laid out once.
     m_table->setModel(m_proxy);
-    m_table->setItemDelegateForColumn(ProductTableModel::kCheckColumn, m_checkDelegate);
+    m_table->setItemDelegateForColumn(ProductTableModel::kCheckColumn, new CheckCellDelegate(this));
 
     QHeaderView* header = m_table->horizontalHeader();
     header->setHighlightSections(false);

@@ -38,8 +38,8 @@ SettingsEditorPage::Section SettingsEditorPage::addSection(const QString& header
         layout->addWidget(title);
     }
     // Cards differ from the window and from the fields on them.
-    auto* card = new Card(8, QPalette::AlternateBase);
-    card->setOutline(QPalette::WindowText, Theme::kSeparatorOpacity * 0.6);
+    auto* card =
+        new Card(8, QPalette::AlternateBase, QPalette::WindowText, Theme::kSeparatorOpacity * 0.6);
     auto* content = new QVBoxLayout(card);
     content->setContentsMargins(12, 12, 12, 12);
     content->setSpacing(12);
