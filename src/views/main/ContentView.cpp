@@ -23,6 +23,21 @@ namespace {
 constexpr QSize kMinimumSize{600, 400};
 constexpr int kPreviewWidth = 300;
 
+// What the content area shows: the first state that holds.
+ContentView::ContentState stateFor(const AppSettings& settings,
+                                   const ProductListViewModel& viewModel)
+{
+    if (!settings.isConfigured())
+        return ContentView::ContentState::ConfigurationNeeded;
+    if (viewModel.isLoading())
+        return ContentView::ContentState::Loading;
+    if (viewModel.filteredCount() == 0 && !viewModel.searchText().isEmpty())
+        return ContentView::ContentState::NoResults;
+    if (viewModel.products().isEmpty())
+        return ContentView::ContentState::Empty;
+    return ContentView::ContentState::ProductList;
+}
+
 } // namespace
 
 ContentView::ContentView(AppSettings& settings, ProductListViewModel& viewModel, QWidget* parent)
@@ -62,20 +77,6 @@ ContentView::ContentView(AppSettings& settings, ProductListViewModel& viewModel,
          {&ProductListViewModel::isLoadingChanged, &ProductListViewModel::productsChanged,
           &ProductListViewModel::filteredProductsChanged, &ProductListViewModel::searchTextChanged})
         connect(&m_viewModel, signal, this, &ContentView::updateContent);
-}
-
-ContentView::ContentState ContentView::stateFor(const AppSettings& settings,
-                                                const ProductListViewModel& viewModel)
-{
-    if (!settings.isConfigured())
-        return ContentState::ConfigurationNeeded;
-    if (viewModel.isLoading())
-        return ContentState::Loading;
-    if (viewModel.filteredCount() == 0 && !viewModel.searchText().isEmpty())
-        return ContentState::NoResults;
-    if (viewModel.products().isEmpty())
-        return ContentState::Empty;
-    return ContentState::ProductList;
 }
 
 QMessageBox* ContentView::errorAlert() const

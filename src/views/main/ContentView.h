@@ -32,9 +32,6 @@ public:
 
     ContentView(AppSettings& settings, ProductListViewModel& viewModel, QWidget* parent = nullptr);
 
-    static ContentState stateFor(const AppSettings& settings,
-                                 const ProductListViewModel& viewModel);
-
     ContentState contentState() const { return m_state; }
     QWidget* contentWidget() const { return m_content; }
 

@@ -34,8 +34,6 @@ public:
     QList<QWidget*> focusChain() const;
 
 private:
-    QWidget* buildSuccessRow();
-    QWidget* buildPrintControls();
     void showModel();
     void showQuantity();
     void commitQuantity();
@@ -47,11 +45,11 @@ private:
     ProductListViewModel& m_viewModel;
     QLabel* m_countLabel;
     SaveErrorLabel* m_saveErrorLabel;
-    QWidget* m_successRow = nullptr;
-    QLabel* m_successLabel = nullptr;
-    QWidget* m_printControls = nullptr;
-    QLineEdit* m_quantityField = nullptr;
-    PrintButton* m_printButton = nullptr;
+    QWidget* m_successRow;
+    QLabel* m_successLabel;
+    QWidget* m_printControls;
+    QLineEdit* m_quantityField;
+    PrintButton* m_printButton;
     QLabel* m_versionLabel;
     bool m_isPrinting = false;
 };
