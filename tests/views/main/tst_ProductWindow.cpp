@@ -428,9 +428,8 @@ void ProductWindowTest::columnWidthsComeFromTheStoreAndKeepTheirMinimum()
 {
     showTable();
     QHeaderView* header = table()->horizontalHeader();
-    const QList<int> stored{30, 120, 300, 100};
-    for (int column = 0; column < stored.size(); ++column)
-        QCOMPARE(header->sectionSize(column), stored.at(column));
+    for (int column : {0, 1, 2, 3})
+        QCOMPARE(header->sectionSize(column), (QList<int>{30, 120, 300, 100}).at(column));
     // The last column fills the rest of the window; that width is never stored.
     QCOMPARE(header->length(), table()->viewport()->width());
     QVERIFY(header->sectionSize(ProductTableModel::kBarcodeColumn) > 130);
@@ -467,12 +466,9 @@ void ProductWindowTest::columnWidthsComeFromTheStoreAndKeepTheirMinimum()
 
 void ProductWindowTest::labelPreviewFollowsSelectionTemplateAndEdits()
 {
-    const LabelTemplate accented{QUuid::createUuid(),
-                                 u"Klein"_s,
-                                 u"^XA^PW400^LL200^FO10,10^A0N,30^FDé {{NAAM}}^FS^XZ"_s,
-                                 {},
-                                 {},
-                                 {}};
+    LabelTemplate accented;
+    accented.name = u"Klein"_s;
+    accented.zplContent = u"^XA^PW400^LL200^FO10,10^A0N,30^FDé {{NAAM}}^FS^XZ"_s;
     m_settings->setTemplates({m_settings->templates().at(0), accented});
     showTable();
     QVERIFY(!m_view->isLabelPreviewShown());
@@ -483,11 +479,9 @@ void ProductWindowTest::labelPreviewFollowsSelectionTemplateAndEdits()
 
     // The label exactly as printing fills and the printer draws it.
     const auto printed = [this](const Product& product) {
-        const QString zpl = m_settings->selectedTemplate()->zplContent;
-        return LabelRenderer()
-            .render(ZPLService().generateZPL(product, zpl).value())
-            .labels.at(0)
-            .image;
+        const QString zpl =
+            ZPLService().generateZPL(product, m_settings->selectedTemplate()->zplContent).value();
+        return LabelRenderer().render(zpl).labels.at(0).image;
     };
     const QImage& shown = panel->preview()->picture()->image();
     QTest::mouseClick(table()->viewport(), Qt::LeftButton, {},
