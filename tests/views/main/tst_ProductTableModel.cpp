@@ -131,22 +131,19 @@ void ProductTableModelTest::checkCellsReportTheirStateToScreenReaders()
     QAccessibleInterface* table = QAccessible::queryAccessibleInterface(&view);
     QVERIFY(table && table->tableInterface());
     // Each check cell: its accessible name, its check state, and what a screen reader hears.
-    const auto states = [&] {
+    const auto states = [table] {
         QStringList states;
-        for (int row = 0; row < m->proxy.rowCount(); ++row) {
-            const QModelIndex index = m->proxy.index(row, ProductTableModel::kCheckColumn);
-            const QAccessible::State state = table->tableInterface()->cellAt(row, 0)->state();
-            states.append(u"%1 %2 %3 %4"_s
-                              .arg(table->tableInterface()->cellAt(row, 0)->text(QAccessible::Name))
-                              .arg(index.data(Qt::CheckStateRole).toInt())
-                              .arg(int(state.checkable))
-                              .arg(int(state.checked)));
+        for (int row = 0; row < 3; ++row) {
+            QAccessibleInterface* cell = table->tableInterface()->cellAt(row, 0);
+            states << u"%1 %2 %3"_s.arg(cell->text(QAccessible::Name))
+                          .arg(cell->state().checkable)
+                          .arg(cell->state().checked);
         }
         return states;
     };
-    QCOMPARE(states(), (QStringList{u"Twee 0 1 0"_s, u"Een 0 1 0"_s, u"Drie 0 1 0"_s}));
+    QCOMPARE(states(), (QStringList{u"Twee 1 0"_s, u"Een 1 0"_s, u"Drie 1 0"_s}));
     m->viewModel->toggleChecked(m->viewModel->products().at(0));
-    QCOMPARE(states(), (QStringList{u"Twee 0 1 0"_s, u"Een 2 1 1"_s, u"Drie 0 1 0"_s}));
+    QCOMPARE(states(), (QStringList{u"Twee 1 0"_s, u"Een 1 1"_s, u"Drie 1 0"_s}));
 }
 
 void ProductTableModelTest::sortsArticleNumbersLikeAFileBrowser_data()
