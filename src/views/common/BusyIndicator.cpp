@@ -20,11 +20,6 @@ BusyIndicator::BusyIndicator(int diameter, QWidget* parent) : QWidget(parent), m
     connect(&m_timer, &QTimer::timeout, this, &BusyIndicator::advance);
 }
 
-QSize BusyIndicator::sizeHint() const
-{
-    return {m_diameter, m_diameter};
-}
-
 void BusyIndicator::paintEvent(QPaintEvent*)
 {
     QPainter painter(this);

@@ -14,8 +14,6 @@ public:
 
     explicit BusyIndicator(int diameter, QWidget* parent = nullptr);
 
-    QSize sizeHint() const override;
-
 protected:
     void paintEvent(QPaintEvent* event) override;
     void showEvent(QShowEvent* event) override;

@@ -5,8 +5,10 @@
 #include <QPainter>
 #include <QPainterPath>
 
-Card::Card(qreal radius, Theme::PaletteColor fill, Theme::PaletteColor outline, QWidget* parent)
-    : QWidget(parent), m_radius(radius), m_fill(fill), m_outline(outline)
+Card::Card(qreal radius, QPalette::ColorRole fill, QPalette::ColorRole outline,
+           qreal outlineOpacity, QWidget* parent)
+    : QWidget(parent), m_radius(radius), m_fill(fill), m_outline(outline),
+      m_outlineOpacity(outlineOpacity)
 {}
 
 void Card::setGradient(const QColor& topLeft, const QColor& bottomRight)
@@ -43,16 +45,17 @@ void Card::paintEvent(QPaintEvent*)
         gradient.setColorAt(0, m_gradientStart);
         gradient.setColorAt(1, m_gradientEnd);
         painter.fillPath(path, gradient);
-    } else if (m_fill) {
-        painter.fillPath(path, m_fill(palette()));
+    } else if (m_fill != QPalette::NoRole) {
+        painter.fillPath(path, palette().color(m_fill));
     }
     if (m_focusField && m_focusField->hasFocus()) {
         QPainterPath ring;
         ring.addRoundedRect(QRectF(rect()).adjusted(1, 1, -1, -1), m_radius, m_radius);
-        painter.setPen(QPen(Theme::accent(palette()), 2.0));
+        painter.setPen(QPen(palette().color(QPalette::Active, QPalette::Highlight), 2.0));
         painter.drawPath(ring);
-    } else if (m_outline) {
-        painter.setPen(QPen(m_outline(palette()), 1.0));
+    } else if (m_outline != QPalette::NoRole) {
+        painter.setOpacity(m_outlineOpacity);
+        painter.setPen(QPen(palette().color(m_outline), 1.0));
         painter.drawPath(path);
     }
 }

@@ -1,18 +1,20 @@
 #pragma once
 
-#include "views/common/Theme.h"
-
+#include <QPalette>
 #include <QWidget>
 
-// A rounded panel behind its children: filled with a colour or a diagonal
-// gradient, and outlined if it has an outline colour.
+// A rounded panel behind its children: filled in a palette role or with a
+// diagonal gradient, and outlined in a palette role. A fixed colour goes into
+// the card's own palette; every other role follows the application's.
 class Card : public QWidget
 {
     Q_OBJECT
 
 public:
-    Card(qreal radius, Theme::PaletteColor fill, Theme::PaletteColor outline = nullptr,
-         QWidget* parent = nullptr);
+    // NoRole leaves the fill or the outline out.
+    explicit Card(qreal radius, QPalette::ColorRole fill = QPalette::NoRole,
+                  QPalette::ColorRole outline = QPalette::NoRole, qreal outlineOpacity = 1.0,
+                  QWidget* parent = nullptr);
 
     // Instead of the fill: from `topLeft` in that corner to `bottomRight` in the other.
     void setGradient(const QColor& topLeft, const QColor& bottomRight);
@@ -25,8 +27,9 @@ protected:
 
 private:
     qreal m_radius;
-    Theme::PaletteColor m_fill;
-    Theme::PaletteColor m_outline;
+    QPalette::ColorRole m_fill;
+    QPalette::ColorRole m_outline;
+    qreal m_outlineOpacity;
     QColor m_gradientStart;
     QColor m_gradientEnd;
     QWidget* m_focusField = nullptr;

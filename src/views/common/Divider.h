@@ -1,11 +1,10 @@
 #pragma once
 
-#include "views/common/Theme.h"
-
 #include <QFrame>
 
-// A one pixel line, in the separator colour unless told otherwise; `length`
-// fixes its extent along the line.
+// A one pixel line in the separator colour, the text colour at the
+// separator's opacity, so it follows every palette; `length` fixes its
+// extent along the line.
 class Divider : public QFrame
 {
     Q_OBJECT
@@ -13,13 +12,6 @@ class Divider : public QFrame
 public:
     explicit Divider(Qt::Orientation orientation, int length = 0, QWidget* parent = nullptr);
 
-    void setColor(Theme::PaletteColor color);
-
 protected:
-    void changeEvent(QEvent* event) override;
-
-private:
-    void applyColor();
-
-    Theme::PaletteColor m_color = &Theme::separator;
+    void paintEvent(QPaintEvent* event) override;
 };

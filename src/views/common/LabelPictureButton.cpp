@@ -62,10 +62,10 @@ void LabelPictureButton::paintEvent(QPaintEvent*)
     painter.drawImage(picture, m_image);
     const QRect edge = picture.adjusted(-1, -1, 0, 0);
     if (hasFocus()) {
-        painter.setPen(QPen(Theme::accent(palette()), kEdge));
+        painter.setPen(QPen(palette().color(QPalette::Active, QPalette::Highlight), kEdge));
         painter.drawRect(QRectF(picture).adjusted(-1, -1, 1, 1));
     } else {
-        painter.setPen(Theme::secondaryText(palette()));
+        painter.setPen(palette().color(Theme::kSecondaryText));
         painter.drawRect(edge);
     }
 }

@@ -46,6 +46,19 @@ QWidget* warningRow(const QString& text)
     return row;
 }
 
+QStringList warningsOf(const LabelPreview& preview)
+{
+    QStringList warnings = preview.warnings;
+    for (const QString& note : preview.rendering.notes) {
+        if (!note.startsWith(kUnknownSizeNote))
+            warnings.append(note);
+    }
+    warnings += preview.rendering.cuts;
+    if (const qsizetype count = preview.rendering.labelCount; count > 1)
+        warnings.append(u"De ZPL bevat %1 etiketten; het voorbeeld toont het eerste."_s.arg(count));
+    return warnings;
+}
+
 } // namespace
 
 LabelPreviewView::LabelPreviewView(QWidget* parent)
@@ -115,19 +128,6 @@ QString LabelPreviewView::sizeText(const RenderedLabel& label)
              millimetres(dots.height(), label.dotsPerMm))
         .arg(dots.width())
         .arg(dots.height());
-}
-
-QStringList LabelPreviewView::warningsOf(const LabelPreview& preview)
-{
-    QStringList warnings = preview.warnings;
-    for (const QString& note : preview.rendering.notes) {
-        if (!note.startsWith(kUnknownSizeNote))
-            warnings.append(note);
-    }
-    warnings += preview.rendering.cuts;
-    if (const qsizetype count = preview.rendering.labelCount; count > 1)
-        warnings.append(u"De ZPL bevat %1 etiketten; het voorbeeld toont het eerste."_s.arg(count));
-    return warnings;
 }
 
 void LabelPreviewView::showWarnings(const QStringList& warnings)

@@ -36,7 +36,6 @@ public:
     static QString sizeText(const RenderedLabel& label);
 
 private:
-    static QStringList warningsOf(const LabelPreview& preview);
     void showWarnings(const QStringList& warnings);
     void refreshFullSize();
 

@@ -7,6 +7,9 @@
 
 namespace {
 
+// Text colours keep at least this contrast against their background.
+constexpr double kMinimumContrast = 4.5;
+
 double relativeLuminance(const QColor& color)
 {
     const auto linear = [](qreal channel) {
@@ -16,13 +19,48 @@ double relativeLuminance(const QColor& color)
            0.0722 * linear(color.blueF());
 }
 
+// `over` mixed onto `base` with the given weight of `over`; opaque.
+QColor blend(const QColor& base, const QColor& over, qreal weight)
+{
+    const qreal keep = 1.0 - weight;
+    return QColor::fromRgbF(base.redF() * keep + over.redF() * weight,
+                            base.greenF() * keep + over.greenF() * weight,
+                            base.blueF() * keep + over.blueF() * weight);
+}
+
+// `color`, moved towards black or white (whichever stands out more from
+// `background`) just far enough to reach the minimum contrast.
+QColor readableOn(const QColor& color, const QColor& background)
+{
+    const QColor black(Qt::black);
+    const QColor white(Qt::white);
+    const QColor extreme =
+        Theme::contrastRatio(black, background) >= Theme::contrastRatio(white, background) ? black
+                                                                                           : white;
+    constexpr int kSteps = 20;
+    for (int step = 0; step < kSteps; ++step) {
+        const QColor candidate = blend(color, extreme, qreal(step) / kSteps);
+        if (Theme::contrastRatio(candidate, background) >= kMinimumContrast)
+            return candidate;
+    }
+    return extreme;
+}
+
 // Readable on every background text is put on.
 QColor readableOnAll(QColor color, const QPalette& palette)
 {
     for (const QPalette::ColorRole role :
          {QPalette::Window, QPalette::Base, QPalette::AlternateBase})
-        color = Theme::readableOn(color, palette.color(role));
+        color = readableOn(color, palette.color(role));
     return color;
+}
+
+QPalette withRoles(QPalette palette)
+{
+    palette.setColor(Theme::kSecondaryText, Theme::secondaryText(palette));
+    palette.setColor(Theme::kSuccessText, Theme::green(palette));
+    palette.setColor(Theme::kErrorText, Theme::errorText(palette));
+    return palette;
 }
 
 } // namespace
@@ -40,16 +78,22 @@ bool Theme::eventFilter(QObject* watched, QEvent* event)
         const QPalette palette = withRoles(QApplication::palette());
         if (palette != QApplication::palette())
             QApplication::setPalette(palette);
+        else
+            QMetaObject::invokeMethod(this, &Theme::reapplyStyleSheets, Qt::QueuedConnection);
     }
     return QObject::eventFilter(watched, event);
 }
 
-QPalette Theme::withRoles(QPalette palette)
+void Theme::reapplyStyleSheets()
 {
-    palette.setColor(kSecondaryText, secondaryText(palette));
-    palette.setColor(kSuccessText, green(palette));
-    palette.setColor(kErrorText, errorText(palette));
-    return palette;
+    // A style sheet takes its palette colours when it is applied, and a palette
+    // that spreads passes the widgets that have one by. Queued, so that every
+    // other widget has its new palette by then.
+    const QWidgetList widgets = QApplication::allWidgets();
+    for (QWidget* widget : widgets) {
+        if (!widget->styleSheet().isEmpty())
+            widget->setStyleSheet(widget->styleSheet());
+    }
 }
 
 QLabel* Theme::label(const QString& text, const QFont& font, QPalette::ColorRole role,
@@ -59,29 +103,6 @@ QLabel* Theme::label(const QString& text, const QFont& font, QPalette::ColorRole
     label->setFont(font);
     label->setForegroundRole(role);
     return label;
-}
-
-QColor Theme::blend(const QColor& base, const QColor& over, qreal weight)
-{
-    const qreal keep = 1.0 - weight;
-    return QColor::fromRgbF(base.redF() * keep + over.redF() * weight,
-                            base.greenF() * keep + over.greenF() * weight,
-                            base.blueF() * keep + over.blueF() * weight);
-}
-
-QColor Theme::readableOn(const QColor& color, const QColor& background)
-{
-    const QColor black(Qt::black);
-    const QColor white(Qt::white);
-    const QColor extreme =
-        contrastRatio(black, background) >= contrastRatio(white, background) ? black : white;
-    constexpr int kSteps = 20;
-    for (int step = 0; step < kSteps; ++step) {
-        const QColor candidate = blend(color, extreme, qreal(step) / kSteps);
-        if (contrastRatio(candidate, background) >= kMinimumContrast)
-            return candidate;
-    }
-    return extreme;
 }
 
 double Theme::contrastRatio(const QColor& first, const QColor& second)
@@ -104,7 +125,8 @@ QColor Theme::secondaryText(const QPalette& palette)
 
 QColor Theme::separator(const QPalette& palette)
 {
-    return blend(palette.color(QPalette::Window), palette.color(QPalette::WindowText), 0.16);
+    return blend(palette.color(QPalette::Window), palette.color(QPalette::WindowText),
+                 kSeparatorOpacity);
 }
 
 QColor Theme::accent(const QPalette& palette)
@@ -117,35 +139,9 @@ QColor Theme::green(const QPalette& palette)
     return readableOnAll(QColor(52, 199, 89), palette);
 }
 
-QColor Theme::red()
-{
-    return QColor(255, 59, 48);
-}
-
 QColor Theme::errorText(const QPalette& palette)
 {
     return readableOnAll(red(), palette);
-}
-
-QColor Theme::orange()
-{
-    return QColor(255, 149, 0);
-}
-
-QColor Theme::blue()
-{
-    return QColor(0, 122, 255);
-}
-
-QColor Theme::badgeGreen()
-{
-    return QColor::fromRgb(65, 195, 145);
-}
-
-QPalette Theme::inheritedPalette(const QWidget* widget)
-{
-    const QWidget* parent = widget ? widget->parentWidget() : nullptr;
-    return parent ? parent->palette() : QApplication::palette();
 }
 
 QFont Theme::systemFont(int pixelSize, QFont::Weight weight)
@@ -161,29 +157,4 @@ QFont Theme::monospaced(int pixelSize)
     QFont font = QFontDatabase::systemFont(QFontDatabase::FixedFont);
     font.setPixelSize(pixelSize);
     return font;
-}
-
-QFont Theme::caption()
-{
-    return systemFont(10);
-}
-
-QFont Theme::body()
-{
-    return systemFont(13);
-}
-
-QFont Theme::headline()
-{
-    return systemFont(13, QFont::Bold);
-}
-
-QFont Theme::subheadline()
-{
-    return systemFont(11);
-}
-
-QFont Theme::title2()
-{
-    return systemFont(17);
 }

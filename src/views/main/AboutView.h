@@ -1,6 +1,5 @@
 #pragma once
 
-#include <QIcon>
 #include <QUrl>
 #include <QWidget>
 
@@ -14,16 +13,11 @@ class AboutView : public QWidget
 
 public:
     static constexpr int kSize = 320;
-    static constexpr int kIconSize = 100;
 
     explicit AboutView(QWidget* parent = nullptr);
 
-    static QString makerDomain();
-    static QUrl makerURL();
-    // The application's window icon, else the bundled program icon, else a printer symbol.
-    static QIcon applicationIcon();
-    // "© " followed by the current year, e.g. "© 2026".
-    static QString copyrightText();
+    static QString makerDomain() { return QStringLiteral("stampix.app"); }
+    static QUrl makerURL() { return QUrl(QStringLiteral("https://stampix.app")); }
 
     QLabel* linkLabel() const { return m_link; }
 
@@ -31,9 +25,6 @@ protected:
     void paintEvent(QPaintEvent* event) override;
 
 private:
-    void openLink(const QString& link);
-
     QWidget* m_iconSpace;
-
     QLabel* m_link;
 };

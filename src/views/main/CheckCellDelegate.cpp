@@ -17,21 +17,17 @@ void CheckCellDelegate::paint(QPainter* painter, const QStyleOptionViewItem& opt
     // Only the cell's background and selection come from the style; the symbol is ours.
     cell.features &= ~QStyleOptionViewItem::HasCheckIndicator;
     cell.text.clear();
-    cell.icon = QIcon();
     const QWidget* widget = option.widget;
     QStyle* style = widget ? widget->style() : QApplication::style();
     style->drawControl(QStyle::CE_ItemViewItem, &cell, painter, widget);
 
-    QColor color;
-    if (option.state & QStyle::State_Selected)
-        color = option.palette.color(QPalette::HighlightedText);
-    else if (checked)
-        color = Theme::accent(option.palette);
-    else
-        color = Theme::secondaryText(option.palette);
-    QRect frame(0, 0, kSymbolSize, kSymbolSize);
-    frame.moveCenter(option.rect.center());
-    symbol(checked, color).paint(painter, frame);
+    const QColor color = option.state & QStyle::State_Selected
+                             ? option.palette.color(QPalette::HighlightedText)
+                         : checked ? option.palette.color(QPalette::Active, QPalette::Highlight)
+                                   : option.palette.color(Theme::kSecondaryText);
+    symbol(checked, color)
+        .paint(painter, QStyle::alignedRect(Qt::LeftToRight, Qt::AlignCenter,
+                                            QSize(kSymbolSize, kSymbolSize), option.rect));
 }
 
 bool CheckCellDelegate::editorEvent(QEvent*, QAbstractItemModel*, const QStyleOptionViewItem&,

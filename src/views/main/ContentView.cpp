@@ -21,15 +21,28 @@
 namespace {
 
 constexpr QSize kMinimumSize{600, 400};
-constexpr int kContentStretch = 1;
 constexpr int kPreviewWidth = 300;
+
+// What the content area shows: the first state that holds.
+ContentView::ContentState stateFor(const AppSettings& settings,
+                                   const ProductListViewModel& viewModel)
+{
+    if (!settings.isConfigured())
+        return ContentView::ContentState::ConfigurationNeeded;
+    if (viewModel.isLoading())
+        return ContentView::ContentState::Loading;
+    if (viewModel.filteredCount() == 0 && !viewModel.searchText().isEmpty())
+        return ContentView::ContentState::NoResults;
+    if (viewModel.products().isEmpty())
+        return ContentView::ContentState::Empty;
+    return ContentView::ContentState::ProductList;
+}
 
 } // namespace
 
 ContentView::ContentView(AppSettings& settings, ProductListViewModel& viewModel, QWidget* parent)
     : QWidget(parent), m_settings(settings), m_viewModel(viewModel),
-      m_layout(new QVBoxLayout(this)), m_titleBar(new CustomTitleBar(this)),
-      m_toolbar(new CustomToolbar(settings, viewModel, this)),
+      m_titleBar(new CustomTitleBar(this)), m_toolbar(new CustomToolbar(settings, viewModel, this)),
       m_statusBar(new StatusBarView(settings, viewModel, this)),
       m_errorAlert(new ErrorAlert(viewModel, this)), m_splitter(new QSplitter(this)),
       m_contentLayout(new QVBoxLayout)
@@ -38,13 +51,14 @@ ContentView::ContentView(AppSettings& settings, ProductListViewModel& viewModel,
     setBackgroundRole(QPalette::Window);
     setAutoFillBackground(true);
 
-    m_layout->setContentsMargins(0, 0, 0, 0);
-    m_layout->setSpacing(0);
-    m_layout->addWidget(m_titleBar);
-    m_layout->addWidget(m_toolbar);
-    m_layout->addWidget(new Divider(Qt::Horizontal, 0, this));
-    m_layout->addWidget(m_splitter, kContentStretch);
-    m_layout->addWidget(m_statusBar);
+    auto* layout = new QVBoxLayout(this);
+    layout->setContentsMargins(0, 0, 0, 0);
+    layout->setSpacing(0);
+    layout->addWidget(m_titleBar);
+    layout->addWidget(m_toolbar);
+    layout->addWidget(new Divider(Qt::Horizontal, 0, this));
+    layout->addWidget(m_splitter, 1);
+    layout->addWidget(m_statusBar);
 
     // The content area takes the room the window gains; the panel keeps its width.
     auto* contentArea = new QWidget;
@@ -54,40 +68,15 @@ ContentView::ContentView(AppSettings& settings, ProductListViewModel& viewModel,
     m_splitter->setStretchFactor(0, 1);
     m_splitter->setChildrenCollapsible(false);
 
-    // Every value the choice of content reads.
-    connect(&m_settings, &AppSettings::dossiersChanged, this, &ContentView::updateContent);
-    connect(&m_settings, &AppSettings::selectedDossierIDChanged, this, &ContentView::updateContent);
-    connect(&m_viewModel, &ProductListViewModel::isLoadingChanged, this,
-            &ContentView::updateContent);
-    connect(&m_viewModel, &ProductListViewModel::productsChanged, this,
-            &ContentView::updateContent);
-    connect(&m_viewModel, &ProductListViewModel::filteredProductsChanged, this,
-            &ContentView::updateContent);
-    connect(&m_viewModel, &ProductListViewModel::searchTextChanged, this,
-            &ContentView::updateContent);
-    // The content is made when the window first appears: that is when the
-    // first load starts, and a placeholder made before it would never be seen.
-}
-
-ContentView::~ContentView() = default;
-
-ContentView::ContentState ContentView::stateFor(const AppSettings& settings,
-                                                const ProductListViewModel& viewModel)
-{
-    if (!settings.isConfigured())
-        return ContentState::ConfigurationNeeded;
-    if (viewModel.isLoading())
-        return ContentState::Loading;
-    if (viewModel.filteredCount() == 0 && !viewModel.searchText().isEmpty())
-        return ContentState::NoResults;
-    if (viewModel.products().isEmpty())
-        return ContentState::Empty;
-    return ContentState::ProductList;
-}
-
-void ContentView::setTitleBarVisible(bool visible)
-{
-    m_titleBar->setVisible(visible);
+    // Every value the choice of content reads. The content is made when the
+    // window first appears: that is when the first load starts, and a
+    // placeholder made before it would never be seen.
+    for (auto signal : {&AppSettings::dossiersChanged, &AppSettings::selectedDossierIDChanged})
+        connect(&m_settings, signal, this, &ContentView::updateContent);
+    for (auto signal :
+         {&ProductListViewModel::isLoadingChanged, &ProductListViewModel::productsChanged,
+          &ProductListViewModel::filteredProductsChanged, &ProductListViewModel::searchTextChanged})
+        connect(&m_viewModel, signal, this, &ContentView::updateContent);
 }
 
 QMessageBox* ContentView::errorAlert() const
@@ -104,24 +93,17 @@ void ContentView::setLabelPreviewShown(bool shown)
 {
     if (shown == isLabelPreviewShown())
         return;
-    if (shown) {
-        ensureLabelPreview();
-        const int total = m_splitter->width();
-        m_splitter->setSizes({qMax(0, total - kPreviewWidth), kPreviewWidth});
-    }
-    m_labelPreview->setVisible(shown);
-}
-
-void ContentView::ensureLabelPreview()
-{
     // Made the first time it is asked for: most sessions never open it.
-    if (m_labelPreview)
-        return;
-    m_labelPreview = new LabelPreviewPanel(m_settings, m_viewModel);
-    m_labelPreview->hide();
-    m_splitter->addWidget(m_labelPreview);
-    m_splitter->setStretchFactor(1, 0);
-    chainFocus();
+    if (!m_labelPreview) {
+        m_labelPreview = new LabelPreviewPanel(m_settings, m_viewModel);
+        m_labelPreview->hide();
+        m_splitter->addWidget(m_labelPreview);
+        m_splitter->setStretchFactor(1, 0);
+        chainFocus();
+    }
+    if (shown)
+        m_splitter->setSizes({qMax(0, m_splitter->width() - kPreviewWidth), kPreviewWidth});
+    m_labelPreview->setVisible(shown);
 }
 
 void ContentView::showEvent(QShowEvent* event)
@@ -146,7 +128,23 @@ void ContentView::updateContent()
         return;
     }
     m_state = state;
-    replaceContent(createContent(state));
+    QWidget* old = m_content;
+    m_content = createContent(state);
+    m_contentLayout->addWidget(m_content);
+    // A layout would only show it on the next pass of the event loop.
+    m_content->show();
+    chainFocus();
+    if (!old)
+        return;
+    m_contentLayout->removeWidget(old);
+    if (qobject_cast<ProductListView*>(old)) {
+        // At once, so its space bar filter ends with it.
+        delete old;
+    } else {
+        // A placeholder may be replaced from inside its own button's click.
+        old->hide();
+        old->deleteLater();
+    }
 }
 
 QWidget* ContentView::createContent(ContentState state)
@@ -159,52 +157,25 @@ QWidget* ContentView::createContent(ContentState state)
     case ContentState::NoResults:
         return new NoResultsView(m_viewModel.searchText(), this);
     case ContentState::Empty:
-        return new EmptyStateView([this] { refresh(); }, this);
+        return new EmptyStateView([this] { m_viewModel.fetchProducts(); }, this);
     case ContentState::ProductList:
         return new ProductListView(m_viewModel, m_settings, this);
     }
     return nullptr;
 }
 
-void ContentView::replaceContent(QWidget* content)
-{
-    QWidget* old = m_content;
-    m_content = content;
-    m_contentLayout->addWidget(m_content);
-    // A layout would only show it on the next pass of the event loop.
-    m_content->show();
-    chainFocus();
-    if (!old)
-        return;
-    m_contentLayout->removeWidget(old);
-    if (auto* table = qobject_cast<ProductListView*>(old)) {
-        // At once, so its space bar filter ends with it.
-        delete table;
-    } else {
-        // A placeholder may be replaced from inside its own button's click.
-        old->hide();
-        old->deleteLater();
-    }
-}
-
 void ContentView::chainFocus()
 {
     // Tab goes left to right through the toolbar, then the content, then the status bar.
     QList<QWidget*> chain = m_toolbar->focusChain();
-    const QList<QWidget*> content =
-        m_content ? m_content->findChildren<QWidget*>() : QList<QWidget*>();
-    for (QWidget* widget : content) {
-        if (widget->focusPolicy() & Qt::TabFocus)
-            chain.append(widget);
+    for (QWidget* area : {m_content, static_cast<QWidget*>(m_labelPreview)}) {
+        const QList<QWidget*> children = area ? area->findChildren<QWidget*>() : QList<QWidget*>();
+        for (QWidget* widget : children) {
+            if (widget->focusPolicy() & Qt::TabFocus)
+                chain.append(widget);
+        }
     }
-    if (m_labelPreview)
-        chain.append(m_labelPreview->focusChain());
     chain.append(m_statusBar->focusChain());
     for (qsizetype i = 1; i < chain.size(); ++i)
         setTabOrder(chain.at(i - 1), chain.at(i));
-}
-
-void ContentView::refresh()
-{
-    m_viewModel.fetchProducts();
 }

@@ -3,7 +3,6 @@
 #include <QWidget>
 
 class AppSettings;
-class CustomTitleBar;
 class CustomToolbar;
 class ErrorAlert;
 class LabelPreviewPanel;
@@ -32,17 +31,12 @@ public:
     };
 
     ContentView(AppSettings& settings, ProductListViewModel& viewModel, QWidget* parent = nullptr);
-    ~ContentView() override;
-
-    static ContentState stateFor(const AppSettings& settings,
-                                 const ProductListViewModel& viewModel);
 
     ContentState contentState() const { return m_state; }
     QWidget* contentWidget() const { return m_content; }
 
     // The window's own title row; shown only where the system title bar is hidden.
-    CustomTitleBar* titleBar() const { return m_titleBar; }
-    void setTitleBarVisible(bool visible);
+    void setTitleBarVisible(bool visible) { m_titleBar->setVisible(visible); }
 
     CustomToolbar* toolbar() const { return m_toolbar; }
     StatusBarView* statusBar() const { return m_statusBar; }
@@ -57,17 +51,13 @@ protected:
     void showEvent(QShowEvent* event) override;
 
 private:
-    void ensureLabelPreview();
     void updateContent();
     QWidget* createContent(ContentState state);
-    void replaceContent(QWidget* content);
     void chainFocus();
-    void refresh();
 
     AppSettings& m_settings;
     ProductListViewModel& m_viewModel;
-    QVBoxLayout* m_layout;
-    CustomTitleBar* m_titleBar;
+    QWidget* m_titleBar;
     CustomToolbar* m_toolbar;
     StatusBarView* m_statusBar;
     ErrorAlert* m_errorAlert;

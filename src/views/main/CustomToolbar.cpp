@@ -24,11 +24,7 @@ constexpr int kPickerWidth = 150;
 constexpr int kSearchWidth = 200;
 constexpr int kDividerHeight = 20;
 constexpr int kClearSymbolSize = 10;
-
-QColor badgeGreen(const QPalette&)
-{
-    return Theme::badgeGreen();
-}
+constexpr int kReloadSymbolSize = 16;
 
 QWidget* pickerGroup(const QString& title, QComboBox* picker, QWidget* parent)
 {
@@ -74,8 +70,8 @@ CustomToolbar::CustomToolbar(AppSettings& settings, ProductListViewModel& viewMo
     m_dossierPicker->setObjectName(u"dossierPicker"_s);
     m_templatePicker->setObjectName(u"templatePicker"_s);
     m_reload->setObjectName(u"reloadButton"_s);
-    showReloadSymbol();
     m_reload->setAccessibleName(u"Vernieuwen"_s);
+    showReloadSymbol();
     // The pickers have no visible title of their own: the text beside them names them.
     m_dossierPicker->setAccessibleName(u"Dossier"_s);
     m_templatePicker->setAccessibleName(u"Etiket"_s);
@@ -92,22 +88,27 @@ CustomToolbar::CustomToolbar(AppSettings& settings, ProductListViewModel& viewMo
     layout->addStretch();
     layout->addWidget(m_reload);
 
-    connect(m_dossierPicker, &QComboBox::activated, this, &CustomToolbar::chooseDossier);
-    connect(m_templatePicker, &QComboBox::activated, this, &CustomToolbar::chooseTemplate);
+    connect(m_dossierPicker, &QComboBox::activated, this, [this](int index) {
+        const QUuid id = m_dossierPicker->itemData(index).toUuid();
+        if (m_settings.selectedDossierID() != id)
+            m_settings.setSelectedDossierID(id);
+    });
+    connect(m_templatePicker, &QComboBox::activated, this, [this](int index) {
+        const QUuid id = m_templatePicker->itemData(index).toUuid();
+        if (m_settings.selectedTemplateID() != id)
+            m_settings.setSelectedTemplateID(id);
+    });
     connect(m_searchField, &QLineEdit::textEdited, &m_viewModel,
             &ProductListViewModel::setSearchText);
-    connect(m_reload, &QPushButton::clicked, this, &CustomToolbar::reload);
+    connect(m_reload, &QPushButton::clicked, &m_viewModel, &ProductListViewModel::fetchProducts);
     connect(m_clearChecked, &QToolButton::clicked, &m_viewModel,
             &ProductListViewModel::clearChecked);
 
-    connect(&m_settings, &AppSettings::dossiersChanged, this, &CustomToolbar::showDossiers);
-    connect(&m_settings, &AppSettings::selectedDossierIDChanged, this,
-            &CustomToolbar::showDossiers);
+    for (auto signal : {&AppSettings::dossiersChanged, &AppSettings::selectedDossierIDChanged,
+                        &AppSettings::templatesChanged, &AppSettings::selectedTemplateIDChanged})
+        connect(&m_settings, signal, this, &CustomToolbar::showPickers);
     connect(&m_settings, &AppSettings::selectedDossierIDChanged, this,
             &CustomToolbar::reloadOnDossierChange);
-    connect(&m_settings, &AppSettings::templatesChanged, this, &CustomToolbar::showTemplates);
-    connect(&m_settings, &AppSettings::selectedTemplateIDChanged, this,
-            &CustomToolbar::showTemplates);
     connect(&m_viewModel, &ProductListViewModel::searchTextChanged, this,
             &CustomToolbar::showSearchText);
     connect(&m_viewModel, &ProductListViewModel::checkedProductIDsChanged, this,
@@ -115,8 +116,7 @@ CustomToolbar::CustomToolbar(AppSettings& settings, ProductListViewModel& viewMo
     connect(&m_viewModel, &ProductListViewModel::isLoadingChanged, this,
             &CustomToolbar::showLoading);
 
-    showDossiers();
-    showTemplates();
+    showPickers();
     showSearchText();
     showCheckedCount();
     showLoading();
@@ -134,7 +134,7 @@ QList<QWidget*> CustomToolbar::focusChain() const
 
 QWidget* CustomToolbar::buildSearchField()
 {
-    auto* box = new Card(6, &Theme::controlBackground, &Theme::separator, this);
+    auto* box = new Card(6, QPalette::Base, QPalette::WindowText, Theme::kSeparatorOpacity, this);
     // The field has no frame of its own; the box shows where the focus is.
     box->showFocusOf(m_searchField);
     auto* layout = new QHBoxLayout(box);
@@ -154,16 +154,18 @@ QWidget* CustomToolbar::buildSearchField()
 
 QWidget* CustomToolbar::buildCheckedBadge()
 {
-    m_badge = new Card(12, &badgeGreen, nullptr, this);
+    m_badge = new Card(12, QPalette::Window, QPalette::NoRole, 1.0, this);
     m_badge->setObjectName(u"checkedBadge"_s);
+    // White on a fixed green, in light and dark alike.
+    QPalette colours = m_badge->palette();
+    colours.setColor(QPalette::Window, QColor::fromRgb(65, 195, 145));
+    colours.setColor(QPalette::WindowText, Qt::white);
+    m_badge->setPalette(colours);
     auto* layout = new QHBoxLayout(m_badge);
     layout->setContentsMargins(10, 4, 10, 4);
     layout->setSpacing(6);
-    m_badgeLabel = Theme::label(QString(), Theme::systemFont(10, QFont::Medium),
-                                QPalette::WindowText, m_badge);
-    QPalette white = m_badgeLabel->palette();
-    white.setColor(QPalette::WindowText, Qt::white);
-    m_badgeLabel->setPalette(white);
+    m_badgeLabel =
+        Theme::label({}, Theme::systemFont(10, QFont::Medium), QPalette::WindowText, m_badge);
     layout->addWidget(m_badgeLabel);
     m_clearChecked = new QToolButton(m_badge);
     m_clearChecked->setObjectName(u"clearCheckedButton"_s);
@@ -187,34 +189,20 @@ void CustomToolbar::changeEvent(QEvent* event)
         showReloadSymbol();
 }
 
-// The bundled symbol is drawn in the palette's text colour.
+// The desktop's own reload icon where it has one; the bundled symbol, drawn in
+// the text colour, otherwise.
 void CustomToolbar::showReloadSymbol()
 {
-    m_reload->setIcon(SymbolIcons::icon(u"arrow.clockwise"));
+    m_reload->setIcon(QIcon::fromTheme(u"view-refresh"_s,
+                                       SymbolIcons::tinted(u"arrow.clockwise",
+                                                           palette().color(QPalette::WindowText),
+                                                           kReloadSymbolSize)));
 }
 
-void CustomToolbar::showDossiers()
+void CustomToolbar::showPickers()
 {
     fillPicker(m_dossierPicker, m_settings.dossiers(), m_settings.selectedDossierID());
-}
-
-void CustomToolbar::showTemplates()
-{
     fillPicker(m_templatePicker, m_settings.templates(), m_settings.selectedTemplateID());
-}
-
-void CustomToolbar::chooseDossier(int index)
-{
-    const QUuid id = m_dossierPicker->itemData(index).toUuid();
-    if (m_settings.selectedDossierID() != id)
-        m_settings.setSelectedDossierID(id);
-}
-
-void CustomToolbar::chooseTemplate(int index)
-{
-    const QUuid id = m_templatePicker->itemData(index).toUuid();
-    if (m_settings.selectedTemplateID() != id)
-        m_settings.setSelectedTemplateID(id);
 }
 
 void CustomToolbar::reloadOnDossierChange()
@@ -243,9 +231,4 @@ void CustomToolbar::showCheckedCount()
 void CustomToolbar::showLoading()
 {
     m_reload->setEnabled(!m_viewModel.isLoading());
-}
-
-void CustomToolbar::reload()
-{
-    m_viewModel.fetchProducts();
 }

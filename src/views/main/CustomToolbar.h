@@ -5,13 +5,13 @@
 #include <optional>
 
 class AppSettings;
+class Card;
 class ProductListViewModel;
 class QComboBox;
 class QLabel;
 class QLineEdit;
 class QPushButton;
 class QToolButton;
-class Card;
 
 // The row under the title: dossier and label pickers, the search field, the
 // badge of checked products and the reload button. It keeps no state: every
@@ -28,7 +28,6 @@ public:
     QComboBox* templatePicker() const { return m_templatePicker; }
     QLineEdit* searchField() const { return m_searchField; }
     QWidget* checkedBadge() const;
-    QLabel* checkedBadgeLabel() const { return m_badgeLabel; }
     QToolButton* clearCheckedButton() const { return m_clearChecked; }
     QPushButton* reloadButton() const { return m_reload; }
     // The controls that take the keyboard focus, left to right.
@@ -39,17 +38,13 @@ protected:
 
 private:
     QWidget* buildSearchField();
-    void showReloadSymbol();
     QWidget* buildCheckedBadge();
-    void showDossiers();
-    void showTemplates();
-    void chooseDossier(int index);
-    void chooseTemplate(int index);
+    void showReloadSymbol();
+    void showPickers();
     void reloadOnDossierChange();
     void showSearchText();
     void showCheckedCount();
     void showLoading();
-    void reload();
 
     AppSettings& m_settings;
     ProductListViewModel& m_viewModel;

@@ -9,8 +9,5 @@ EmptyStateView::EmptyStateView(std::function<void()> onRefresh, QWidget* parent)
 {
     QPushButton* refresh = addButton(u"Vernieuwen"_s);
     refresh->setObjectName(u"refreshButton"_s);
-    connect(refresh, &QPushButton::clicked, this, [onRefresh = std::move(onRefresh)] {
-        if (onRefresh)
-            onRefresh();
-    });
+    connect(refresh, &QPushButton::clicked, this, std::move(onRefresh));
 }

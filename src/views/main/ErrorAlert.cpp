@@ -23,20 +23,17 @@ void ErrorAlert::showMessage()
 {
     const std::optional<QString>& message = m_viewModel.errorMessage();
     if (!message) {
-        // Cleared elsewhere (another window's alert, a new load): close without a second clear.
         if (m_box) {
-            QMessageBox* box = m_box;
+            // Cleared elsewhere (another window's alert, a new load): close without a second clear.
+            m_box->disconnect(this);
+            m_box->close();
+            m_box->deleteLater();
             m_box = nullptr;
-            box->disconnect(this);
-            box->close();
-            box->deleteLater();
         }
         return;
     }
-    if (m_box) {
-        setMessage(*message);
-        return;
-    }
+    if (m_box)
+        return setMessage(*message);
     m_box = new QMessageBox(m_window);
     m_box->setObjectName(u"errorAlert"_s);
     m_box->setIcon(QMessageBox::Warning);
@@ -65,9 +62,8 @@ void ErrorAlert::setMessage(const QString& message)
 
 void ErrorAlert::acknowledge()
 {
-    QMessageBox* box = m_box;
+    if (m_box)
+        m_box->deleteLater();
     m_box = nullptr;
-    if (box)
-        box->deleteLater();
     m_viewModel.clearError();
 }

@@ -3,7 +3,6 @@
 #include "labelrender/LabelPreview.h"
 #include "model/AppSettings.h"
 #include "viewmodels/ProductListViewModel.h"
-#include "views/common/LabelPictureButton.h"
 #include "views/common/LabelPreviewView.h"
 #include "views/common/Theme.h"
 
@@ -45,23 +44,16 @@ LabelPreviewPanel::LabelPreviewPanel(AppSettings& settings, ProductListViewModel
     layout->addWidget(m_scroll, 1);
     layout->addStretch(); // holds the hint at the top while the picture is hidden
 
-    connect(&m_viewModel, &ProductListViewModel::selectedProductIDChanged, this,
-            &LabelPreviewPanel::refresh);
-    connect(&m_viewModel, &ProductListViewModel::productsChanged, this,
-            &LabelPreviewPanel::refresh);
-    connect(&m_settings, &AppSettings::selectedTemplateIDChanged, this,
-            &LabelPreviewPanel::refresh);
-    connect(&m_settings, &AppSettings::templatesChanged, this, &LabelPreviewPanel::refresh);
+    for (auto signal :
+         {&ProductListViewModel::selectedProductIDChanged, &ProductListViewModel::productsChanged})
+        connect(&m_viewModel, signal, this, &LabelPreviewPanel::refresh);
+    for (auto signal : {&AppSettings::selectedTemplateIDChanged, &AppSettings::templatesChanged})
+        connect(&m_settings, signal, this, &LabelPreviewPanel::refresh);
 }
 
 bool LabelPreviewPanel::isPreviewShown() const
 {
     return !m_scroll->isHidden();
-}
-
-QList<QWidget*> LabelPreviewPanel::focusChain() const
-{
-    return {m_preview->picture()};
 }
 
 void LabelPreviewPanel::showEvent(QShowEvent* event)
@@ -76,21 +68,15 @@ void LabelPreviewPanel::refresh()
     if (!isVisible())
         return;
     const std::optional<Product> product = m_viewModel.selectedProduct();
-    if (!product)
-        return showHint(u"Selecteer een product om het etiket te zien."_s);
     const std::optional<LabelTemplate> labelTemplate = m_settings.selectedTemplate();
+    m_scroll->setVisible(product && labelTemplate);
+    if (!product)
+        return m_subtitle->setText(u"Selecteer een product om het etiket te zien."_s);
     if (!labelTemplate)
-        return showHint(u"Kies een etiket om het voorbeeld te zien."_s);
+        return m_subtitle->setText(u"Kies een etiket om het voorbeeld te zien."_s);
     m_subtitle->setText(u"%1 · %2"_s.arg(product->sku(), labelTemplate->name));
     if (!m_renderer)
         m_renderer.emplace();
     m_preview->showPreview(
         LabelPreview::make(*m_renderer, labelTemplate->zplContent, &*product, 1));
-    m_scroll->show();
-}
-
-void LabelPreviewPanel::showHint(const QString& hint)
-{
-    m_subtitle->setText(hint);
-    m_scroll->hide();
 }

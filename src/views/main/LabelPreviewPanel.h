@@ -26,14 +26,12 @@ public:
     // The line under the heading: the product and the template, or a hint.
     QLabel* subtitle() const { return m_subtitle; }
     bool isPreviewShown() const;
-    QList<QWidget*> focusChain() const;
 
 protected:
     void showEvent(QShowEvent* event) override;
 
 private:
     void refresh();
-    void showHint(const QString& hint);
 
     AppSettings& m_settings;
     ProductListViewModel& m_viewModel;

@@ -22,8 +22,3 @@ void NoResultsView::setSearchText(const QString& searchText)
 {
     headline()->setText(headlineFor(searchText));
 }
-
-QString NoResultsView::headlineText() const
-{
-    return headline()->text();
-}

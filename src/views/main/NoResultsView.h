@@ -11,5 +11,4 @@ public:
     explicit NoResultsView(const QString& searchText, QWidget* parent = nullptr);
 
     void setSearchText(const QString& searchText);
-    QString headlineText() const;
 };

@@ -66,15 +66,10 @@ void PrintButton::setBusy(bool busy)
     showSymbol();
 }
 
-void PrintButton::reapplyStyleSheet()
-{
-    setStyleSheet(styleSheet());
-}
-
 void PrintButton::changeEvent(QEvent* event)
 {
     QPushButton::changeEvent(event);
-    // A new style sheet pass brings the palette's colours along.
+    // Theme applies the style sheet again after a palette change.
     if (event->type() == QEvent::EnabledChange || event->type() == QEvent::StyleChange)
         showSymbol();
 }

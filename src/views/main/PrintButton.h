@@ -6,8 +6,6 @@ class BusyIndicator;
 
 // The accent-filled "Start afdrukken" button: a printer symbol and the text,
 // or a small spinning wheel in place of the symbol while a print run is busy.
-// A style sheet takes its palette roles when it is applied: after a palette
-// change, apply it again with reapplyStyleSheet().
 class PrintButton : public QPushButton
 {
     Q_OBJECT
@@ -17,7 +15,6 @@ public:
 
     bool isBusy() const { return m_busy; }
     void setBusy(bool busy);
-    void reapplyStyleSheet();
 
 protected:
     void changeEvent(QEvent* event) override;

@@ -26,17 +26,16 @@ constexpr std::array<int, ProductTableModel::kColumnCount> kMinimumWidths{0, 80,
 ProductListView::ProductListView(ProductListViewModel& viewModel, AppSettings& settings,
                                  QWidget* parent)
     : QWidget(parent), m_viewModel(viewModel), m_settings(settings),
-      m_model(new ProductTableModel(viewModel, this)),
-      m_proxy(new ProductSortProxy(*m_model, this)), m_table(new QTableView(this)),
-      m_checkDelegate(new CheckCellDelegate(this)),
-      m_spacebarHandler(new SpacebarHandler([this] { handleSpacebarPress(); }, this))
+      m_proxy(new ProductSortProxy(*new ProductTableModel(viewModel, this), this)),
+      m_table(new QTableView(this))
 {
+    new SpacebarHandler([this] { handleSpacebarPress(); }, this);
     auto* layout = new QVBoxLayout(this);
     layout->setContentsMargins(0, 0, 0, 0);
     layout->addWidget(m_table);
     configureTable();
     applyColumnWidths();
-    showSortIndicator();
+    sortByHeader(ProductTableModel::kCheckColumn); // shows the first key, changing nothing
 
     QHeaderView* header = m_table->horizontalHeader();
     connect(header, &QHeaderView::sectionResized, this, &ProductListView::keepMinimumWidth);
@@ -53,8 +52,6 @@ ProductListView::ProductListView(ProductListViewModel& viewModel, AppSettings& s
     showSelection();
 }
 
-ProductListView::~ProductListView() = default;
-
 void ProductListView::configureTable()
 {
     m_table->setAccessibleName(u"Producten"_s);
@@ -66,7 +63,6 @@ void ProductListView::configureTable()
     m_table->setSelectionMode(QAbstractItemView::SingleSelection);
     m_table->setEditTriggers(QAbstractItemView::NoEditTriggers);
     m_table->setWordWrap(false);
-    m_table->setTextElideMode(Qt::ElideRight);
     m_table->setHorizontalScrollMode(QAbstractItemView::ScrollPerPixel);
     m_table->setCornerButtonEnabled(false);
     // Tab leaves the table for the status bar instead of walking its cells.
@@ -76,11 +72,10 @@ void ProductListView::configureTable()
     m_table->verticalHeader()->setDefaultSectionSize(kRowHeight);
     // After the row settings, so the rows are laid out once.
     m_table->setModel(m_proxy);
-    m_table->setItemDelegateForColumn(ProductTableModel::kCheckColumn, m_checkDelegate);
+    m_table->setItemDelegateForColumn(ProductTableModel::kCheckColumn, new CheckCellDelegate(this));
 
     QHeaderView* header = m_table->horizontalHeader();
     header->setHighlightSections(false);
-    header->setSectionsClickable(true);
     header->setSortIndicatorShown(true);
     // The last column takes what the others leave, as desktop tables do; its stored
     // width is where it starts and how narrow it gets.
@@ -103,9 +98,8 @@ void ProductListView::applyColumnWidths()
 
 void ProductListView::keepMinimumWidth(int column, int, int newWidth)
 {
-    if (column < 0 || column >= ProductTableModel::kColumnCount)
-        return;
-    if (newWidth < kMinimumWidths[column])
+    if (column >= 0 && column < ProductTableModel::kColumnCount &&
+        newWidth < kMinimumWidths[column])
         m_table->horizontalHeader()->resizeSection(column, kMinimumWidths[column]);
 }
 
@@ -113,11 +107,6 @@ void ProductListView::sortByHeader(int column)
 {
     m_proxy->promoteColumn(column);
     // The header flips its own indicator on every click, the check box column included.
-    showSortIndicator();
-}
-
-void ProductListView::showSortIndicator()
-{
     const ProductSortProxy::SortKey& first = m_proxy->sortOrder().first();
     m_table->horizontalHeader()->setSortIndicator(first.column, first.order);
 }
@@ -130,13 +119,11 @@ void ProductListView::toggleIfCheckCell(const QModelIndex& index)
 
 void ProductListView::writeSelection()
 {
-    if (m_showingSelection)
-        return;
     const QModelIndexList rows = m_table->selectionModel()->selectedRows();
-    if (rows.isEmpty())
-        m_viewModel.setSelectedProductID(std::nullopt);
-    else
-        m_viewModel.setSelectedProductID(m_proxy->productAt(rows.first().row()).ID);
+    if (!m_showingSelection)
+        m_viewModel.setSelectedProductID(
+            rows.isEmpty() ? std::nullopt
+                           : std::optional<qint64>(m_proxy->productAt(rows.first().row()).ID));
 }
 
 void ProductListView::showSelection()

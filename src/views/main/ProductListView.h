@@ -4,12 +4,9 @@
 #include <optional>
 
 class AppSettings;
-class CheckCellDelegate;
 class ProductListViewModel;
 class ProductSortProxy;
-class ProductTableModel;
 class QTableView;
-class SpacebarHandler;
 
 // The product table: check box, article number, description, price and
 // barcode of the filtered products, sortable by the four data columns, with
@@ -22,7 +19,6 @@ class ProductListView : public QWidget
 public:
     ProductListView(ProductListViewModel& viewModel, AppSettings& settings,
                     QWidget* parent = nullptr);
-    ~ProductListView() override;
 
     QTableView* tableView() const { return m_table; }
 
@@ -31,7 +27,6 @@ private:
     void applyColumnWidths();
     void keepMinimumWidth(int column, int oldWidth, int newWidth);
     void sortByHeader(int column);
-    void showSortIndicator();
     void toggleIfCheckCell(const QModelIndex& index);
     void writeSelection();
     void showSelection();
@@ -40,10 +35,7 @@ private:
 
     ProductListViewModel& m_viewModel;
     AppSettings& m_settings;
-    ProductTableModel* m_model;
     ProductSortProxy* m_proxy;
     QTableView* m_table;
-    CheckCellDelegate* m_checkDelegate;
-    SpacebarHandler* m_spacebarHandler;
     bool m_showingSelection = false;
 };

@@ -9,8 +9,7 @@ ProductSortProxy::ProductSortProxy(ProductTableModel& table, QObject* parent)
       m_collator(textCollator()), m_sortOrder{{ProductTableModel::kSKUColumn, Qt::AscendingOrder}}
 {
     // The table only ever resets its rows or changes their check state.
-    connect(&m_table, &QAbstractItemModel::modelAboutToBeReset, this,
-            &ProductSortProxy::forgetKeys);
+    connect(&m_table, &QAbstractItemModel::modelAboutToBeReset, this, [this] { m_keys = {}; });
     setSourceModel(&m_table);
     // lessThan() walks the whole key list in each key's own direction; the
     // column and order given here only switch sorting on.
@@ -45,8 +44,7 @@ void ProductSortProxy::setSortOrder(const QList<SortKey>& keys)
 
 void ProductSortProxy::promoteColumn(int column)
 {
-    const SortKey& first = m_sortOrder.first();
-    const bool reverse = first.column == column && first.order == Qt::AscendingOrder;
+    const bool reverse = m_sortOrder.first() == SortKey{column, Qt::AscendingOrder};
     QList<SortKey> keys = m_sortOrder;
     keys.removeIf([column](const SortKey& key) { return key.column == column; });
     keys.prepend({column, reverse ? Qt::DescendingOrder : Qt::AscendingOrder});
@@ -73,11 +71,10 @@ bool ProductSortProxy::lessThan(const QModelIndex& left, const QModelIndex& righ
 
 int ProductSortProxy::compare(int column, int leftRow, int rightRow) const
 {
-    if (column == ProductTableModel::kPriceColumn) {
-        // A missing price counts as 0.
+    if (column == ProductTableModel::kPriceColumn) { // a missing price counts as 0
         const double left = m_table.productAt(leftRow).sortablePrice();
         const double right = m_table.productAt(rightRow).sortablePrice();
-        return left < right ? -1 : (right < left ? 1 : 0);
+        return (right < left) - (left < right);
     }
     const Keys& keys = collationKeys(column);
     return keys[size_t(leftRow)].compare(keys[size_t(rightRow)]);
@@ -93,10 +90,4 @@ const ProductSortProxy::Keys& ProductSortProxy::collationKeys(int column) const
             keys.push_back(m_collator.sortKey(m_table.index(row, column).data().toString()));
     }
     return keys;
-}
-
-void ProductSortProxy::forgetKeys()
-{
-    for (Keys& keys : m_keys)
-        keys.clear();
 }

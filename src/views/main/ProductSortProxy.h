@@ -49,7 +49,6 @@ private:
 
     int compare(int column, int leftRow, int rightRow) const;
     const Keys& collationKeys(int column) const;
-    void forgetKeys();
 
     ProductTableModel& m_table;
     QCollator m_collator;

@@ -3,6 +3,8 @@
 #include "viewmodels/ProductListViewModel.h"
 #include "views/common/Theme.h"
 
+#include <array>
+
 using namespace Qt::StringLiterals;
 
 ProductTableModel::ProductTableModel(ProductListViewModel& viewModel, QObject* parent)
@@ -37,25 +39,18 @@ QVariant ProductTableModel::data(const QModelIndex& index, int role) const
     case Qt::DisplayRole:
     case Qt::ToolTipRole:
         return displayText(product, column);
-    case Qt::AccessibleTextRole:
-        // A screen reader names the check box after its product.
-        if (column == kCheckColumn)
-            return product.displayName();
-        return {};
+    case Qt::AccessibleTextRole: // a screen reader names the check box after its product
+        return column == kCheckColumn ? product.displayName() : QVariant();
     case Qt::CheckStateRole:
-        if (column == kCheckColumn)
-            return m_viewModel.isChecked(product) ? Qt::Checked : Qt::Unchecked;
-        return {};
+        return column != kCheckColumn           ? QVariant()
+               : m_viewModel.isChecked(product) ? Qt::Checked
+                                                : Qt::Unchecked;
     case Qt::FontRole:
-        if (column == kSKUColumn || column == kBarcodeColumn)
-            return m_monospacedFont;
-        return m_bodyFont;
+        return column == kSKUColumn || column == kBarcodeColumn ? m_monospacedFont : m_bodyFont;
     case Qt::TextAlignmentRole:
         if (column == kCheckColumn)
             return int(Qt::AlignCenter);
-        if (column == kPriceColumn)
-            return int(Qt::AlignRight | Qt::AlignVCenter);
-        return int(Qt::AlignLeft | Qt::AlignVCenter);
+        return int((column == kPriceColumn ? Qt::AlignRight : Qt::AlignLeft) | Qt::AlignVCenter);
     case kProductIDRole:
         return product.ID;
     default:
@@ -65,26 +60,15 @@ QVariant ProductTableModel::data(const QModelIndex& index, int role) const
 
 QVariant ProductTableModel::headerData(int section, Qt::Orientation orientation, int role) const
 {
+    static const std::array<QString, kColumnCount> kTitles{
+        QString(), u"Artikel nr."_s, u"Omschrijving"_s, u"Verkoop incl."_s, u"Barcode"_s};
     if (orientation != Qt::Horizontal || section < 0 || section >= kColumnCount)
         return QAbstractTableModel::headerData(section, orientation, role);
     switch (role) {
     case Qt::DisplayRole:
-        switch (section) {
-        case kSKUColumn:
-            return u"Artikel nr."_s;
-        case kNameColumn:
-            return u"Omschrijving"_s;
-        case kPriceColumn:
-            return u"Verkoop incl."_s;
-        case kBarcodeColumn:
-            return u"Barcode"_s;
-        default:
-            return QString();
-        }
+        return kTitles[size_t(section)];
     case Qt::TextAlignmentRole:
-        if (section == kPriceColumn)
-            return int(Qt::AlignRight | Qt::AlignVCenter);
-        return int(Qt::AlignLeft | Qt::AlignVCenter);
+        return int((section == kPriceColumn ? Qt::AlignRight : Qt::AlignLeft) | Qt::AlignVCenter);
     case Qt::InitialSortOrderRole:
         return int(Qt::AscendingOrder);
     default:

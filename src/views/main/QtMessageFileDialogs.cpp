@@ -12,12 +12,13 @@ using namespace Qt::StringLiterals;
 namespace {
 
 // Qt's own file dialog, which has no place for a message, inside a window of
-// its size that shows the message above it. Returns the file dialog's result.
-int execQtFileDialogWithMessage(QFileDialog& files, const QString& message)
+// its size that shows the message above it.
+std::optional<QString> run(QFileDialog& files, const QString& message)
 {
+    files.setOption(QFileDialog::DontUseNativeDialog);
     QDialog window(files.parentWidget());
     window.setWindowTitle(files.windowTitle());
-    const QSize size = files.size();
+    window.resize(files.size());
     auto* label = new QLabel(message);
     label->setObjectName(u"messageLabel"_s);
     label->setWordWrap(true);
@@ -27,23 +28,13 @@ int execQtFileDialogWithMessage(QFileDialog& files, const QString& message)
     files.layout()->setContentsMargins({});
     layout->addWidget(&files);
     QObject::connect(&files, &QDialog::finished, &window, &QDialog::done);
-    window.resize(size);
     const int result = window.exec();
     // The file dialog is the caller's; the window must not delete it.
     files.setParent(nullptr);
-    return result;
-}
-
-std::optional<QString> run(QFileDialog& dialog, const QString& message)
-{
-    dialog.setOption(QFileDialog::DontUseNativeDialog);
-    const int result = execQtFileDialogWithMessage(dialog, message);
-    if (result != QDialog::Accepted)
+    const QStringList chosen = files.selectedFiles();
+    if (result != QDialog::Accepted || chosen.isEmpty() || chosen.constFirst().isEmpty())
         return std::nullopt;
-    const QStringList files = dialog.selectedFiles();
-    if (files.isEmpty() || files.constFirst().isEmpty())
-        return std::nullopt;
-    return files.constFirst();
+    return chosen.constFirst();
 }
 
 // QMessageBox::setTextFormat reaches only the main text; the informative

@@ -9,12 +9,6 @@ SpacebarHandler::SpacebarHandler(std::function<void()> onSpacebar, QObject* pare
     QCoreApplication::instance()->installEventFilter(this);
 }
 
-SpacebarHandler::~SpacebarHandler()
-{
-    if (QCoreApplication* application = QCoreApplication::instance())
-        application->removeEventFilter(this);
-}
-
 bool SpacebarHandler::eventFilter(QObject* watched, QEvent* event)
 {
     const QEvent::Type type = event->type();

@@ -8,7 +8,6 @@
 #include "views/common/Theme.h"
 #include "views/main/PrintButton.h"
 
-#include <QEvent>
 #include <QHBoxLayout>
 #include <QLabel>
 #include <QLineEdit>
@@ -27,18 +26,45 @@ StatusBarView::StatusBarView(AppSettings& settings, ProductListViewModel& viewMo
     : QWidget(parent), m_settings(settings), m_viewModel(viewModel),
       m_countLabel(Theme::label(QString(), Theme::caption(), Theme::kSecondaryText, this)),
       m_saveErrorLabel(new SaveErrorLabel(settings, Theme::caption(), this)),
+      m_successRow(new QWidget(this)),
+      m_successLabel(Theme::label({}, Theme::caption(), Theme::kSuccessText, m_successRow)),
+      m_printControls(new QWidget(this)), m_quantityField(new QLineEdit(m_printControls)),
+      m_printButton(new PrintButton(m_printControls)),
       m_versionLabel(
           Theme::label(u"v"_s + AppInfo::version(), Theme::caption(), Theme::kSecondaryText, this))
 {
     m_countLabel->setObjectName(u"countLabel"_s);
     m_versionLabel->setObjectName(u"versionLabel"_s);
+    m_successRow->setObjectName(u"successRow"_s);
+    auto* success = new QHBoxLayout(m_successRow);
+    success->setContentsMargins(0, 0, 0, 0);
+    success->setSpacing(4);
+    success->addWidget(
+        new SymbolLabel(u"checkmark.circle.fill"_s, 11, Theme::kSuccessText, m_successRow));
+    m_successLabel->setTextFormat(Qt::PlainText);
+    success->addWidget(m_successLabel);
+
+    m_printControls->setObjectName(u"printControls"_s);
+    auto* print = new QHBoxLayout(m_printControls);
+    print->setContentsMargins(0, 0, 0, 0);
+    print->setSpacing(12);
+    print->addWidget(
+        Theme::label(u"Aantal:"_s, Theme::systemFont(13), Theme::kSecondaryText, m_printControls));
+    m_quantityField->setObjectName(u"quantityField"_s);
+    m_quantityField->setFixedWidth(kQuantityWidth);
+    m_quantityField->setAlignment(Qt::AlignCenter);
+    m_quantityField->setFont(Theme::body());
+    m_quantityField->setAccessibleName(u"Aantal"_s);
+    print->addWidget(m_quantityField);
+    m_printButton->setObjectName(u"printButton"_s);
+    print->addWidget(m_printButton);
 
     auto* row = new QHBoxLayout;
     row->setSpacing(12);
     row->addWidget(m_countLabel);
     row->addStretch();
-    row->addWidget(buildSuccessRow());
-    row->addWidget(buildPrintControls());
+    row->addWidget(m_successRow);
+    row->addWidget(m_printControls);
     row->addStretch();
     row->addWidget(m_versionLabel);
 
@@ -50,73 +76,21 @@ StatusBarView::StatusBarView(AppSettings& settings, ProductListViewModel& viewMo
     // narrowest window; hidden, and taking no room, while saves succeed.
     column->addWidget(m_saveErrorLabel);
 
-    connect(&m_viewModel, &ProductListViewModel::filteredProductsChanged, this,
-            &StatusBarView::showCount);
-    connect(&m_viewModel, &ProductListViewModel::successMessageChanged, this,
-            &StatusBarView::showSuccess);
-    connect(&m_viewModel, &ProductListViewModel::checkedProductIDsChanged, this,
-            &StatusBarView::showPrintControls);
+    connect(m_quantityField, &QLineEdit::editingFinished, this, &StatusBarView::commitQuantity);
+    connect(m_printButton, &PrintButton::clicked, this, &StatusBarView::startPrinting);
+    for (auto signal : {&ProductListViewModel::filteredProductsChanged,
+                        &ProductListViewModel::successMessageChanged,
+                        &ProductListViewModel::checkedProductIDsChanged})
+        connect(&m_viewModel, signal, this, &StatusBarView::showModel);
     connect(&m_viewModel, &ProductListViewModel::printQuantityChanged, this,
             &StatusBarView::showQuantity);
-    connect(&m_settings, &AppSettings::templatesChanged, this, &StatusBarView::updatePrintButton);
-    connect(&m_settings, &AppSettings::selectedTemplateIDChanged, this,
-            &StatusBarView::updatePrintButton);
-    connect(&m_settings, &AppSettings::printersChanged, this, &StatusBarView::updatePrintButton);
+    for (auto signal : {&AppSettings::templatesChanged, &AppSettings::selectedTemplateIDChanged,
+                        &AppSettings::printersChanged})
+        connect(&m_settings, signal, this, &StatusBarView::updatePrintButton);
 
-    showCount();
-    showSuccess();
-    showPrintControls();
+    showModel();
     showQuantity();
     updatePrintButton();
-}
-
-void StatusBarView::changeEvent(QEvent* event)
-{
-    QWidget::changeEvent(event);
-    // A widget with a style sheet is left out when a palette spreads.
-    if (event->type() == QEvent::PaletteChange)
-        m_printButton->reapplyStyleSheet();
-}
-
-QWidget* StatusBarView::buildSuccessRow()
-{
-    m_successRow = new QWidget(this);
-    m_successRow->setObjectName(u"successRow"_s);
-    auto* layout = new QHBoxLayout(m_successRow);
-    layout->setContentsMargins(0, 0, 0, 0);
-    layout->setSpacing(4);
-    layout->addWidget(
-        new SymbolLabel(u"checkmark.circle.fill"_s, 11, Theme::kSuccessText, m_successRow));
-    m_successLabel = Theme::label(QString(), Theme::caption(), Theme::kSuccessText, m_successRow);
-    m_successLabel->setTextFormat(Qt::PlainText);
-    layout->addWidget(m_successLabel);
-    return m_successRow;
-}
-
-QWidget* StatusBarView::buildPrintControls()
-{
-    m_printControls = new QWidget(this);
-    m_printControls->setObjectName(u"printControls"_s);
-    auto* layout = new QHBoxLayout(m_printControls);
-    layout->setContentsMargins(0, 0, 0, 0);
-    layout->setSpacing(12);
-    layout->addWidget(
-        Theme::label(u"Aantal:"_s, Theme::systemFont(13), Theme::kSecondaryText, m_printControls));
-
-    m_quantityField = new QLineEdit(m_printControls);
-    m_quantityField->setObjectName(u"quantityField"_s);
-    m_quantityField->setFixedWidth(kQuantityWidth);
-    m_quantityField->setAlignment(Qt::AlignCenter);
-    m_quantityField->setFont(Theme::body());
-    m_quantityField->setAccessibleName(u"Aantal"_s);
-    connect(m_quantityField, &QLineEdit::editingFinished, this, &StatusBarView::commitQuantity);
-    layout->addWidget(m_quantityField);
-
-    m_printButton = new PrintButton(m_printControls);
-    m_printButton->setObjectName(u"printButton"_s);
-    connect(m_printButton, &PrintButton::clicked, this, &StatusBarView::startPrinting);
-    layout->addWidget(m_printButton);
-    return m_printControls;
 }
 
 QList<QWidget*> StatusBarView::focusChain() const
@@ -124,21 +98,13 @@ QList<QWidget*> StatusBarView::focusChain() const
     return {m_quantityField, m_printButton};
 }
 
-void StatusBarView::showCount()
+void StatusBarView::showModel()
 {
     // Always the plural, also for one product.
     m_countLabel->setText(QString::number(m_viewModel.filteredCount()) + u" producten"_s);
-}
-
-void StatusBarView::showSuccess()
-{
     const std::optional<QString>& message = m_viewModel.successMessage();
     m_successLabel->setText(message.value_or(QString()));
     m_successRow->setVisible(message.has_value());
-}
-
-void StatusBarView::showPrintControls()
-{
     m_printControls->setVisible(!m_viewModel.checkedProductIDs().isEmpty());
 }
 

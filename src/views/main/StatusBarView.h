@@ -33,15 +33,8 @@ public:
     // The controls that take the keyboard focus, left to right.
     QList<QWidget*> focusChain() const;
 
-protected:
-    void changeEvent(QEvent* event) override;
-
 private:
-    QWidget* buildSuccessRow();
-    QWidget* buildPrintControls();
-    void showCount();
-    void showSuccess();
-    void showPrintControls();
+    void showModel();
     void showQuantity();
     void commitQuantity();
     void updatePrintButton();
@@ -52,11 +45,11 @@ private:
     ProductListViewModel& m_viewModel;
     QLabel* m_countLabel;
     SaveErrorLabel* m_saveErrorLabel;
-    QWidget* m_successRow = nullptr;
-    QLabel* m_successLabel = nullptr;
-    QWidget* m_printControls = nullptr;
-    QLineEdit* m_quantityField = nullptr;
-    PrintButton* m_printButton = nullptr;
+    QWidget* m_successRow;
+    QLabel* m_successLabel;
+    QWidget* m_printControls;
+    QLineEdit* m_quantityField;
+    PrintButton* m_printButton;
     QLabel* m_versionLabel;
     bool m_isPrinting = false;
 };

@@ -22,10 +22,12 @@ QColor blueAt(qreal alpha)
 } // namespace
 
 InfoBox::InfoBox(const QString& text, QWidget* parent)
-    : Card(
-          8, nullptr, [](const QPalette&) { return blueAt(0.2); }, parent),
+    : Card(8, QPalette::NoRole, QPalette::Link, 0.2, parent),
       m_text(Theme::label(text, Theme::caption(), Theme::kSecondaryText))
 {
+    QPalette outline = palette();
+    outline.setColor(QPalette::Link, Theme::blue());
+    setPalette(outline);
     setGradient(blueAt(0.12), blueAt(0.08));
     m_text->setWordWrap(true);
     m_text->setTextInteractionFlags(Qt::NoTextInteraction);

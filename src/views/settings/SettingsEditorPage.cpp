@@ -16,19 +16,6 @@ namespace {
 
 constexpr int kSectionSpacing = 20;
 
-// Cards differ from the window and from the fields on them.
-QColor cardFill(const QPalette& palette)
-{
-    return palette.color(QPalette::AlternateBase);
-}
-
-QColor cardOutline(const QPalette& palette)
-{
-    QColor outline = Theme::separator(palette);
-    outline.setAlphaF(0.6f);
-    return outline;
-}
-
 } // namespace
 
 SettingsEditorPage::SettingsEditorPage(QWidget* parent)
@@ -50,7 +37,9 @@ SettingsEditorPage::Section SettingsEditorPage::addSection(const QString& header
         title->setContentsMargins(4, 0, 0, 0);
         layout->addWidget(title);
     }
-    auto* card = new Card(8, &cardFill, &cardOutline);
+    // Cards differ from the window and from the fields on them.
+    auto* card =
+        new Card(8, QPalette::AlternateBase, QPalette::WindowText, Theme::kSeparatorOpacity * 0.6);
     auto* content = new QVBoxLayout(card);
     content->setContentsMargins(12, 12, 12, 12);
     content->setSpacing(12);

@@ -66,13 +66,7 @@ QString SettingsView::appVersion()
 
 Divider* SettingsView::makeDivider(Qt::Orientation orientation)
 {
-    auto* divider = new Divider(orientation);
-    divider->setColor([](const QPalette&) {
-        QColor gray(Qt::gray);
-        gray.setAlphaF(0.3f);
-        return gray;
-    });
-    return divider;
+    return new Divider(orientation);
 }
 
 void SettingsView::setSelectedTab(const QString& key)
