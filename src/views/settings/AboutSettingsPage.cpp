@@ -30,7 +30,7 @@ QVBoxLayout* tightColumn(int spacing)
 
 AboutSettingsPage::AboutSettingsPage(QWidget* parent) : SettingsEditorPage(parent)
 {
-    const Section section = addSection(u"Over Stampix"_s);
+    QVBoxLayout* section = addSection(u"Over Stampix"_s);
 
     auto* icon = new SymbolLabel(u"printer.fill"_s, kIconSize, QPalette::Highlight);
     QVBoxLayout* nameColumn = tightColumn(2);
@@ -42,7 +42,7 @@ AboutSettingsPage::AboutSettingsPage(QWidget* parent) : SettingsEditorPage(paren
     nameRow->addWidget(icon, 0, Qt::AlignVCenter);
     nameRow->addLayout(nameColumn);
     nameRow->addStretch();
-    section.content->addLayout(nameRow);
+    section->addLayout(nameRow);
 
     QVBoxLayout* about = tightColumn(4);
     about->addWidget(Theme::label(u"Etiket print tool voor Kalmora Online"_s, Theme::subheadline(),
@@ -54,9 +54,9 @@ AboutSettingsPage::AboutSettingsPage(QWidget* parent) : SettingsEditorPage(paren
         Theme::caption(), Theme::kSecondaryText);
     description->setWordWrap(true);
     about->addWidget(description);
-    section.content->addLayout(about);
+    section->addLayout(about);
 
-    section.content->addWidget(SettingsView::makeDivider(Qt::Horizontal));
+    section->addWidget(SettingsView::makeDivider(Qt::Horizontal));
 
     QVBoxLayout* owner = tightColumn(4);
     owner->addWidget(
@@ -71,5 +71,5 @@ AboutSettingsPage::AboutSettingsPage(QWidget* parent) : SettingsEditorPage(paren
     connect(m_link, &QLabel::linkActivated, this,
             [](const QString& link) { QDesktopServices::openUrl(QUrl(link)); });
     owner->addWidget(m_link);
-    section.content->addLayout(owner);
+    section->addLayout(owner);
 }

@@ -39,7 +39,7 @@ SettingsEditorPage::SettingsEditorPage(QWidget* parent)
     m_column->addStretch(1);
 }
 
-SettingsEditorPage::Section SettingsEditorPage::addSection(const QString& header)
+QVBoxLayout* SettingsEditorPage::addSection(const QString& header)
 {
     auto* section = new QWidget;
     auto* layout = new QVBoxLayout(section);
@@ -58,13 +58,13 @@ SettingsEditorPage::Section SettingsEditorPage::addSection(const QString& header
     layout->addWidget(card);
     // Keep the trailing stretch last.
     m_column->insertWidget(m_column->count() - 1, section);
-    return {section, content};
+    return content;
 }
 
-QPushButton* SettingsEditorPage::addDeleteSection(const QString& text, QWidget** section)
+QPushButton* SettingsEditorPage::addDeleteSection(const QString& text)
 {
-    const Section created = addSection({});
-    created.content->setContentsMargins(12, 8, 12, 8);
+    QVBoxLayout* content = addSection({});
+    content->setContentsMargins(12, 8, 12, 8);
     QPushButton* button = makeButton(text);
     button->setIcon(SymbolIcons::tinted(u"trash", Theme::red()));
     QPalette pal = button->palette();
@@ -76,10 +76,14 @@ QPushButton* SettingsEditorPage::addDeleteSection(const QString& text, QWidget**
     row->addStretch();
     row->addWidget(button);
     row->addStretch();
-    created.content->addLayout(row);
-    if (section)
-        *section = created.widget;
+    content->addLayout(row);
     return button;
+}
+
+void SettingsEditorPage::showDeleteSection(QPushButton* button, bool shown)
+{
+    // The button sits on the section's card.
+    button->parentWidget()->parentWidget()->setVisible(shown);
 }
 
 void SettingsEditorPage::syncText(QLineEdit* field, const QString& text)

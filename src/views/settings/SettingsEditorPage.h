@@ -1,5 +1,6 @@
 #pragma once
 
+#include <QUuid>
 #include <QWidget>
 
 class QLineEdit;
@@ -18,21 +19,29 @@ public:
     // A push button that Return presses too, as the space bar does.
     static QPushButton* makeButton(const QString& text);
 
-protected:
-    struct Section
+    // Shows the record with this id; an id the store does not hold shows an
+    // empty page, and writes to it are ignored.
+    virtual void setRecord(const QUuid& id)
     {
-        QWidget* widget;
-        QVBoxLayout* content;
-    };
+        m_record = id;
+        refresh();
+    }
 
-    // An empty header gives a section without header.
-    Section addSection(const QString& header);
+protected:
+    // The content column of a new section; an empty header gives a section
+    // without header.
+    QVBoxLayout* addSection(const QString& header);
     // A section holding only a centred destructive button (trash icon + text).
-    QPushButton* addDeleteSection(const QString& text, QWidget** section);
+    QPushButton* addDeleteSection(const QString& text);
+    // Hides or shows the section of the delete button.
+    static void showDeleteSection(QPushButton* button, bool shown);
     // Sets the text only when it differs, so the cursor of a field being
     // edited is left alone.
     static void syncText(QLineEdit* field, const QString& text);
     static QLineEdit* makeLineEdit(const QString& placeholder, int width = -1);
+    virtual void refresh() {}
+
+    QUuid m_record;
 
 private:
     QVBoxLayout* m_column;

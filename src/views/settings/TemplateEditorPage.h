@@ -17,7 +17,7 @@ class QPlainTextEdit;
 class QPushButton;
 class QToolButton;
 class QVBoxLayout;
-class SettingsView;
+class SettingsViewModel;
 class TemplatePrinterField;
 
 // Edits one label template: name, printer, ZPL text with live validation,
@@ -31,11 +31,11 @@ public:
     // How long the preview waits after a keystroke before it draws again.
     static constexpr std::chrono::milliseconds kPreviewDelay{150};
 
-    TemplateEditorPage(SettingsView& view, qsizetype index, QWidget* parent = nullptr);
+    explicit TemplateEditorPage(SettingsViewModel& model, QWidget* parent = nullptr);
 
-    qsizetype index() const { return m_index; }
-    // Shows the record with this id; an id the store does not hold shows an empty page.
-    void setRecord(const QUuid& id);
+    // The record's position in the store's list, or -1.
+    qsizetype index() const;
+    void setRecord(const QUuid& id) override;
     QLineEdit* nameField() const { return m_name; }
     TemplatePrinterField* printerField() const { return m_printerField; }
     InfoBox* printerHint() const { return m_printerHint; }
@@ -50,26 +50,23 @@ public:
     QLabel* resultLabel() const { return m_resultText; }
     QStringList validationMessages() const { return m_shownMessages; }
     LabelPreviewView* preview() const { return m_preview; }
+    // Shown only while there is more than one template.
     QPushButton* deleteButton() const { return m_deleteButton; }
-    bool isDeleteShown() const;
 
 private:
     void buildDetailsSection();
     void buildPlaceholderSection();
     void buildZPLSection();
-    QWidget* buildTestingRow();
-    QWidget* buildResultRow();
     void buildPreviewSection();
     void refreshPreview();
-    void refresh();
+    void refresh() override;
     void refreshTestState();
     void refreshCopyFeedback();
     void refreshValidation(const QString& zpl);
     void showZPL(const QString& zpl);
     void takeZPLEdit(int position);
 
-    SettingsView& m_view;
-    qsizetype m_index;
+    SettingsViewModel& m_model;
     QLineEdit* m_name = nullptr;
     TemplatePrinterField* m_printerField = nullptr;
     InfoBox* m_printerHint = nullptr;
@@ -91,7 +88,6 @@ private:
     QTimer m_previewTimer;
     QString m_previewedZPL; // the text the preview shows
     QPushButton* m_deleteButton = nullptr;
-    QWidget* m_deleteSection = nullptr;
     // The template's text exactly as stored, and the document's raw text
     // showing it: QPlainTextEdit turns CR, CRLF, U+2028 and no-break spaces
     // into other characters in toPlainText().

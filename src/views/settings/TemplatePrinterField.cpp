@@ -1,10 +1,10 @@
 #include "views/settings/TemplatePrinterField.h"
 
 #include "model/AppSettings.h"
+#include "viewmodels/SettingsViewModel.h"
 #include "views/common/Theme.h"
 #include "views/settings/PrinterChoiceDelegate.h"
 #include "views/settings/SettingsEditorPage.h"
-#include "views/settings/SettingsView.h"
 
 #include <QComboBox>
 #include <QHBoxLayout>
@@ -26,9 +26,8 @@ QString choiceText(const Printer& printer)
 
 } // namespace
 
-TemplatePrinterField::TemplatePrinterField(SettingsView& view, qsizetype index, QWidget* parent)
-    : QWidget(parent), m_view(view), m_index(index), m_choice(new QComboBox),
-      m_noPrinters(new QWidget),
+TemplatePrinterField::TemplatePrinterField(SettingsViewModel& model, QWidget* parent)
+    : QWidget(parent), m_model(model), m_choice(new QComboBox), m_noPrinters(new QWidget),
       m_addPrinter(SettingsEditorPage::makeButton(u"Printer Toevoegen"_s))
 {
     m_choice->setFixedWidth(kChoiceWidth);
@@ -50,14 +49,14 @@ TemplatePrinterField::TemplatePrinterField(SettingsView& view, qsizetype index, 
     layout->addStretch();
 
     connect(m_choice, &QComboBox::activated, this, &TemplatePrinterField::choose);
-    connect(m_addPrinter, &QPushButton::clicked, &m_view,
-            [this] { m_view.addRecord(SettingsTabKey::Kind::printer, false); });
-    refresh();
+    connect(m_addPrinter, &QPushButton::clicked, this,
+            [this] { m_model.addRecord(SettingsTabKey::Kind::printer, false); });
 }
 
-void TemplatePrinterField::refresh()
+void TemplatePrinterField::refresh(qsizetype index)
 {
-    const AppSettings& settings = m_view.settings();
+    m_index = index;
+    const AppSettings& settings = m_model.settings();
     const bool hasPrinters = !settings.printers().isEmpty();
     m_choice->setVisible(hasPrinters);
     m_noPrinters->setVisible(!hasPrinters);
@@ -78,7 +77,7 @@ void TemplatePrinterField::refresh()
 void TemplatePrinterField::rebuildChoices()
 {
     QStringList shown;
-    for (const Printer& printer : m_view.settings().printers())
+    for (const Printer& printer : m_model.settings().printers())
         shown << SettingsTabKey::uuidText(printer.id) << printer.name << printer.ipAddress;
     // Left alone while unchanged, so an open drop-down is not disturbed.
     if (shown == m_shownChoices && m_choice->count() > 0)
@@ -88,7 +87,7 @@ void TemplatePrinterField::rebuildChoices()
     const QSignalBlocker blocker(m_choice);
     m_choice->clear();
     m_choice->addItem(u"Geen printer geselecteerd"_s, QString());
-    for (const Printer& printer : m_view.settings().printers()) {
+    for (const Printer& printer : m_model.settings().printers()) {
         m_choice->addItem(choiceText(printer), SettingsTabKey::uuidText(printer.id));
         const int row = m_choice->count() - 1;
         m_choice->setItemData(row, printer.name, PrinterChoiceDelegate::kNameRole);
@@ -102,6 +101,6 @@ void TemplatePrinterField::choose(int row)
     std::optional<QUuid> printerID;
     if (!idText.isEmpty())
         printerID = QUuid::fromString(idText);
-    m_view.settings().updateTemplate(m_index,
-                                     [&printerID](LabelTemplate& t) { t.printerID = printerID; });
+    m_model.settings().updateTemplate(m_index,
+                                      [&printerID](LabelTemplate& t) { t.printerID = printerID; });
 }

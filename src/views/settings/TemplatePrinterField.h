@@ -5,7 +5,7 @@
 class QComboBox;
 class QLabel;
 class QPushButton;
-class SettingsView;
+class SettingsViewModel;
 
 // The template's printer input: a choice of the configured printers, or,
 // when there are none, a note with a button that adds one.
@@ -14,25 +14,21 @@ class TemplatePrinterField : public QWidget
     Q_OBJECT
 
 public:
-    TemplatePrinterField(SettingsView& view, qsizetype index, QWidget* parent = nullptr);
+    explicit TemplatePrinterField(SettingsViewModel& model, QWidget* parent = nullptr);
 
     QComboBox* choice() const { return m_choice; }
     QWidget* noPrintersRow() const { return m_noPrinters; }
     QPushButton* addPrinterButton() const { return m_addPrinter; }
 
-    void refresh();
-    void setIndex(qsizetype index)
-    {
-        m_index = index;
-        refresh();
-    }
+    // Shows the printer of the template at `index`; a choice is written there.
+    void refresh(qsizetype index);
 
 private:
     void rebuildChoices();
     void choose(int row);
 
-    SettingsView& m_view;
-    qsizetype m_index;
+    SettingsViewModel& m_model;
+    qsizetype m_index = -1;
     QComboBox* m_choice;
     QWidget* m_noPrinters;
     QPushButton* m_addPrinter;

@@ -1,5 +1,6 @@
 #include "SettingsViewHarness.h"
 #include "views/settings/PrinterEditorPage.h"
+#include "views/settings/SettingsRecordKind.h"
 #include "views/settings/SettingsWindow.h"
 #include "views/settings/TemplateEditorPage.h"
 
@@ -137,7 +138,7 @@ void SettingsAccessibilityTest::aPrinterIsOpenedAndRenamedWithTheKeyboard()
     for (int step = 0; step < 8 && window.view()->selectedTab() != key; ++step)
         QTest::keyClick(sidebar, Qt::Key_Down);
     QCOMPARE(window.view()->selectedTab(), key);
-    auto* page = qobject_cast<PrinterEditorPage*>(window.view()->detailArea()->page());
+    auto* page = qobject_cast<PrinterEditorPage*>(window.view()->page());
     QVERIFY(page);
 
     QTest::keyClick(QApplication::focusWidget(), Qt::Key_Tab);

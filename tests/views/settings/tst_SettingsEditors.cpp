@@ -12,6 +12,7 @@
 #include "views/settings/TemplatePrinterField.h"
 
 #include <QApplication>
+#include <QClipboard>
 #include <QComboBox>
 #include <QLabel>
 #include <QLineEdit>
@@ -57,7 +58,7 @@ private slots:
     void statusButtonAsksThePrinter();
     void fieldsShowTheirEdgeInEitherPalette_data();
     void fieldsShowTheirEdgeInEitherPalette();
-    void writesThroughAStaleIndexAreIgnored();
+    void writesThroughAStaleRecordAreIgnored();
     void templatePrinterChoice();
     void chipsValidationAndAddingAPrinter();
     void templateTextIsKeptExactly();
@@ -197,47 +198,42 @@ void SettingsEditorsTest::fieldsShowTheirEdgeInEitherPalette()
     QCOMPARE(editor->grab().toImage().pixelColor(0, editor->height() / 2), Theme::accent(palette));
 }
 
-void SettingsEditorsTest::writesThroughAStaleIndexAreIgnored()
+void SettingsEditorsTest::writesThroughAStaleRecordAreIgnored()
 {
     SettingsViewHarness harness;
+    harness.setDossiers({u"Een"_s});
     harness.setPrinters({SettingsViewHarness::printer(u"Een"_s, u"10.0.0.1"_s)});
     QVERIFY(harness.show());
     AppSettings& settings = harness.settings();
-    // A page that outlives its record, as one does between the record's removal
-    // and the detail area replacing it.
-    PrinterEditorPage stalePrinter(harness.view(), 0);
-    DossierEditorPage staleDossier(harness.view(), 0);
-    stalePrinter.show();
-    staleDossier.show();
-    const QList<Dossier> dossiersBefore = settings.dossiers();
+    SettingsViewModel& model = harness.view().model();
+    // Pages that outlive their records, as one does between the record's
+    // removal and the detail area showing another page.
+    PrinterEditorPage printer(model);
+    DossierEditorPage dossier(model);
+    TemplateEditorPage labelTemplate(model);
+    printer.setRecord(settings.printers().at(0).id);
+    dossier.setRecord(settings.dossiers().at(0).id);
+    labelTemplate.setRecord(QUuid::createUuid());
+    for (QWidget* page : std::initializer_list<QWidget*>{&printer, &dossier, &labelTemplate})
+        page->show();
     const QList<LabelTemplate> templatesBefore = settings.templates();
-
     settings.setPrinters({});
-    QCOMPARE(stalePrinter.nameField()->text(), QString());
-    QTest::keyClicks(stalePrinter.nameField(), u"x"_s);
-    QTest::keyClicks(stalePrinter.portField(), u"1"_s);
-    clickOn(stalePrinter.testButton());
-    clickOn(stalePrinter.deleteButton());
-    harness.view().testPrinterConnection(0);
-    QVERIFY(settings.printers().isEmpty());
-    QVERIFY(!harness.view().isPrinterTesting());
-
     settings.setDossiers({});
-    QTest::keyClicks(staleDossier.nameField(), u"x"_s);
-    QTest::keyClicks(staleDossier.apiKeyField(), u"x"_s);
-    QVERIFY(settings.dossiers().isEmpty());
-    settings.setDossiers(dossiersBefore);
 
-    // Index 1 of a list of one.
-    TemplateEditorPage pastTheEnd(harness.view(), 1);
-    pastTheEnd.show();
-    QCOMPARE(pastTheEnd.nameField()->text(), QString());
-    QTest::keyClicks(pastTheEnd.nameField(), u"x"_s);
-    QTest::keyClicks(pastTheEnd.zplEditor(), u"^XA"_s);
-    harness.view().testPrintTemplate(1);
-    harness.view().deleteRecord(Kind::labelTemplate, 1);
+    QCOMPARE(printer.nameField()->text(), QString());
+    QTest::keyClicks(printer.nameField(), u"x"_s);
+    QTest::keyClicks(printer.portField(), u"1"_s);
+    clickOn(printer.testButton());
+    clickOn(printer.deleteButton());
+    QTest::keyClicks(dossier.nameField(), u"x"_s);
+    QTest::keyClicks(dossier.apiKeyField(), u"x"_s);
+    QCOMPARE(labelTemplate.nameField()->text(), QString());
+    QTest::keyClicks(labelTemplate.nameField(), u"x"_s);
+    QTest::keyClicks(labelTemplate.zplEditor(), u"^XA"_s);
+    clickOn(labelTemplate.testButton());
+    QVERIFY(settings.printers().isEmpty() && settings.dossiers().isEmpty());
     QCOMPARE(settings.templates(), templatesBefore);
-    QVERIFY(!harness.view().templateTestResult());
+    QVERIFY(!model.isPrinterTesting() && !model.templateTestResult());
 }
 
 void SettingsEditorsTest::templatePrinterChoice()
@@ -272,7 +268,7 @@ void SettingsEditorsTest::templatePrinterChoice()
 
     // The test print needs a printer, and a delete a second template.
     QVERIFY(!page->testButton()->isEnabled());
-    QVERIFY(!page->isDeleteShown());
+    QVERIFY(!page->deleteButton()->isVisible());
     harness.settings().updateTemplate(
         0, [&withAddress](LabelTemplate& t) { t.printerID = withAddress.id; });
     // Bound to a printer that has no address: enabled, and the press says why
@@ -285,7 +281,7 @@ void SettingsEditorsTest::templatePrinterChoice()
     QCOMPARE(page->resultLabel()->palette().color(page->resultLabel()->foregroundRole()),
              Theme::errorText(page->palette()));
     harness.settings().addTemplate();
-    QVERIFY(page->isDeleteShown());
+    QVERIFY(page->deleteButton()->isVisible());
     QCOMPARE(page->deleteButton()->text(), u"Verwijder Etiket"_s);
 }
 
@@ -304,6 +300,19 @@ void SettingsEditorsTest::chipsValidationAndAddingAPrinter()
     }
     QCOMPARE(chipTexts, (QStringList{u"{{ARTIKELNR}}"_s, u"{{BARCODE}}"_s, u"{{NAAM}}"_s,
                                      u"{{OMSCHRIJVING}}"_s, u"{{PRIJS}}"_s}));
+
+    // A click or Return copies the key and shows so for a while (how long is
+    // the model's rule).
+    harness.view().model().setCopyFeedbackDuration(std::chrono::milliseconds(100));
+    QCOMPARE(page->copyHint()->text(), u"Klik op een placeholder om te kopiëren naar klembord"_s);
+    clickOn(page->chips().constLast());
+    QCOMPARE(QGuiApplication::clipboard()->text(), u"{{PRIJS}}"_s);
+    page->chips().at(2)->setFocus();
+    QTest::keyClick(page->chips().at(2), Qt::Key_Return);
+    QCOMPARE(QGuiApplication::clipboard()->text(), u"{{NAAM}}"_s);
+    QCOMPARE(page->copyFeedbackLabel()->text(), u"{{NAAM}} gekopieerd naar klembord"_s);
+    QVERIFY(page->copyFeedback()->isVisible() && !page->copyHint()->isVisible());
+    QTRY_VERIFY(page->copyHint()->isVisible() && !page->copyFeedback()->isVisible());
 
     QCOMPARE(page->zplEditor()->toPlainText(), LabelTemplate::kDefaultZPL);
     QVERIFY(page->validationMessages().isEmpty());
@@ -330,7 +339,7 @@ void SettingsEditorsTest::chipsValidationAndAddingAPrinter()
              SettingsTabKey::make(Kind::printer, harness.settings().printers().at(0).id));
     // Neither bound to the template nor opening the Printers group.
     QCOMPARE(harness.settings().templates().at(0).printerID, std::nullopt);
-    QVERIFY(!harness.view().isExpanded(Kind::printer));
+    QVERIFY(!harness.view().model().isExpanded(Kind::printer));
 }
 
 void SettingsEditorsTest::templateTextIsKeptExactly()
@@ -394,10 +403,11 @@ void SettingsEditorsTest::previewFollowsTheText()
     page->zplEditor()->clear();
     page->zplEditor()->insertPlainText(typed);
     // Drawn with the sample values, once the typing paused.
-    const QImage expected = LabelRenderer()
-                                .render(harness.view().zplService().previewZPL(typed).value())
-                                .labels.at(0)
-                                .image;
+    const QImage expected =
+        LabelRenderer()
+            .render(harness.view().model().zplService().previewZPL(typed).value())
+            .labels.at(0)
+            .image;
     QTRY_COMPARE(picture->image(), expected);
     QCOMPARE(preview->sizeText(), size);
     QCOMPARE(preview->warnings().size(), warning.isEmpty() ? 0 : 1);

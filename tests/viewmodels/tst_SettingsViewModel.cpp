@@ -1,0 +1,260 @@
+#include "LabelSink.h"
+#include "TestHome.h"
+#include "model/AppSettings.h"
+#include "services/PrinterService.h"
+#include "viewmodels/SettingsViewModel.h"
+
+#include <QSignalSpy>
+#include <QTest>
+#include <QTimer>
+
+using namespace Qt::StringLiterals;
+using namespace std::chrono_literals;
+using Kind = SettingsTabKey::Kind;
+
+namespace {
+
+const QUuid kID = QUuid::fromString(u"{6f1c2b0e-8d4a-4c3b-9e2f-1a2b3c4d5e6f}"_s);
+
+} // namespace
+
+// The settings window's state without its widgets: the selection key, what
+// adding and deleting select, the test results and the copy feedback.
+class SettingsViewModelTest : public QObject
+{
+    Q_OBJECT
+
+private slots:
+    void keysUseUpperCaseUuidsAndParseStrictly_data();
+    void keysUseUpperCaseUuidsAndParseStrictly();
+    void addingOpensTheGroupAndSelects();
+    void deletingMovesTheSelection_data();
+    void deletingMovesTheSelection();
+    void copyFeedbackEndsWithTheRightCopy_data();
+    void copyFeedbackEndsWithTheRightCopy();
+    void testsReportTheirResults();
+    void aTestOutlivesItsWindow();
+};
+
+void SettingsViewModelTest::keysUseUpperCaseUuidsAndParseStrictly_data()
+{
+    QTest::addColumn<QString>("key");
+    QTest::addColumn<Kind>("kind");
+    QTest::addColumn<bool>("hasID");
+    QTest::newRow("dossier") << u"dossier-6F1C2B0E-8D4A-4C3B-9E2F-1A2B3C4D5E6F"_s << Kind::dossier
+                             << true;
+    QTest::newRow("printer") << u"printer-6F1C2B0E-8D4A-4C3B-9E2F-1A2B3C4D5E6F"_s << Kind::printer
+                             << true;
+    QTest::newRow("template") << u"template-6F1C2B0E-8D4A-4C3B-9E2F-1A2B3C4D5E6F"_s
+                              << Kind::labelTemplate << true;
+    QTest::newRow("about") << u"about"_s << Kind::about << false;
+    // The kind comes from the prefix; a bad UUID leaves no id.
+    QTest::newRow("prefix only") << u"dossier-"_s << Kind::dossier << false;
+    QTest::newRow("not a UUID") << u"printer-xyz"_s << Kind::printer << false;
+    QTest::newRow("braces") << u"dossier-{6F1C2B0E-8D4A-4C3B-9E2F-1A2B3C4D5E6F}"_s << Kind::dossier
+                            << false;
+    QTest::newRow("About") << u"About"_s << Kind::none << false;
+    QTest::newRow("empty") << QString() << Kind::none << false;
+}
+
+void SettingsViewModelTest::keysUseUpperCaseUuidsAndParseStrictly()
+{
+    QFETCH(QString, key);
+    QFETCH(Kind, kind);
+    QFETCH(bool, hasID);
+    const SettingsTabKey::Parsed parsed = SettingsTabKey::parse(key);
+    QCOMPARE(parsed.kind, kind);
+    QCOMPARE(parsed.id, hasID ? std::optional(kID) : std::nullopt);
+    if (hasID || kind == Kind::about)
+        QCOMPARE(SettingsTabKey::make(kind, kID), key);
+}
+
+void SettingsViewModelTest::addingOpensTheGroupAndSelects()
+{
+    TestHome home;
+    AppSettings settings;
+    settings.setDossiers({});
+    SettingsViewModel model(settings);
+    QSignalSpy selections(&model, &SettingsViewModel::selectedTabChanged);
+    // Nothing to select without dossiers.
+    model.initializeSelectedTab();
+    QCOMPARE(model.selectedTab(), QString());
+
+    for (const Kind kind : {Kind::dossier, Kind::printer, Kind::labelTemplate}) {
+        model.setExpanded(kind, false);
+        model.addRecord(kind);
+        QVERIFY(model.isExpanded(kind));
+        QCOMPARE(model.selectedTab(), SettingsTabKey::make(kind, model.ids(kind).constLast()));
+    }
+    QCOMPARE(settings.dossiers().constLast().name, u"Nieuw Dossier"_s);
+    QCOMPARE(settings.printers().constLast().name, u"Nieuwe Printer"_s);
+    QCOMPARE(settings.templates().constLast().name, u"Nieuw Etiket"_s);
+    QCOMPARE(selections.size(), 3);
+
+    // "Printer Toevoegen" on the template page leaves the group closed.
+    model.setExpanded(Kind::printer, false);
+    model.addRecord(Kind::printer, false);
+    QVERIFY(!model.isExpanded(Kind::printer) && model.isExpanded(Kind::dossier));
+    QCOMPARE(model.indexOf(Kind::printer, *SettingsTabKey::parse(model.selectedTab()).id), 1);
+
+    // A new window starts on the first dossier.
+    SettingsViewModel reopened(settings);
+    reopened.initializeSelectedTab();
+    QCOMPARE(reopened.selectedTab(),
+             SettingsTabKey::make(Kind::dossier, settings.dossiers()[0].id));
+}
+
+void SettingsViewModelTest::deletingMovesTheSelection_data()
+{
+    QTest::addColumn<Kind>("kind");
+    QTest::addColumn<int>("index");
+    QTest::addColumn<int>("dossiers");
+    QTest::addColumn<int>("records");   // of `kind`
+    QTest::addColumn<Kind>("selected"); // its first record, or none: unchanged
+    QTest::newRow("second of three dossiers") << Kind::dossier << 1 << 3 << 3 << Kind::dossier;
+    QTest::newRow("first of two templates")
+        << Kind::labelTemplate << 0 << 1 << 2 << Kind::labelTemplate;
+    QTest::newRow("last printer") << Kind::printer << 0 << 2 << 1 << Kind::dossier;
+    QTest::newRow("last printer, no dossiers") << Kind::printer << 0 << 0 << 1 << Kind::none;
+    QTest::newRow("stale index") << Kind::printer << 1 << 1 << 1 << Kind::none;
+}
+
+void SettingsViewModelTest::deletingMovesTheSelection()
+{
+    QFETCH(Kind, kind);
+    QFETCH(int, index);
+    QFETCH(int, dossiers);
+    QFETCH(int, records);
+    QFETCH(Kind, selected);
+    TestHome home;
+    AppSettings settings;
+    settings.setDossiers({});
+    settings.setTemplates({});
+    SettingsViewModel model(settings);
+    for (int i = 0; i < dossiers; ++i)
+        settings.addDossier();
+    while (model.ids(kind).size() < records)
+        model.addRecord(kind);
+    model.setSelectedTab(u"before"_s);
+
+    model.deleteRecord(kind, index);
+    QCOMPARE(model.ids(kind).size(), index < records ? records - 1 : records);
+    QCOMPARE(model.selectedTab(), selected == Kind::none
+                                      ? u"before"_s
+                                      : SettingsTabKey::make(selected, model.ids(selected)[0]));
+}
+
+void SettingsViewModelTest::copyFeedbackEndsWithTheRightCopy_data()
+{
+    QTest::addColumn<QStringList>("keys");
+    QTest::addColumn<bool>("clearedByLastCopy");
+    QTest::newRow("one copy") << QStringList{u"{{PRIJS}}"_s} << true;
+    QTest::newRow("another key") << QStringList{u"{{NAAM}}"_s, u"{{PRIJS}}"_s} << true;
+    QTest::newRow("same key twice") << QStringList{u"{{NAAM}}"_s, u"{{NAAM}}"_s} << false;
+}
+
+// Each copy shows its feedback for the full time; a second copy of the same
+// key does not extend the first.
+void SettingsViewModelTest::copyFeedbackEndsWithTheRightCopy()
+{
+    QFETCH(QStringList, keys);
+    QFETCH(bool, clearedByLastCopy);
+    // Shortened from the real two seconds; the rule is the same.
+    constexpr auto kFeedback = 50ms;
+    TestHome home;
+    AppSettings settings;
+    SettingsViewModel model(settings);
+    model.setCopyFeedbackDuration(kFeedback);
+
+    // Timers of equal length fire in the order they were started, so a marker
+    // started between the copies tells which copy's check cleared the feedback.
+    QTimer marker;
+    marker.setSingleShot(true);
+    marker.setTimerType(Qt::PreciseTimer);
+    std::optional<bool> markerDoneAtClear;
+    connect(&model, &SettingsViewModel::copiedPlaceholderChanged, &marker, [&] {
+        if (!model.copiedPlaceholder())
+            markerDoneAtClear = !marker.isActive();
+    });
+    for (qsizetype i = 0; i < keys.size(); ++i) {
+        if (i == keys.size() - 1)
+            marker.start(kFeedback);
+        model.placeholderCopied(keys.at(i));
+        QCOMPARE(model.copiedPlaceholder(), keys.at(i));
+    }
+    QTRY_VERIFY(markerDoneAtClear.has_value());
+    QCOMPARE(*markerDoneAtClear, clearedByLastCopy);
+}
+
+void SettingsViewModelTest::testsReportTheirResults()
+{
+    TestHome home;
+    LabelSink sink;
+    QVERIFY(sink.listen());
+    AppSettings settings;
+    const Printer balie{.name = u"Balie"_s, .ipAddress = u"127.0.0.1"_s, .port = sink.port()};
+    const Printer noAddress{.name = u"Magazijn"_s, .ipAddress = {}};
+    settings.setPrinters({balie, noAddress});
+    settings.updateTemplate(0, [&noAddress](LabelTemplate& t) {
+        t.printerID = noAddress.id;
+        t.zplContent = u"^XA^FD{{NAAM}} {{PRIJS}} é^FS^XZ"_s;
+    });
+    SettingsViewModel model(settings);
+
+    // One connection test at a time; the result replaces the last one.
+    model.testPrinterConnection(0);
+    model.testPrinterConnection(0);
+    QVERIFY(model.isPrinterTesting() && !model.printerTestResult());
+    QTRY_VERIFY(!model.isPrinterTesting());
+    QCOMPARE(model.printerTestResult(), u"Verbinding gelukt! Test etiket verstuurd."_s);
+    QCOMPARE(sink.connectionCount(), 1);
+    QTRY_COMPARE(sink.jobs(), QList<QByteArray>{PrinterService::kTestLabel.toUtf8()});
+
+    // A printer without address sends nothing.
+    model.testPrintTemplate(0);
+    QVERIFY(!model.isTemplateTesting());
+    QCOMPARE(model.templateTestResult(), u"Geen printer geconfigureerd"_s);
+
+    // The test print sends the label with the preview's sample values.
+    settings.updateTemplate(0, [&balie](LabelTemplate& t) { t.printerID = balie.id; });
+    model.testPrintTemplate(0);
+    QVERIFY(model.isTemplateTesting() && !model.templateTestResult());
+    QTRY_VERIFY(!model.isTemplateTesting());
+    QCOMPARE(model.templateTestResult(), u"✓ Test etiket verstuurd naar Balie"_s);
+    QTRY_COMPARE(sink.jobs().size(), 2);
+    QCOMPARE(sink.jobs().at(1), u"^XA^FDVoorbeeld Product 19,99 é^FS^XZ"_s.toUtf8());
+
+    // Stale indexes start nothing.
+    model.testPrinterConnection(2);
+    model.queryPrinterStatus(-1);
+    model.testPrintTemplate(1);
+    QVERIFY(!model.isPrinterTesting() && !model.isQueryingStatus() && !model.isTemplateTesting());
+}
+
+void SettingsViewModelTest::aTestOutlivesItsWindow()
+{
+    TestHome home;
+    LabelSink sink;
+    QVERIFY(sink.listen());
+    sink.setStatusAnswer("\x02"
+                         "030,1,0,1218,000,0,0,0,000,0,0,0\x03\r\n\x02"
+                         "000,0,0,0,1,2,6,0,00000000,1,000\x03\r\n\x02"
+                         "1234,0\x03\r\n");
+    QSignalSpy asked(&sink, &LabelSink::statusQueried);
+    AppSettings settings;
+    settings.setPrinters({{.name = u"Balie"_s, .ipAddress = u"127.0.0.1"_s, .port = sink.port()}});
+    auto model = std::make_unique<SettingsViewModel>(settings);
+    model->testPrinterConnection(0);
+    model->queryPrinterStatus(0);
+    QVERIFY(model->isPrinterTesting() && model->isQueryingStatus());
+
+    // Closing the window mid-test must not touch the deleted state when the
+    // test or the status query comes back.
+    model.reset();
+    QTRY_COMPARE(sink.jobs().size(), 1);
+    QTRY_COMPARE(asked.size(), 1);
+    QTest::qWait(200);
+}
+
+QTEST_MAIN(SettingsViewModelTest)
+#include "tst_SettingsViewModel.moc"
