@@ -2,6 +2,7 @@
 #include "SettingsViewHarness.h"
 #include "VirtualPrinter.h"
 #include "labelrender/LabelRenderer.h"
+#include "services/PrinterService.h"
 #include "views/common/BusyIndicator.h"
 #include "views/common/LabelPictureButton.h"
 #include "views/common/LabelPreviewView.h"
@@ -172,19 +173,24 @@ void SettingsEditorsTest::testPrintsSucceedInGreen()
     SettingsViewHarness harness;
     const Printer printer = SettingsViewHarness::printer(u"Balie"_s, u"127.0.0.1"_s, sink.port());
     harness.setPrinters({printer});
-    harness.settings().updateTemplate(0,
-                                      [&printer](LabelTemplate& t) { t.printerID = printer.id; });
+    harness.settings().updateTemplate(0, [&printer](LabelTemplate& t) {
+        t.printerID = printer.id;
+        t.zplContent = u"^XA^FD{{NAAM}} {{PRIJS}} é^FS^XZ"_s;
+    });
     QVERIFY(harness.show());
     auto* page = harness.open<PrinterEditorPage>(Kind::printer);
     QVERIFY(page->testButton()->isEnabled() && !page->resultLabel()->isVisible());
 
     clickOn(page->testButton());
     QVERIFY(!page->testButton()->isEnabled() && page->spinner()->isVisible());
+    // A second start while one runs does nothing.
+    harness.view().testPrinterConnection(0);
     QTRY_VERIFY(!harness.view().isPrinterTesting());
     QVERIFY(page->testButton()->isEnabled() && !page->spinner()->isVisible());
-    QVERIFY(page->resultLabel()->isVisible());
     QCOMPARE(page->resultLabel()->text(), u"Verbinding gelukt! Test etiket verstuurd."_s);
     QCOMPARE(colorOf(page->resultLabel()), Theme::green(page->palette()));
+    QTRY_COMPARE(sink.jobs(), QList<QByteArray>{PrinterService::kTestLabel.toUtf8()});
+    QCOMPARE(sink.connectionCount(), 1);
 
     // The result is one value for the window: another printer's page shows it too.
     harness.settings().addPrinter();
@@ -199,6 +205,9 @@ void SettingsEditorsTest::testPrintsSucceedInGreen()
     QVERIFY(!templatePage->testingRow()->isVisible() && templatePage->resultRow()->isVisible());
     QCOMPARE(templatePage->resultLabel()->text(), u"✓ Test etiket verstuurd naar Balie"_s);
     QCOMPARE(colorOf(templatePage->resultLabel()), Theme::green(templatePage->palette()));
+    // The label with the preview's sample values.
+    QTRY_COMPARE(sink.jobs().size(), 2);
+    QCOMPARE(sink.jobs().at(1), u"^XA^FDVoorbeeld Product 19,99 é^FS^XZ"_s.toUtf8());
 }
 
 void SettingsEditorsTest::fieldsShowTheirEdgeInEitherPalette_data()
