@@ -2,19 +2,21 @@
 
 #include "model/AppSettings.h"
 #include "views/common/AppInfo.h"
+#include "views/common/Card.h"
 #include "views/common/Divider.h"
+#include "views/common/SymbolLabel.h"
 #include "views/common/Theme.h"
 #include "views/settings/AboutSettingsPage.h"
 #include "views/settings/DossierEditorPage.h"
 #include "views/settings/NoRecordSelectedView.h"
 #include "views/settings/PrinterEditorPage.h"
 #include "views/settings/SettingsFooterView.h"
-#include "views/settings/SettingsHeaderView.h"
 #include "views/settings/SettingsRecordKind.h"
 #include "views/settings/SettingsSidebar.h"
 #include "views/settings/TemplateEditorPage.h"
 
 #include <QClipboard>
+#include <QGraphicsDropShadowEffect>
 #include <QGuiApplication>
 #include <QHBoxLayout>
 #include <QLabel>
@@ -24,6 +26,56 @@
 #include <QVBoxLayout>
 
 using namespace Qt::StringLiterals;
+
+namespace {
+
+constexpr int kTileSize = 44;
+constexpr int kGearSize = 24;
+
+QWidget* gearTile()
+{
+    QColor blueFaded = Theme::blue();
+    blueFaded.setAlphaF(0.8f);
+    auto* tile = new Card(10, nullptr);
+    tile->setGradient(Theme::blue(), blueFaded);
+    tile->setFixedSize(kTileSize, kTileSize);
+    auto* shadow = new QGraphicsDropShadowEffect(tile);
+    shadow->setColor(QColor(0, 0, 0, 26));
+    shadow->setBlurRadius(8);
+    shadow->setOffset(0, 2);
+    tile->setGraphicsEffect(shadow);
+    auto* centre = new QVBoxLayout(tile);
+    centre->setContentsMargins(0, 0, 0, 0);
+    centre->addWidget(new SymbolLabel(u"gear"_s, kGearSize, QColor(Qt::white)), 0, Qt::AlignCenter);
+    return tile;
+}
+
+// The band at the top: a gear tile, the title and a one-line explanation.
+QWidget* headerView()
+{
+    auto* texts = new QVBoxLayout;
+    texts->setSpacing(2);
+    texts->addStretch();
+    texts->addWidget(Theme::label(u"Stampix Instellingen"_s, Theme::systemFont(20, QFont::DemiBold),
+                                  QPalette::WindowText));
+    texts->addWidget(Theme::label(u"Configureer je dossiers, printers en etiket templates"_s,
+                                  Theme::systemFont(12), Theme::kSecondaryText));
+    texts->addStretch();
+    auto* header = new QWidget;
+    auto* row = new QHBoxLayout(header);
+    row->setContentsMargins(24, 16, 24, 16);
+    row->setSpacing(16);
+    row->addWidget(gearTile());
+    row->addLayout(texts);
+    row->addStretch();
+    header->setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Fixed);
+    // The band fades to 0.95 of this colour at its bottom edge, which no eye can tell.
+    header->setBackgroundRole(QPalette::Base);
+    header->setAutoFillBackground(true);
+    return header;
+}
+
+} // namespace
 
 SettingsView::SettingsView(AppSettings& settings, QWidget* parent)
     : QWidget(parent), m_model(new SettingsViewModel(settings)),
@@ -61,7 +113,7 @@ SettingsView::SettingsView(AppSettings& settings, QWidget* parent)
     auto* column = new QVBoxLayout(this);
     column->setContentsMargins(0, 0, 0, 0);
     column->setSpacing(0);
-    column->addWidget(new SettingsHeaderView);
+    column->addWidget(headerView());
     column->addWidget(makeDivider(Qt::Horizontal));
     column->addLayout(body, 1);
     column->addWidget(makeDivider(Qt::Horizontal));

@@ -10,9 +10,10 @@
 #include "views/settings/ExactTextEdit.h"
 #include "views/settings/InfoBox.h"
 #include "views/settings/LabelledField.h"
-#include "views/settings/TemplatePrinterField.h"
+#include "views/settings/PrinterChoiceDelegate.h"
 
 #include <QClipboard>
+#include <QComboBox>
 #include <QGridLayout>
 #include <QGuiApplication>
 #include <QHBoxLayout>
@@ -21,6 +22,7 @@
 #include <QPlainTextEdit>
 #include <QPushButton>
 #include <QShortcut>
+#include <QSignalBlocker>
 #include <QTextDocument>
 #include <QToolButton>
 #include <QVBoxLayout>
@@ -33,6 +35,7 @@ namespace {
 constexpr int kSmallIcon = 12;
 constexpr int kSpinnerSize = 12;
 constexpr int kEditorMinHeight = 200;
+constexpr int kChoiceWidth = 250;
 
 // One look for all chips: blue monospaced text on pale blue. The button adds
 // room around its text of its own, so the chip needs no padding.
@@ -84,16 +87,77 @@ void TemplateEditorPage::buildDetailsSection()
 {
     QVBoxLayout* details = addSection(u"Etiket Details"_s);
     m_name = makeLineEdit(u"Etiket naam"_s);
-    m_printerField = new TemplatePrinterField(m_model);
     m_printerHint =
         new InfoBox(u"Selecteer een printer om etiketten te kunnen printen met dit template"_s);
     details->addWidget(new LabelledField(u"tag"_s, u"Naam"_s, m_name));
-    details->addWidget(new LabelledField(u"printer"_s, u"Printer"_s, m_printerField));
+
+    // The printer input: a choice of the configured printers, or, when there
+    // are none, a note with a button that adds one.
+    m_printerChoice = new QComboBox;
+    m_printerChoice->setFixedWidth(kChoiceWidth);
+    m_printerChoice->setItemDelegate(new PrinterChoiceDelegate(m_printerChoice));
+    m_noPrinters = new QWidget;
+    m_addPrinter = makeButton(u"Printer Toevoegen"_s);
+    m_addPrinter->setFont(Theme::caption());
+    QHBoxLayout* noPrintersRow = tightRow(m_noPrinters, -1);
+    noPrintersRow->addWidget(
+        Theme::label(u"Geen printers geconfigureerd"_s, Theme::caption(), Theme::kSecondaryText));
+    noPrintersRow->addWidget(m_addPrinter);
+    noPrintersRow->addStretch();
+    auto* printerField = new QWidget;
+    QHBoxLayout* printerRow = tightRow(printerField, -1);
+    printerRow->addWidget(m_printerChoice);
+    printerRow->addWidget(m_noPrinters);
+    printerRow->addStretch();
+    details->addWidget(new LabelledField(u"printer"_s, u"Printer"_s, printerField));
+    m_printerChoice->setAccessibleName(u"Printer"_s);
     details->addWidget(m_printerHint);
 
     connect(m_name, &QLineEdit::textEdited, this, [this](const QString& text) {
         m_model.settings().updateTemplate(index(), [&text](LabelTemplate& t) { t.name = text; });
     });
+    connect(m_printerChoice, &QComboBox::activated, this, [this](int row) {
+        const QString id =
+            m_printerChoice->itemData(row, PrinterChoiceDelegate::kIDRole).toString();
+        const std::optional<QUuid> printerID =
+            id.isEmpty() ? std::nullopt : std::optional(QUuid::fromString(id));
+        m_model.settings().updateTemplate(
+            index(), [&printerID](LabelTemplate& t) { t.printerID = printerID; });
+    });
+    connect(m_addPrinter, &QPushButton::clicked, this,
+            [this] { m_model.addRecord(SettingsTabKey::Kind::printer, false); });
+}
+
+void TemplateEditorPage::refreshPrinterChoice(const std::optional<QUuid>& printerID)
+{
+    const QList<Printer>& printers = m_model.settings().printers();
+    m_printerChoice->setVisible(!printers.isEmpty());
+    m_noPrinters->setVisible(printers.isEmpty());
+    const QSignalBlocker blocker(m_printerChoice);
+    QStringList shown;
+    for (const Printer& printer : printers)
+        shown << SettingsTabKey::uuidText(printer.id) << printer.name << printer.ipAddress;
+    // Left alone while unchanged, so an open drop-down is not disturbed.
+    if (shown != m_shownPrinters || m_printerChoice->count() == 0) {
+        m_shownPrinters = shown;
+        m_printerChoice->clear();
+        m_printerChoice->addItem(u"Geen printer geselecteerd"_s, QString());
+        for (const Printer& printer : printers) {
+            m_printerChoice->addItem(printer.ipAddress.isEmpty()
+                                         ? printer.name
+                                         : printer.name + u" ("_s + printer.ipAddress + u")"_s,
+                                     SettingsTabKey::uuidText(printer.id));
+            const int row = m_printerChoice->count() - 1;
+            m_printerChoice->setItemData(row, printer.name, PrinterChoiceDelegate::kNameRole);
+            m_printerChoice->setItemData(row, printer.ipAddress,
+                                         PrinterChoiceDelegate::kAddressRole);
+        }
+    }
+    // A printer id that names no printer shows no entry.
+    m_printerChoice->setCurrentIndex(
+        printerID ? m_printerChoice->findData(SettingsTabKey::uuidText(*printerID),
+                                              PrinterChoiceDelegate::kIDRole)
+                  : 0);
 }
 
 void TemplateEditorPage::buildPlaceholderSection()
@@ -255,7 +319,7 @@ void TemplateEditorPage::refresh()
     const LabelTemplate labelTemplate = valid ? templates.at(at) : LabelTemplate{};
 
     syncText(m_name, valid ? labelTemplate.name : QString());
-    m_printerField->refresh(at);
+    refreshPrinterChoice(labelTemplate.printerID);
     m_printerHint->setVisible(valid && !labelTemplate.printerID && !settings.printers().isEmpty());
 
     // Only a different text replaces the editor's: a change elsewhere in the

@@ -11,6 +11,7 @@
 
 class InfoBox;
 class LabelPreviewView;
+class QComboBox;
 class QLabel;
 class QLineEdit;
 class QPlainTextEdit;
@@ -18,7 +19,6 @@ class QPushButton;
 class QToolButton;
 class QVBoxLayout;
 class SettingsViewModel;
-class TemplatePrinterField;
 
 // Edits one label template: name, printer, ZPL text with live validation,
 // the placeholder chips that copy to the clipboard, a test print, the label
@@ -37,7 +37,9 @@ public:
     qsizetype index() const;
     void setRecord(const QUuid& id) override;
     QLineEdit* nameField() const { return m_name; }
-    TemplatePrinterField* printerField() const { return m_printerField; }
+    QComboBox* printerChoice() const { return m_printerChoice; }
+    QWidget* noPrintersRow() const { return m_noPrinters; }
+    QPushButton* addPrinterButton() const { return m_addPrinter; }
     InfoBox* printerHint() const { return m_printerHint; }
     const QList<QToolButton*>& chips() const { return m_chips; }
     InfoBox* copyHint() const { return m_copyHint; }
@@ -60,6 +62,7 @@ private:
     void buildPreviewSection();
     void refreshPreview();
     void refresh() override;
+    void refreshPrinterChoice(const std::optional<QUuid>& printerID);
     void refreshTestState();
     void refreshCopyFeedback();
     void refreshValidation(const QString& zpl);
@@ -68,7 +71,10 @@ private:
 
     SettingsViewModel& m_model;
     QLineEdit* m_name = nullptr;
-    TemplatePrinterField* m_printerField = nullptr;
+    QComboBox* m_printerChoice = nullptr;
+    QWidget* m_noPrinters = nullptr;
+    QPushButton* m_addPrinter = nullptr;
+    QStringList m_shownPrinters;
     InfoBox* m_printerHint = nullptr;
     QList<QToolButton*> m_chips;
     InfoBox* m_copyHint = nullptr;

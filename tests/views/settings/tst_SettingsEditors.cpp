@@ -11,7 +11,6 @@
 #include "views/settings/InfoBox.h"
 #include "views/settings/PrinterEditorPage.h"
 #include "views/settings/TemplateEditorPage.h"
-#include "views/settings/TemplatePrinterField.h"
 
 #include <QApplication>
 #include <QClipboard>
@@ -295,9 +294,9 @@ void SettingsEditorsTest::templatePrinterChoice()
     harness.setPrinters({withAddress, withoutAddress});
     QVERIFY(harness.show());
     auto* page = harness.open<TemplateEditorPage>(Kind::labelTemplate);
-    QComboBox* choice = page->printerField()->choice();
+    QComboBox* choice = page->printerChoice();
 
-    QVERIFY(choice->isVisible() && !page->printerField()->noPrintersRow()->isVisible());
+    QVERIFY(choice->isVisible() && !page->noPrintersRow()->isVisible());
     QCOMPARE(choice->count(), 3);
     QCOMPARE(choice->itemText(0), u"Geen printer geselecteerd"_s);
     QCOMPARE(choice->itemText(1), u"Balie (10.0.0.5)"_s);
@@ -342,7 +341,6 @@ void SettingsEditorsTest::chipsValidationAndAddingAPrinter()
     QVERIFY(harness.show());
     harness.clickHeader(Kind::printer);
     auto* page = harness.open<TemplateEditorPage>(Kind::labelTemplate);
-    TemplatePrinterField* field = page->printerField();
     QStringList chipTexts;
     for (const QToolButton* chip : page->chips()) {
         chipTexts << chip->text();
@@ -379,11 +377,11 @@ void SettingsEditorsTest::chipsValidationAndAddingAPrinter()
     // The store's notifications did not reset the text under the cursor.
     QCOMPARE(page->zplEditor()->textCursor().position(), 17);
 
-    QVERIFY(!field->choice()->isVisible() && field->noPrintersRow()->isVisible());
+    QVERIFY(!page->printerChoice()->isVisible() && page->noPrintersRow()->isVisible());
     QVERIFY(!page->printerHint()->isVisible());
-    QCOMPARE(field->addPrinterButton()->text(), u"Printer Toevoegen"_s);
+    QCOMPARE(page->addPrinterButton()->text(), u"Printer Toevoegen"_s);
 
-    clickOn(field->addPrinterButton());
+    clickOn(page->addPrinterButton());
     QCOMPARE(harness.settings().printers().size(), 1);
     QCOMPARE(harness.view().selectedTab(),
              SettingsTabKey::make(Kind::printer, harness.settings().printers().at(0).id));
