@@ -18,8 +18,8 @@ const QUuid kID = QUuid::fromString(u"{6f1c2b0e-8d4a-4c3b-9e2f-1a2b3c4d5e6f}"_s)
 } // namespace
 
 // The settings window's state without its widgets: the selection key, what
-// adding and deleting select, the copy feedback and a test that outlives the
-// window. (The test results are shown and checked on the editor pages.)
+// deleting selects, the copy feedback and a test that outlives the window.
+// (Adding and the test results are checked through the sidebar and the pages.)
 class SettingsViewModelTest : public QObject
 {
     Q_OBJECT
@@ -27,7 +27,6 @@ class SettingsViewModelTest : public QObject
 private slots:
     void keysUseUpperCaseUuidsAndParseStrictly_data();
     void keysUseUpperCaseUuidsAndParseStrictly();
-    void addingOpensTheGroupAndSelects();
     void deletingMovesTheSelection_data();
     void deletingMovesTheSelection();
     void copyFeedbackEndsWithTheRightCopy_data();
@@ -62,32 +61,6 @@ void SettingsViewModelTest::keysUseUpperCaseUuidsAndParseStrictly()
     QCOMPARE(parsed.id, hasID ? std::optional(kID) : std::nullopt);
     if (hasID || kind == Kind::about)
         QCOMPARE(SettingsTabKey::make(kind, kID), key);
-}
-
-void SettingsViewModelTest::addingOpensTheGroupAndSelects()
-{
-    TestHome home;
-    AppSettings settings;
-    settings.setDossiers({});
-    SettingsViewModel model(settings);
-    // Nothing to select without dossiers; a new window starts on the first.
-    model.initializeSelectedTab();
-    QCOMPARE(model.selectedTab(), QString());
-    for (const Kind kind : {Kind::dossier, Kind::printer, Kind::labelTemplate}) {
-        model.setExpanded(kind, false);
-        model.addRecord(kind);
-        QVERIFY(model.isExpanded(kind));
-        QCOMPARE(model.selectedTab(), SettingsTabKey::make(kind, model.ids(kind).constLast()));
-    }
-    // "Printer Toevoegen" on the template page leaves the group closed.
-    model.setExpanded(Kind::printer, false);
-    model.addRecord(Kind::printer, false);
-    QVERIFY(!model.isExpanded(Kind::printer) && model.isExpanded(Kind::dossier));
-    QCOMPARE(model.selectedTab(), SettingsTabKey::make(Kind::printer, model.ids(Kind::printer)[1]));
-    SettingsViewModel reopened(settings);
-    reopened.initializeSelectedTab();
-    QCOMPARE(reopened.selectedTab(),
-             SettingsTabKey::make(Kind::dossier, model.ids(Kind::dossier)[0]));
 }
 
 void SettingsViewModelTest::deletingMovesTheSelection_data()

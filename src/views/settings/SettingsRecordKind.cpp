@@ -1,5 +1,7 @@
 #include "views/settings/SettingsRecordKind.h"
 
+#include <algorithm>
+
 using namespace Qt::StringLiterals;
 using Kind = SettingsTabKey::Kind;
 
@@ -21,9 +23,6 @@ const QList<SettingsRecordKind>& SettingsRecordKind::all()
 
 const SettingsRecordKind* SettingsRecordKind::of(Kind kind)
 {
-    for (const SettingsRecordKind& candidate : all()) {
-        if (candidate.kind == kind)
-            return &candidate;
-    }
-    return nullptr;
+    const auto found = std::ranges::find(all(), kind, &SettingsRecordKind::kind);
+    return found == all().cend() ? nullptr : &*found;
 }
