@@ -28,7 +28,8 @@ QVBoxLayout* tightColumn(int spacing)
 
 } // namespace
 
-AboutSettingsPage::AboutSettingsPage(QWidget* parent) : SettingsEditorPage(parent)
+AboutSettingsPage::AboutSettingsPage(QWidget* parent)
+    : SettingsEditorPage(nullptr, SettingsTabKey::Kind::none, parent)
 {
     QVBoxLayout* section = addSection(u"Over Stampix"_s);
 

@@ -12,8 +12,9 @@
 using namespace Qt::StringLiterals;
 
 DossierEditorPage::DossierEditorPage(SettingsViewModel& model, QWidget* parent)
-    : SettingsEditorPage(parent), m_model(model), m_name(makeLineEdit(u"Dossier naam"_s)),
-      m_apiKey(makeLineEdit(u"Voer je API key in"_s)), m_bookyear(makeLineEdit(u"2025"_s, 100))
+    : SettingsEditorPage(&model, SettingsTabKey::Kind::dossier, parent),
+      m_name(makeLineEdit(u"Dossier naam"_s)), m_apiKey(makeLineEdit(u"Voer je API key in"_s)),
+      m_bookyear(makeLineEdit(u"2025"_s, 100))
 {
     QVBoxLayout* details = addSection(u"Dossier Details"_s);
     details->addWidget(new LabelledField(u"tag"_s, u"Naam"_s, m_name));
@@ -26,33 +27,28 @@ DossierEditorPage::DossierEditorPage(SettingsViewModel& model, QWidget* parent)
 
     m_deleteButton = addDeleteSection(u"Verwijder Dossier"_s);
 
-    AppSettings& settings = m_model.settings();
+    AppSettings& settings = m_model->settings();
     // Writes go through the index; the store ignores one that is not valid.
     connect(m_name, &QLineEdit::textEdited, this, [this](const QString& text) {
-        m_model.settings().updateDossier(index(), [&text](Dossier& d) { d.name = text; });
+        m_model->settings().updateDossier(index(), [&text](Dossier& d) { d.name = text; });
     });
     connect(m_apiKey, &QLineEdit::textEdited, this, [this](const QString& text) {
-        m_model.settings().updateDossier(index(), [&text](Dossier& d) { d.apiKey = text; });
+        m_model->settings().updateDossier(index(), [&text](Dossier& d) { d.apiKey = text; });
     });
     connect(m_bookyear, &QLineEdit::textEdited, &settings, &AppSettings::setBookyear);
     connect(m_deleteButton, &QPushButton::clicked, this,
-            [this] { m_model.deleteRecord(SettingsTabKey::Kind::dossier, index()); });
+            [this] { m_model->deleteRecord(SettingsTabKey::Kind::dossier, index()); });
     connect(&settings, &AppSettings::dossiersChanged, this, &DossierEditorPage::refresh);
     connect(&settings, &AppSettings::bookyearChanged, this, &DossierEditorPage::refresh);
     refresh();
 }
 
-qsizetype DossierEditorPage::index() const
-{
-    return m_model.indexOf(SettingsTabKey::Kind::dossier, m_record);
-}
-
 void DossierEditorPage::refresh()
 {
-    const QList<Dossier>& dossiers = m_model.settings().dossiers();
+    const QList<Dossier>& dossiers = m_model->settings().dossiers();
     const qsizetype at = index();
     syncText(m_name, at >= 0 ? dossiers.at(at).name : QString());
     syncText(m_apiKey, at >= 0 ? dossiers.at(at).apiKey : QString());
-    syncText(m_bookyear, m_model.settings().bookyear());
+    syncText(m_bookyear, m_model->settings().bookyear());
     showDeleteSection(m_deleteButton, dossiers.size() > 1);
 }

@@ -14,8 +14,6 @@ class DossierEditorPage : public SettingsEditorPage
 public:
     explicit DossierEditorPage(SettingsViewModel& model, QWidget* parent = nullptr);
 
-    // The record's position in the store's list, or -1.
-    qsizetype index() const;
     QLineEdit* nameField() const { return m_name; }
     QLineEdit* apiKeyField() const { return m_apiKey; }
     QLineEdit* bookyearField() const { return m_bookyear; }
@@ -25,7 +23,6 @@ public:
 private:
     void refresh() override;
 
-    SettingsViewModel& m_model;
     QLineEdit* m_name;
     QLineEdit* m_apiKey;
     QLineEdit* m_bookyear;

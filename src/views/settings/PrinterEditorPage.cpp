@@ -23,9 +23,10 @@ constexpr int kSpinnerSize = 12;
 } // namespace
 
 PrinterEditorPage::PrinterEditorPage(SettingsViewModel& model, QWidget* parent)
-    : SettingsEditorPage(parent), m_model(model), m_name(makeLineEdit(u"Printer naam"_s)),
-      m_ipAddress(makeLineEdit(u"192.168.1.100"_s, 150)), m_port(makeLineEdit(u"9100"_s, 70)),
-      m_testButton(makeButton(u"Test Verbinding"_s)), m_spinner(new BusyIndicator(kSpinnerSize)),
+    : SettingsEditorPage(&model, SettingsTabKey::Kind::printer, parent),
+      m_name(makeLineEdit(u"Printer naam"_s)), m_ipAddress(makeLineEdit(u"192.168.1.100"_s, 150)),
+      m_port(makeLineEdit(u"9100"_s, 70)), m_testButton(makeButton(u"Test Verbinding"_s)),
+      m_spinner(new BusyIndicator(kSpinnerSize)),
       m_result(Theme::label({}, Theme::caption(), QPalette::WindowText)),
       m_statusButton(makeButton(u"Status"_s)), m_statusSpinner(new BusyIndicator(kSpinnerSize)),
       m_status(Theme::label({}, Theme::caption(), Theme::kSecondaryText))
@@ -66,34 +67,29 @@ PrinterEditorPage::PrinterEditorPage(SettingsViewModel& model, QWidget* parent)
     m_deleteButton = addDeleteSection(u"Verwijder Printer"_s);
 
     connect(m_name, &QLineEdit::textEdited, this, [this](const QString& text) {
-        m_model.settings().updatePrinter(index(), [&text](Printer& p) { p.name = text; });
+        m_model->settings().updatePrinter(index(), [&text](Printer& p) { p.name = text; });
     });
     connect(m_ipAddress, &QLineEdit::textEdited, this, [this](const QString& text) {
-        m_model.settings().updatePrinter(index(), [&text](Printer& p) { p.ipAddress = text; });
+        m_model->settings().updatePrinter(index(), [&text](Printer& p) { p.ipAddress = text; });
     });
     connect(m_port, &QLineEdit::textEdited, this, [this](const QString& text) {
         if (const std::optional<qint64> port = parsePort(text))
-            m_model.settings().updatePrinter(index(), [port](Printer& p) { p.port = *port; });
+            m_model->settings().updatePrinter(index(), [port](Printer& p) { p.port = *port; });
     });
     // Leaving the field shows the port in force again (e.g. after "abc").
     connect(m_port, &QLineEdit::editingFinished, this, &PrinterEditorPage::refresh);
     connect(m_testButton, &QPushButton::clicked, this,
-            [this] { m_model.testPrinterConnection(index()); });
+            [this] { m_model->testPrinterConnection(index()); });
     connect(m_statusButton, &QPushButton::clicked, this,
-            [this] { m_model.queryPrinterStatus(index()); });
+            [this] { m_model->queryPrinterStatus(index()); });
     connect(m_deleteButton, &QPushButton::clicked, this,
-            [this] { m_model.deleteRecord(SettingsTabKey::Kind::printer, index()); });
-    connect(&m_model.settings(), &AppSettings::printersChanged, this, &PrinterEditorPage::refresh);
-    connect(&m_model, &SettingsViewModel::printerTestChanged, this,
+            [this] { m_model->deleteRecord(SettingsTabKey::Kind::printer, index()); });
+    connect(&m_model->settings(), &AppSettings::printersChanged, this, &PrinterEditorPage::refresh);
+    connect(m_model, &SettingsViewModel::printerTestChanged, this,
             &PrinterEditorPage::refreshTestState);
-    connect(&m_model, &SettingsViewModel::printerStatusChanged, this,
+    connect(m_model, &SettingsViewModel::printerStatusChanged, this,
             &PrinterEditorPage::refreshStatus);
     refresh();
-}
-
-qsizetype PrinterEditorPage::index() const
-{
-    return m_model.indexOf(SettingsTabKey::Kind::printer, m_record);
 }
 
 std::optional<qint64> PrinterEditorPage::parsePort(const QString& text)
@@ -108,7 +104,7 @@ std::optional<qint64> PrinterEditorPage::parsePort(const QString& text)
 void PrinterEditorPage::refresh()
 {
     const qsizetype at = index();
-    const Printer printer = at >= 0 ? m_model.settings().printers().at(at) : Printer{};
+    const Printer printer = at >= 0 ? m_model->settings().printers().at(at) : Printer{};
     syncText(m_name, printer.name);
     syncText(m_ipAddress, printer.ipAddress);
     // While the port is being typed, text that is not (yet) a number stays.
@@ -121,15 +117,15 @@ void PrinterEditorPage::refresh()
 bool PrinterEditorPage::hasAddress() const
 {
     const qsizetype at = index();
-    return at >= 0 && !m_model.settings().printers().at(at).ipAddress.isEmpty();
+    return at >= 0 && !m_model->settings().printers().at(at).ipAddress.isEmpty();
 }
 
 void PrinterEditorPage::refreshTestState()
 {
-    m_testButton->setEnabled(hasAddress() && !m_model.isPrinterTesting());
-    m_spinner->setVisible(m_model.isPrinterTesting());
+    m_testButton->setEnabled(hasAddress() && !m_model->isPrinterTesting());
+    m_spinner->setVisible(m_model->isPrinterTesting());
 
-    const std::optional<QString>& result = m_model.printerTestResult();
+    const std::optional<QString>& result = m_model->printerTestResult();
     m_result->setVisible(result.has_value());
     m_result->setText(result.value_or(QString()));
     if (result)
@@ -140,10 +136,10 @@ void PrinterEditorPage::refreshTestState()
 void PrinterEditorPage::refreshStatus()
 {
     // The status button follows the test button's rule, for its own query.
-    m_statusButton->setEnabled(hasAddress() && !m_model.isQueryingStatus());
+    m_statusButton->setEnabled(hasAddress() && !m_model->isQueryingStatus());
 
-    const bool asking = !m_record.isNull() && m_model.statusQueryPrinter() == m_record;
-    const PrinterStatus* status = index() >= 0 ? m_model.printerStatus(m_record) : nullptr;
+    const bool asking = !m_record.isNull() && m_model->statusQueryPrinter() == m_record;
+    const PrinterStatus* status = index() >= 0 ? m_model->printerStatus(m_record) : nullptr;
     m_status->setVisible(asking || status);
     m_statusSpinner->setVisible(asking);
     if (asking) {

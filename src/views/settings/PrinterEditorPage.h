@@ -17,8 +17,6 @@ class PrinterEditorPage : public SettingsEditorPage
 public:
     explicit PrinterEditorPage(SettingsViewModel& model, QWidget* parent = nullptr);
 
-    // The record's position in the store's list, or -1.
-    qsizetype index() const;
     QLineEdit* nameField() const { return m_name; }
     QLineEdit* ipAddressField() const { return m_ipAddress; }
     QLineEdit* portField() const { return m_port; }
@@ -40,7 +38,6 @@ private:
     void refreshStatus();
     bool hasAddress() const;
 
-    SettingsViewModel& m_model;
     QLineEdit* m_name;
     QLineEdit* m_ipAddress;
     QLineEdit* m_port;

@@ -1,5 +1,6 @@
 #include "views/settings/SettingsEditorPage.h"
 
+#include "viewmodels/SettingsViewModel.h"
 #include "views/common/Card.h"
 #include "views/common/SymbolIcons.h"
 #include "views/common/Theme.h"
@@ -31,12 +32,18 @@ QColor cardOutline(const QPalette& palette)
 
 } // namespace
 
-SettingsEditorPage::SettingsEditorPage(QWidget* parent)
-    : QWidget(parent), m_column(new QVBoxLayout(this))
+SettingsEditorPage::SettingsEditorPage(SettingsViewModel* model, SettingsTabKey::Kind kind,
+                                       QWidget* parent)
+    : QWidget(parent), m_model(model), m_kind(kind), m_column(new QVBoxLayout(this))
 {
     m_column->setContentsMargins(16, 8 + 12, 16, 16);
     m_column->setSpacing(kSectionSpacing);
     m_column->addStretch(1);
+}
+
+qsizetype SettingsEditorPage::index() const
+{
+    return m_model ? m_model->indexOf(m_kind, m_record) : -1;
 }
 
 QVBoxLayout* SettingsEditorPage::addSection(const QString& header)

@@ -1,20 +1,26 @@
 #pragma once
 
+#include "viewmodels/SettingsTabKey.h"
+
 #include <QUuid>
 #include <QWidget>
 
 class QLineEdit;
 class QPushButton;
 class QVBoxLayout;
+class SettingsViewModel;
 
 // The grouped form the editor pages and the "Over" page share: sections with
-// a headline above a rounded panel, stacked top to bottom.
+// a headline above a rounded panel, stacked top to bottom. An editor shows
+// one record of its kind, found by id on every read and write.
 class SettingsEditorPage : public QWidget
 {
     Q_OBJECT
 
 public:
-    explicit SettingsEditorPage(QWidget* parent = nullptr);
+    explicit SettingsEditorPage(SettingsViewModel* model = nullptr,
+                                SettingsTabKey::Kind kind = SettingsTabKey::Kind::none,
+                                QWidget* parent = nullptr);
 
     // A push button that Return presses too, as the space bar does.
     static QPushButton* makeButton(const QString& text);
@@ -26,6 +32,8 @@ public:
         m_record = id;
         refresh();
     }
+    // The record's position in the store's list, or -1.
+    qsizetype index() const;
 
 protected:
     // The content column of a new section; an empty header gives a section
@@ -41,8 +49,10 @@ protected:
     static QLineEdit* makeLineEdit(const QString& placeholder, int width = -1);
     virtual void refresh() {}
 
+    SettingsViewModel* m_model;
     QUuid m_record;
 
 private:
+    SettingsTabKey::Kind m_kind;
     QVBoxLayout* m_column;
 };

@@ -61,7 +61,7 @@ QHBoxLayout* tightRow(QWidget* owner, int spacing)
 } // namespace
 
 TemplateEditorPage::TemplateEditorPage(SettingsViewModel& model, QWidget* parent)
-    : SettingsEditorPage(parent), m_model(model)
+    : SettingsEditorPage(&model, SettingsTabKey::Kind::labelTemplate, parent)
 {
     buildDetailsSection();
     buildPlaceholderSection();
@@ -69,14 +69,14 @@ TemplateEditorPage::TemplateEditorPage(SettingsViewModel& model, QWidget* parent
     buildPreviewSection();
     m_deleteButton = addDeleteSection(u"Verwijder Etiket"_s);
     connect(m_deleteButton, &QPushButton::clicked, this,
-            [this] { m_model.deleteRecord(SettingsTabKey::Kind::labelTemplate, index()); });
+            [this] { m_model->deleteRecord(SettingsTabKey::Kind::labelTemplate, index()); });
 
-    AppSettings& settings = m_model.settings();
+    AppSettings& settings = m_model->settings();
     connect(&settings, &AppSettings::templatesChanged, this, &TemplateEditorPage::refresh);
     connect(&settings, &AppSettings::printersChanged, this, &TemplateEditorPage::refresh);
-    connect(&m_model, &SettingsViewModel::templateTestChanged, this,
+    connect(m_model, &SettingsViewModel::templateTestChanged, this,
             &TemplateEditorPage::refreshTestState);
-    connect(&m_model, &SettingsViewModel::copiedPlaceholderChanged, this,
+    connect(m_model, &SettingsViewModel::copiedPlaceholderChanged, this,
             &TemplateEditorPage::refreshCopyFeedback);
     refresh();
     refreshCopyFeedback();
@@ -114,23 +114,23 @@ void TemplateEditorPage::buildDetailsSection()
     details->addWidget(m_printerHint);
 
     connect(m_name, &QLineEdit::textEdited, this, [this](const QString& text) {
-        m_model.settings().updateTemplate(index(), [&text](LabelTemplate& t) { t.name = text; });
+        m_model->settings().updateTemplate(index(), [&text](LabelTemplate& t) { t.name = text; });
     });
     connect(m_printerChoice, &QComboBox::activated, this, [this](int row) {
         const QString id =
             m_printerChoice->itemData(row, PrinterChoiceDelegate::kIDRole).toString();
         const std::optional<QUuid> printerID =
             id.isEmpty() ? std::nullopt : std::optional(QUuid::fromString(id));
-        m_model.settings().updateTemplate(
+        m_model->settings().updateTemplate(
             index(), [&printerID](LabelTemplate& t) { t.printerID = printerID; });
     });
     connect(m_addPrinter, &QPushButton::clicked, this,
-            [this] { m_model.addRecord(SettingsTabKey::Kind::printer, false); });
+            [this] { m_model->addRecord(SettingsTabKey::Kind::printer, false); });
 }
 
 void TemplateEditorPage::refreshPrinterChoice(const std::optional<QUuid>& printerID)
 {
-    const QList<Printer>& printers = m_model.settings().printers();
+    const QList<Printer>& printers = m_model->settings().printers();
     m_printerChoice->setVisible(!printers.isEmpty());
     m_noPrinters->setVisible(printers.isEmpty());
     const QSignalBlocker blocker(m_printerChoice);
@@ -182,7 +182,7 @@ void TemplateEditorPage::buildPlaceholderSection()
         connect(press, &QShortcut::activated, chip, &QToolButton::click);
         connect(chip, &QToolButton::clicked, this, [this, key] {
             QGuiApplication::clipboard()->setText(key);
-            m_model.placeholderCopied(key);
+            m_model->placeholderCopied(key);
         });
         chipRow->addWidget(chip);
         m_chips.append(chip);
@@ -257,7 +257,7 @@ void TemplateEditorPage::buildZPLSection()
     connect(m_zpl->document(), &QTextDocument::contentsChange, this,
             [this](int position, int, int) { takeZPLEdit(position); });
     connect(m_testButton, &QPushButton::clicked, this,
-            [this] { m_model.testPrintTemplate(index()); });
+            [this] { m_model->testPrintTemplate(index()); });
 }
 
 void TemplateEditorPage::buildPreviewSection()
@@ -275,11 +275,6 @@ void TemplateEditorPage::refreshPreview()
     m_previewTimer.stop();
     m_previewedZPL = m_zplText;
     m_preview->showPreview(LabelPreview::make(m_renderer, m_previewedZPL, nullptr, 1));
-}
-
-qsizetype TemplateEditorPage::index() const
-{
-    return m_model.indexOf(SettingsTabKey::Kind::labelTemplate, m_record);
 }
 
 void TemplateEditorPage::setRecord(const QUuid& id)
@@ -306,13 +301,13 @@ void TemplateEditorPage::takeZPLEdit(int position)
     const QString shown = m_zpl->document()->toRawText();
     m_zplText = applyExactTextEdit(m_zplText, m_zplShown, shown, position);
     m_zplShown = shown;
-    m_model.settings().updateTemplate(index(),
-                                      [this](LabelTemplate& t) { t.zplContent = m_zplText; });
+    m_model->settings().updateTemplate(index(),
+                                       [this](LabelTemplate& t) { t.zplContent = m_zplText; });
 }
 
 void TemplateEditorPage::refresh()
 {
-    const AppSettings& settings = m_model.settings();
+    const AppSettings& settings = m_model->settings();
     const QList<LabelTemplate>& templates = settings.templates();
     const qsizetype at = index();
     const bool valid = at >= 0;
@@ -337,12 +332,12 @@ void TemplateEditorPage::refresh()
 void TemplateEditorPage::refreshTestState()
 {
     const qsizetype at = index();
-    const bool hasPrinter = at >= 0 && m_model.settings().templates().at(at).printerID;
-    m_testButton->setEnabled(hasPrinter && !m_model.isTemplateTesting());
+    const bool hasPrinter = at >= 0 && m_model->settings().templates().at(at).printerID;
+    m_testButton->setEnabled(hasPrinter && !m_model->isTemplateTesting());
 
-    const std::optional<QString>& result = m_model.templateTestResult();
-    m_testingRow->setVisible(m_model.isTemplateTesting());
-    m_resultRow->setVisible(!m_model.isTemplateTesting() && result.has_value());
+    const std::optional<QString>& result = m_model->templateTestResult();
+    m_testingRow->setVisible(m_model->isTemplateTesting());
+    m_resultRow->setVisible(!m_model->isTemplateTesting() && result.has_value());
     if (!result)
         return;
     const bool success = result->contains(u"✓"_s);
@@ -354,7 +349,7 @@ void TemplateEditorPage::refreshTestState()
 
 void TemplateEditorPage::refreshCopyFeedback()
 {
-    const std::optional<QString>& copied = m_model.copiedPlaceholder();
+    const std::optional<QString>& copied = m_model->copiedPlaceholder();
     m_copyHint->setVisible(!copied);
     m_copyFeedback->setVisible(copied.has_value());
     if (copied)
@@ -363,7 +358,7 @@ void TemplateEditorPage::refreshCopyFeedback()
 
 void TemplateEditorPage::refreshValidation(const QString& zpl)
 {
-    const ZPLService::Validation validation = m_model.zplService().validateTemplate(zpl);
+    const ZPLService::Validation validation = m_model->zplService().validateTemplate(zpl);
     if (validation.errors == m_shownMessages)
         return;
     m_shownMessages = validation.errors;

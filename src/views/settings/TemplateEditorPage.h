@@ -33,8 +33,6 @@ public:
 
     explicit TemplateEditorPage(SettingsViewModel& model, QWidget* parent = nullptr);
 
-    // The record's position in the store's list, or -1.
-    qsizetype index() const;
     void setRecord(const QUuid& id) override;
     QLineEdit* nameField() const { return m_name; }
     QComboBox* printerChoice() const { return m_printerChoice; }
@@ -69,7 +67,6 @@ private:
     void showZPL(const QString& zpl);
     void takeZPLEdit(int position);
 
-    SettingsViewModel& m_model;
     QLineEdit* m_name = nullptr;
     QComboBox* m_printerChoice = nullptr;
     QWidget* m_noPrinters = nullptr;
