@@ -55,13 +55,12 @@ void SettingsAccessibilityTest::everyControlHasANameAndARole()
     SettingsViewHarness harness;
     harness.setPrinters({SettingsViewHarness::printer(u"Balie"_s, u"10.0.0.5"_s)});
     QVERIFY(harness.show());
-    for (int page = 0; page < 4; ++page) {
-        if (page == 1)
-            harness.open<QWidget>(Kind::printer);
-        else if (page == 2)
-            harness.open<QWidget>(Kind::labelTemplate);
-        else if (page == 3)
-            harness.view().setSelectedTab(u"about"_s);
+    SettingsViewModel& model = harness.view().model();
+    const QStringList keys{
+        model.selectedTab(), SettingsTabKey::make(Kind::printer, model.ids(Kind::printer)[0]),
+        SettingsTabKey::make(Kind::labelTemplate, model.ids(Kind::labelTemplate)[0]), u"about"_s};
+    for (const QString& key : keys) {
+        model.setSelectedTab(key);
         int reachable = 0;
         for (QWidget* widget : harness.view().findChildren<QWidget*>()) {
             if (!widget->isVisible() || !(widget->focusPolicy() & Qt::TabFocus))
@@ -73,7 +72,7 @@ void SettingsAccessibilityTest::everyControlHasANameAndARole()
             QVERIFY2(iface->role() != QAccessible::NoRole && iface->role() != QAccessible::Client,
                      what.constData());
         }
-        QVERIFY2(reachable > 1, qPrintable(u"page %1: %2"_s.arg(page).arg(reachable)));
+        QVERIFY2(reachable > 1, qPrintable(key));
     }
 }
 
