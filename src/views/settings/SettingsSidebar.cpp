@@ -9,7 +9,6 @@
 
 #include <QHeaderView>
 #include <QKeyEvent>
-#include <QPainter>
 #include <QToolButton>
 
 using namespace Qt::StringLiterals;
@@ -229,15 +228,4 @@ void SettingsSidebar::fitDivider()
         m_delegate->setDividerHeight(wanted);
         scheduleDelayedItemsLayout();
     }
-}
-
-bool SettingsSidebar::event(QEvent* event)
-{
-    // The fill lies under the margins and the transparent viewport alike.
-    if (event->type() == QEvent::Paint) {
-        QColor background = Theme::controlBackground(palette());
-        background.setAlphaF(0.5f);
-        QPainter(this).fillRect(rect(), background);
-    }
-    return QTreeView::event(event);
 }

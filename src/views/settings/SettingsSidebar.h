@@ -27,7 +27,6 @@ public:
     QToolButton* addButton(SettingsTabKey::Kind kind) const;
 
 protected:
-    bool event(QEvent* event) override;
     void mousePressEvent(QMouseEvent* event) override;
     void keyPressEvent(QKeyEvent* event) override;
     QItemSelectionModel::SelectionFlags selectionCommand(const QModelIndex& index,

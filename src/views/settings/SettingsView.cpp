@@ -4,13 +4,13 @@
 #include "views/common/AppInfo.h"
 #include "views/common/Card.h"
 #include "views/common/Divider.h"
+#include "views/common/SaveErrorLabel.h"
 #include "views/common/SymbolLabel.h"
 #include "views/common/Theme.h"
 #include "views/settings/AboutSettingsPage.h"
 #include "views/settings/DossierEditorPage.h"
 #include "views/settings/NoRecordSelectedView.h"
 #include "views/settings/PrinterEditorPage.h"
-#include "views/settings/SettingsFooterView.h"
 #include "views/settings/SettingsRecordKind.h"
 #include "views/settings/SettingsSidebar.h"
 #include "views/settings/TemplateEditorPage.h"
@@ -20,6 +20,7 @@
 #include <QGuiApplication>
 #include <QHBoxLayout>
 #include <QLabel>
+#include <QPainter>
 #include <QScrollArea>
 #include <QShowEvent>
 #include <QStackedWidget>
@@ -75,12 +76,31 @@ QWidget* headerView()
     return header;
 }
 
+// The band at the bottom: the auto-save note, why the settings were not
+// saved (after a failed save only) and the version.
+QWidget* footerView(SaveErrorLabel* saveError)
+{
+    auto* footer = new QWidget;
+    auto* row = new QHBoxLayout(footer);
+    row->setContentsMargins(24, 12, 24, 12);
+    row->addWidget(Theme::label(u"Wijzigingen worden automatisch opgeslagen"_s,
+                                Theme::systemFont(11), Theme::kSecondaryText));
+    // Beside the note it contradicts; hidden while saves succeed.
+    row->addWidget(saveError);
+    row->addStretch();
+    row->addWidget(
+        Theme::label(SettingsView::appVersion(), Theme::systemFont(11), Theme::kSecondaryText));
+    footer->setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Fixed);
+    return footer;
+}
+
 } // namespace
 
 SettingsView::SettingsView(AppSettings& settings, QWidget* parent)
     : QWidget(parent), m_model(new SettingsViewModel(settings)),
       m_sidebar(new SettingsSidebar(*m_model)), m_content(new QStackedWidget),
-      m_footer(new SettingsFooterView(settings, appVersion())),
+      m_saveErrorLabel(new SaveErrorLabel(settings, Theme::systemFont(11), nullptr)),
+      m_footer(footerView(m_saveErrorLabel)),
       m_nothing(Theme::label(u"Selecteer een item"_s, Theme::body(), Theme::kSecondaryText)),
       m_about(new AboutSettingsPage)
 {
@@ -149,6 +169,16 @@ void SettingsView::copyPlaceholder(const QString& key)
 {
     QGuiApplication::clipboard()->setText(key);
     m_model->placeholderCopied(key);
+}
+
+void SettingsView::paintEvent(QPaintEvent*)
+{
+    // The sidebar and the footer lie on the control background at half strength.
+    QColor band = Theme::controlBackground(palette());
+    band.setAlphaF(0.5f);
+    QPainter painter(this);
+    painter.fillRect(m_sidebar->geometry(), band);
+    painter.fillRect(m_footer->geometry(), band);
 }
 
 void SettingsView::showEvent(QShowEvent* event)

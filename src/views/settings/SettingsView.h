@@ -10,7 +10,7 @@ class Divider;
 class QLabel;
 class QStackedWidget;
 class SettingsEditorPage;
-class SettingsFooterView;
+class SaveErrorLabel;
 class SettingsSidebar;
 
 // Root of the settings window: header, sidebar, detail area and footer over
@@ -27,7 +27,8 @@ public:
 
     SettingsViewModel& model() const { return *m_model; }
     SettingsSidebar* sidebar() const { return m_sidebar; }
-    SettingsFooterView* footer() const { return m_footer; }
+    // In the footer, shown after a failed save.
+    SaveErrorLabel* saveErrorLabel() const { return m_saveErrorLabel; }
     // The detail area's page shown now (an editor, an empty state, the "Over"
     // page or the "Selecteer een item" label), without its scroll area.
     QWidget* page() const;
@@ -58,6 +59,7 @@ public:
     void copyPlaceholder(const QString& key);
 
 protected:
+    void paintEvent(QPaintEvent* event) override;
     void showEvent(QShowEvent* event) override;
 
 private:
@@ -74,7 +76,8 @@ private:
     SettingsViewModel* m_model;
     SettingsSidebar* m_sidebar;
     QStackedWidget* m_content;
-    SettingsFooterView* m_footer;
+    SaveErrorLabel* m_saveErrorLabel;
+    QWidget* m_footer;
     QLabel* m_nothing;
     SettingsEditorPage* m_about;
     QMap<Kind, KindPages> m_kindPages;

@@ -1,7 +1,6 @@
 #include "TestHome.h"
 #include "model/AppSettings.h"
 #include "views/common/SaveErrorLabel.h"
-#include "views/settings/SettingsFooterView.h"
 #include "views/settings/SettingsView.h"
 #include "views/settings/SettingsWindow.h"
 
@@ -105,7 +104,7 @@ void SettingsWindowTest::aFailedSaveShowsUntilASaveSucceeds()
     SettingsWindow window(settings);
     window.show();
     QVERIFY(QTest::qWaitForWindowExposed(&window));
-    SaveErrorLabel* line = window.view()->footer()->saveErrorLabel();
+    SaveErrorLabel* line = window.view()->saveErrorLabel();
     QVERIFY(line->isVisible());
     // Whole: the footer has room for it.
     QTRY_COMPARE(line->text(), u"Instellingen niet opgeslagen: "_s + settings.saveError());
