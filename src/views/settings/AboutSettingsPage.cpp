@@ -63,14 +63,14 @@ AboutSettingsPage::AboutSettingsPage(QWidget* parent)
     owner->addWidget(
         Theme::label(u"© %1 Stampix. Alle rechten voorbehouden."_s.arg(QDate::currentDate().year()),
                      Theme::caption(), Theme::kSecondaryText));
-    m_link = new QLabel(
+    auto* link = new QLabel(
         u"<a href=\"%1\">%2</a>"_s.arg(AboutView::makerURL().toString(), AboutView::makerDomain()));
-    m_link->setFont(Theme::caption());
-    m_link->setAccessibleName(AboutView::makerDomain());
-    m_link->setTextFormat(Qt::RichText);
-    m_link->setTextInteractionFlags(Qt::LinksAccessibleByMouse | Qt::LinksAccessibleByKeyboard);
-    connect(m_link, &QLabel::linkActivated, this,
+    link->setFont(Theme::caption());
+    link->setAccessibleName(AboutView::makerDomain());
+    link->setTextFormat(Qt::RichText);
+    link->setTextInteractionFlags(Qt::LinksAccessibleByMouse | Qt::LinksAccessibleByKeyboard);
+    connect(link, &QLabel::linkActivated, this,
             [](const QString& link) { QDesktopServices::openUrl(QUrl(link)); });
-    owner->addWidget(m_link);
+    owner->addWidget(link);
     section->addLayout(owner);
 }

@@ -16,7 +16,6 @@ public:
 
     QLineEdit* nameField() const { return m_name; }
     QLineEdit* apiKeyField() const { return m_apiKey; }
-    QLineEdit* bookyearField() const { return m_bookyear; }
     // Shown only while there is more than one dossier.
     QPushButton* deleteButton() const { return m_deleteButton; }
 
