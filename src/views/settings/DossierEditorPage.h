@@ -4,7 +4,6 @@
 
 class QLineEdit;
 class QPushButton;
-class SettingsViewModel;
 
 // Edits one dossier's name and API key and the global book year.
 class DossierEditorPage : public SettingsEditorPage

@@ -85,10 +85,8 @@ PrinterEditorPage::PrinterEditorPage(SettingsViewModel& model, QWidget* parent)
     connect(m_deleteButton, &QPushButton::clicked, this,
             [this] { m_model->deleteRecord(SettingsTabKey::Kind::printer, index()); });
     connect(&m_model->settings(), &AppSettings::printersChanged, this, &PrinterEditorPage::refresh);
-    connect(m_model, &SettingsViewModel::printerTestChanged, this,
-            &PrinterEditorPage::refreshTestState);
-    connect(m_model, &SettingsViewModel::printerStatusChanged, this,
-            &PrinterEditorPage::refreshStatus);
+    connect(m_model, &SettingsViewModel::printerTestChanged, this, &PrinterEditorPage::refresh);
+    connect(m_model, &SettingsViewModel::printerStatusChanged, this, &PrinterEditorPage::refresh);
     refresh();
 }
 
@@ -96,9 +94,7 @@ std::optional<qint64> PrinterEditorPage::parsePort(const QString& text)
 {
     bool ok = false;
     const qint64 port = text.trimmed().toLongLong(&ok);
-    if (!ok)
-        return std::nullopt;
-    return port;
+    return ok ? std::optional(port) : std::nullopt;
 }
 
 void PrinterEditorPage::refresh()
@@ -110,36 +106,21 @@ void PrinterEditorPage::refresh()
     // While the port is being typed, text that is not (yet) a number stays.
     if (!m_port->hasFocus())
         syncText(m_port, at >= 0 ? QString::number(printer.port) : QString());
-    refreshTestState();
-    refreshStatus();
-}
 
-bool PrinterEditorPage::hasAddress() const
-{
-    const qsizetype at = index();
-    return at >= 0 && !m_model->settings().printers().at(at).ipAddress.isEmpty();
-}
-
-void PrinterEditorPage::refreshTestState()
-{
-    m_testButton->setEnabled(hasAddress() && !m_model->isPrinterTesting());
+    // The connection test and the status question each run one at a time.
+    const bool hasAddress = at >= 0 && !printer.ipAddress.isEmpty();
+    m_testButton->setEnabled(hasAddress && !m_model->isPrinterTesting());
     m_spinner->setVisible(m_model->isPrinterTesting());
-
     const std::optional<QString>& result = m_model->printerTestResult();
     m_result->setVisible(result.has_value());
     m_result->setText(result.value_or(QString()));
     if (result)
         m_result->setForegroundRole(result->contains(u"gelukt"_s) ? Theme::kSuccessText
                                                                   : Theme::kErrorText);
-}
 
-void PrinterEditorPage::refreshStatus()
-{
-    // The status button follows the test button's rule, for its own query.
-    m_statusButton->setEnabled(hasAddress() && !m_model->isQueryingStatus());
-
-    const bool asking = !m_record.isNull() && m_model->statusQueryPrinter() == m_record;
-    const PrinterStatus* status = index() >= 0 ? m_model->printerStatus(m_record) : nullptr;
+    m_statusButton->setEnabled(hasAddress && !m_model->isQueryingStatus());
+    const bool asking = at >= 0 && m_model->statusQueryPrinter() == m_record;
+    const PrinterStatus* status = at >= 0 ? m_model->printerStatus(m_record) : nullptr;
     m_status->setVisible(asking || status);
     m_statusSpinner->setVisible(asking);
     if (asking) {

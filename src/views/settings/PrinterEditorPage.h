@@ -6,7 +6,6 @@ class BusyIndicator;
 class QLabel;
 class QLineEdit;
 class QPushButton;
-class SettingsViewModel;
 
 // Edits one printer's name, address and port, tests the connection, asks the
 // printer for its status and deletes the printer.
@@ -34,9 +33,6 @@ public:
 
 private:
     void refresh() override;
-    void refreshTestState();
-    void refreshStatus();
-    bool hasAddress() const;
 
     QLineEdit* m_name;
     QLineEdit* m_ipAddress;

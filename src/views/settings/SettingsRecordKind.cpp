@@ -1,7 +1,5 @@
 #include "views/settings/SettingsRecordKind.h"
 
-#include <algorithm>
-
 using namespace Qt::StringLiterals;
 using Kind = SettingsTabKey::Kind;
 
@@ -19,10 +17,4 @@ const QList<SettingsRecordKind>& SettingsRecordKind::all()
          u"Klik op + naast Etiketten om er een toe te voegen"_s},
     };
     return kinds;
-}
-
-const SettingsRecordKind* SettingsRecordKind::of(Kind kind)
-{
-    const auto found = std::ranges::find(all(), kind, &SettingsRecordKind::kind);
-    return found == all().cend() ? nullptr : &*found;
 }

@@ -21,6 +21,4 @@ struct SettingsRecordKind
 
     // Dossiers, printers, templates: the sidebar's order.
     static const QList<SettingsRecordKind>& all();
-    // Null for a kind that is not a record kind.
-    static const SettingsRecordKind* of(SettingsTabKey::Kind kind);
 };

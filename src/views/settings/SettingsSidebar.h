@@ -2,7 +2,6 @@
 
 #include "viewmodels/SettingsTabKey.h"
 
-#include <QList>
 #include <QTreeView>
 
 class QToolButton;

@@ -3,7 +3,6 @@
 #include "viewmodels/SettingsTabKey.h"
 
 #include <QAbstractItemModel>
-#include <QList>
 #include <QUuid>
 #include <array>
 

@@ -74,12 +74,10 @@ TemplateEditorPage::TemplateEditorPage(SettingsViewModel& model, QWidget* parent
     AppSettings& settings = m_model->settings();
     connect(&settings, &AppSettings::templatesChanged, this, &TemplateEditorPage::refresh);
     connect(&settings, &AppSettings::printersChanged, this, &TemplateEditorPage::refresh);
-    connect(m_model, &SettingsViewModel::templateTestChanged, this,
-            &TemplateEditorPage::refreshTestState);
+    connect(m_model, &SettingsViewModel::templateTestChanged, this, &TemplateEditorPage::refresh);
     connect(m_model, &SettingsViewModel::copiedPlaceholderChanged, this,
-            &TemplateEditorPage::refreshCopyFeedback);
+            &TemplateEditorPage::refresh);
     refresh();
-    refreshCopyFeedback();
     refreshPreview();
 }
 
@@ -326,29 +324,18 @@ void TemplateEditorPage::refresh()
     if (m_zplText != m_previewedZPL)
         m_previewTimer.start();
     showDeleteSection(m_deleteButton, templates.size() > 1);
-    refreshTestState();
-}
 
-void TemplateEditorPage::refreshTestState()
-{
-    const qsizetype at = index();
-    const bool hasPrinter = at >= 0 && m_model->settings().templates().at(at).printerID;
-    m_testButton->setEnabled(hasPrinter && !m_model->isTemplateTesting());
-
+    // The test print's state and the copy feedback are one value for the window.
+    const bool testing = m_model->isTemplateTesting();
+    m_testButton->setEnabled(valid && labelTemplate.printerID && !testing);
     const std::optional<QString>& result = m_model->templateTestResult();
-    m_testingRow->setVisible(m_model->isTemplateTesting());
-    m_resultRow->setVisible(!m_model->isTemplateTesting() && result.has_value());
-    if (!result)
-        return;
-    const bool success = result->contains(u"✓"_s);
-    m_resultText->setText(*result);
+    m_testingRow->setVisible(testing);
+    m_resultRow->setVisible(!testing && result.has_value());
+    const bool success = result.value_or(QString()).contains(u"✓"_s);
+    m_resultText->setText(result.value_or(QString()));
     m_resultText->setForegroundRole(success ? Theme::kSuccessText : Theme::kErrorText);
     m_successIcon->setVisible(success);
     m_failureIcon->setVisible(!success);
-}
-
-void TemplateEditorPage::refreshCopyFeedback()
-{
     const std::optional<QString>& copied = m_model->copiedPlaceholder();
     m_copyHint->setVisible(!copied);
     m_copyFeedback->setVisible(copied.has_value());

@@ -3,10 +3,8 @@
 #include "labelrender/LabelRenderer.h"
 #include "views/settings/SettingsEditorPage.h"
 
-#include <QList>
 #include <QStringList>
 #include <QTimer>
-#include <QUuid>
 #include <chrono>
 
 class InfoBox;
@@ -18,7 +16,6 @@ class QPlainTextEdit;
 class QPushButton;
 class QToolButton;
 class QVBoxLayout;
-class SettingsViewModel;
 
 // Edits one label template: name, printer, ZPL text with live validation,
 // the placeholder chips that copy to the clipboard, a test print, the label
@@ -61,8 +58,6 @@ private:
     void refreshPreview();
     void refresh() override;
     void refreshPrinterChoice(const std::optional<QUuid>& printerID);
-    void refreshTestState();
-    void refreshCopyFeedback();
     void refreshValidation(const QString& zpl);
     void showZPL(const QString& zpl);
     void takeZPLEdit(int position);

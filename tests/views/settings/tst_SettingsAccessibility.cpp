@@ -1,6 +1,5 @@
 #include "SettingsViewHarness.h"
 #include "views/settings/PrinterEditorPage.h"
-#include "views/settings/SettingsRecordKind.h"
 #include "views/settings/SettingsWindow.h"
 #include "views/settings/TemplateEditorPage.h"
 
@@ -85,11 +84,11 @@ void SettingsAccessibilityTest::sidebarEntriesTellTheirState()
     QAccessibleInterface* tree = accessible(sidebar);
     QVERIFY(!tree->text(QAccessible::Name).isEmpty());
 
-    const QList<std::pair<Kind, QString>> groups{{Kind::dossier, u"Nieuw dossier"_s},
-                                                 {Kind::printer, u"Nieuwe printer"_s},
-                                                 {Kind::labelTemplate, u"Nieuw etiket"_s}};
-    for (const auto& [kind, addName] : groups) {
-        const QString title = SettingsRecordKind::of(kind)->groupTitle;
+    const QList<std::tuple<Kind, QString, QString>> groups{
+        {Kind::dossier, u"Dossiers"_s, u"Nieuw dossier"_s},
+        {Kind::printer, u"Printers"_s, u"Nieuwe printer"_s},
+        {Kind::labelTemplate, u"Etiketten"_s, u"Nieuw etiket"_s}};
+    for (const auto& [kind, title, addName] : groups) {
         QAccessibleInterface* header = entry(tree, title);
         QVERIFY2(header, qPrintable(title));
         QVERIFY(header->state().expandable && header->state().expanded);

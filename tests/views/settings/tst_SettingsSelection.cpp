@@ -105,21 +105,21 @@ void SettingsSelectionTest::staleKeysShowTheEmptyStates()
 
     harness.view().setSelectedTab(u"dossier-"_s + unknown);
     auto* empty = harness.pageAs<NoRecordSelectedView>();
-    QCOMPARE(empty->message(), u"Selecteer een dossier"_s);
+    QCOMPARE(empty->detail()->text(), u"Selecteer een dossier"_s);
     QVERIFY(empty->hint().isEmpty());
 
     // No printers at all: the empty-list text and the hint.
     harness.view().setSelectedTab(u"printer-nonsense"_s);
     empty = harness.pageAs<NoRecordSelectedView>();
-    QCOMPARE(empty->message(), u"Geen printers geconfigureerd"_s);
+    QCOMPARE(empty->detail()->text(), u"Geen printers geconfigureerd"_s);
     QCOMPARE(empty->hint(), u"Klik op + naast Printers om er een toe te voegen"_s);
 
     // The empty state follows the list as records come and go.
     harness.settings().addPrinter();
-    QCOMPARE(harness.pageAs<NoRecordSelectedView>()->message(), u"Selecteer een printer"_s);
+    QCOMPARE(harness.pageAs<NoRecordSelectedView>()->detail()->text(), u"Selecteer een printer"_s);
 
     harness.view().setSelectedTab(u"template-"_s + unknown);
-    QCOMPARE(harness.pageAs<NoRecordSelectedView>()->message(), u"Selecteer een etiket"_s);
+    QCOMPARE(harness.pageAs<NoRecordSelectedView>()->detail()->text(), u"Selecteer een etiket"_s);
     harness.view().setSelectedTab(u"something"_s);
     QCOMPARE(qobject_cast<QLabel*>(harness.page())->text(), u"Selecteer een item"_s);
 }
