@@ -114,7 +114,7 @@ void SettingsViewModel::testPrinterConnection(qsizetype index)
     const Printer printer = m_settings.printers().at(index);
     m_isPrinterTesting = true;
     m_printerTestResult.reset();
-    emit printerTestChanged();
+    emit resultsChanged();
     runPrinterTest(printer.ipAddress, printer.port);
 }
 
@@ -127,7 +127,7 @@ QCoro::Task<> SettingsViewModel::runPrinterTest(QString ip, qint64 port)
         co_return;
     m_printerTestResult = result.message;
     m_isPrinterTesting = false;
-    emit printerTestChanged();
+    emit resultsChanged();
 }
 
 const PrinterStatus* SettingsViewModel::printerStatus(const QUuid& printer) const
@@ -143,7 +143,7 @@ void SettingsViewModel::queryPrinterStatus(qsizetype index)
     const Printer printer = m_settings.printers().at(index);
     m_statusQueryPrinter = printer.id;
     m_printerStatus.reset();
-    emit printerStatusChanged();
+    emit resultsChanged();
     runStatusQuery(printer.ipAddress, printer.port);
 }
 
@@ -155,7 +155,7 @@ QCoro::Task<> SettingsViewModel::runStatusQuery(QString ip, qint64 port)
         co_return;
     m_printerStatus = status;
     m_printerStatusPrinter = std::exchange(m_statusQueryPrinter, QUuid());
-    emit printerStatusChanged();
+    emit resultsChanged();
 }
 
 void SettingsViewModel::testPrintTemplate(qsizetype index)
@@ -166,18 +166,18 @@ void SettingsViewModel::testPrintTemplate(qsizetype index)
     const std::optional<Printer> printer = m_settings.printerFor(labelTemplate);
     if (!printer || printer->ipAddress.isEmpty()) {
         m_templateTestResult = u"Geen printer geconfigureerd"_s;
-        emit templateTestChanged();
+        emit resultsChanged();
         return;
     }
     const std::optional<QString> zpl = m_zplService.previewZPL(labelTemplate.zplContent);
     if (!zpl) {
         m_templateTestResult = u"Fout: "_s + ZPLService::labelTooLargeMessage();
-        emit templateTestChanged();
+        emit resultsChanged();
         return;
     }
     m_isTemplateTesting = true;
     m_templateTestResult.reset();
-    emit templateTestChanged();
+    emit resultsChanged();
     runTemplateTest(*zpl, *printer);
 }
 
@@ -192,7 +192,7 @@ QCoro::Task<> SettingsViewModel::runTemplateTest(QString zpl, Printer printer)
     m_templateTestResult = error ? u"Fout: "_s + error->errorDescription()
                                  : u"✓ Test etiket verstuurd naar "_s + printer.name;
     m_isTemplateTesting = false;
-    emit templateTestChanged();
+    emit resultsChanged();
 }
 
 void SettingsViewModel::placeholderCopied(const QString& key)
@@ -211,5 +211,5 @@ void SettingsViewModel::setCopiedPlaceholder(std::optional<QString> key)
     if (key == m_copiedPlaceholder)
         return;
     m_copiedPlaceholder = std::move(key);
-    emit copiedPlaceholderChanged();
+    emit resultsChanged();
 }

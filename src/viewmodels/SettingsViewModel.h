@@ -76,10 +76,8 @@ public:
 signals:
     void selectedTabChanged();
     void expandedChanged();
-    void printerTestChanged();
-    void printerStatusChanged();
-    void templateTestChanged();
-    void copiedPlaceholderChanged();
+    // A test, the status question or the copy feedback changed.
+    void resultsChanged();
 
 private:
     void selectFirstDossier();

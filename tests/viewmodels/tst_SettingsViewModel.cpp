@@ -131,7 +131,7 @@ void SettingsViewModelTest::copyFeedbackEndsWithTheRightCopy()
     marker.setSingleShot(true);
     marker.setTimerType(Qt::PreciseTimer);
     std::optional<bool> markerDoneAtClear;
-    connect(&model, &SettingsViewModel::copiedPlaceholderChanged, &marker, [&] {
+    connect(&model, &SettingsViewModel::resultsChanged, &marker, [&] {
         if (!model.copiedPlaceholder())
             markerDoneAtClear = !marker.isActive();
     });

@@ -85,8 +85,7 @@ PrinterEditorPage::PrinterEditorPage(SettingsViewModel& model, QWidget* parent)
     connect(m_deleteButton, &QPushButton::clicked, this,
             [this] { m_model->deleteRecord(SettingsTabKey::Kind::printer, index()); });
     connect(&m_model->settings(), &AppSettings::printersChanged, this, &PrinterEditorPage::refresh);
-    connect(m_model, &SettingsViewModel::printerTestChanged, this, &PrinterEditorPage::refresh);
-    connect(m_model, &SettingsViewModel::printerStatusChanged, this, &PrinterEditorPage::refresh);
+    connect(m_model, &SettingsViewModel::resultsChanged, this, &PrinterEditorPage::refresh);
     refresh();
 }
 

@@ -74,9 +74,7 @@ TemplateEditorPage::TemplateEditorPage(SettingsViewModel& model, QWidget* parent
     AppSettings& settings = m_model->settings();
     connect(&settings, &AppSettings::templatesChanged, this, &TemplateEditorPage::refresh);
     connect(&settings, &AppSettings::printersChanged, this, &TemplateEditorPage::refresh);
-    connect(m_model, &SettingsViewModel::templateTestChanged, this, &TemplateEditorPage::refresh);
-    connect(m_model, &SettingsViewModel::copiedPlaceholderChanged, this,
-            &TemplateEditorPage::refresh);
+    connect(m_model, &SettingsViewModel::resultsChanged, this, &TemplateEditorPage::refresh);
     refresh();
     refreshPreview();
 }
