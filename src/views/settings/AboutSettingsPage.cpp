@@ -28,9 +28,10 @@ QVBoxLayout* tightColumn(int spacing)
 
 } // namespace
 
-AboutSettingsPage::AboutSettingsPage(QWidget* parent) : SettingsEditorPage(parent)
+AboutSettingsPage::AboutSettingsPage(QWidget* parent)
+    : SettingsEditorPage(nullptr, SettingsTabKey::Kind::none, parent)
 {
-    const Section section = addSection(u"Over Stampix"_s);
+    QVBoxLayout* section = addSection(u"Over Stampix"_s);
 
     auto* icon = new SymbolLabel(u"printer.fill"_s, kIconSize, QPalette::Highlight);
     QVBoxLayout* nameColumn = tightColumn(2);
@@ -42,7 +43,7 @@ AboutSettingsPage::AboutSettingsPage(QWidget* parent) : SettingsEditorPage(paren
     nameRow->addWidget(icon, 0, Qt::AlignVCenter);
     nameRow->addLayout(nameColumn);
     nameRow->addStretch();
-    section.content->addLayout(nameRow);
+    section->addLayout(nameRow);
 
     QVBoxLayout* about = tightColumn(4);
     about->addWidget(Theme::label(u"Etiket print tool voor Kalmora Online"_s, Theme::subheadline(),
@@ -54,22 +55,22 @@ AboutSettingsPage::AboutSettingsPage(QWidget* parent) : SettingsEditorPage(paren
         Theme::caption(), Theme::kSecondaryText);
     description->setWordWrap(true);
     about->addWidget(description);
-    section.content->addLayout(about);
+    section->addLayout(about);
 
-    section.content->addWidget(SettingsView::makeDivider(Qt::Horizontal));
+    section->addWidget(SettingsView::makeDivider(Qt::Horizontal));
 
     QVBoxLayout* owner = tightColumn(4);
     owner->addWidget(
         Theme::label(u"© %1 Stampix. Alle rechten voorbehouden."_s.arg(QDate::currentDate().year()),
                      Theme::caption(), Theme::kSecondaryText));
-    m_link = new QLabel(
+    auto* link = new QLabel(
         u"<a href=\"%1\">%2</a>"_s.arg(AboutView::makerURL().toString(), AboutView::makerDomain()));
-    m_link->setFont(Theme::caption());
-    m_link->setAccessibleName(AboutView::makerDomain());
-    m_link->setTextFormat(Qt::RichText);
-    m_link->setTextInteractionFlags(Qt::LinksAccessibleByMouse | Qt::LinksAccessibleByKeyboard);
-    connect(m_link, &QLabel::linkActivated, this,
+    link->setFont(Theme::caption());
+    link->setAccessibleName(AboutView::makerDomain());
+    link->setTextFormat(Qt::RichText);
+    link->setTextInteractionFlags(Qt::LinksAccessibleByMouse | Qt::LinksAccessibleByKeyboard);
+    connect(link, &QLabel::linkActivated, this,
             [](const QString& link) { QDesktopServices::openUrl(QUrl(link)); });
-    owner->addWidget(m_link);
-    section.content->addLayout(owner);
+    owner->addWidget(link);
+    section->addLayout(owner);
 }

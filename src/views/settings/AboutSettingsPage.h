@@ -2,8 +2,6 @@
 
 #include "views/settings/SettingsEditorPage.h"
 
-class QLabel;
-
 // The "Over" page of the settings window.
 class AboutSettingsPage : public SettingsEditorPage
 {
@@ -11,9 +9,4 @@ class AboutSettingsPage : public SettingsEditorPage
 
 public:
     explicit AboutSettingsPage(QWidget* parent = nullptr);
-
-    QLabel* linkLabel() const { return m_link; }
-
-private:
-    QLabel* m_link = nullptr;
 };

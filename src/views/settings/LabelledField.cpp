@@ -16,7 +16,7 @@ constexpr int kIconBox = 20;
 
 LabelledField::LabelledField(const QString& symbolName, const QString& label, QWidget* input,
                              QWidget* parent)
-    : QWidget(parent), m_label(label), m_input(input)
+    : QWidget(parent)
 {
     // What a screen reader calls the input: the label above it.
     if (input->accessibleName().isEmpty())

@@ -10,11 +10,4 @@ class LabelledField : public QWidget
 public:
     LabelledField(const QString& symbolName, const QString& label, QWidget* input,
                   QWidget* parent = nullptr);
-
-    const QString& label() const { return m_label; }
-    QWidget* input() const { return m_input; }
-
-private:
-    QString m_label;
-    QWidget* m_input;
 };

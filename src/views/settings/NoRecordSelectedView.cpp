@@ -14,11 +14,6 @@ NoRecordSelectedView::NoRecordSelectedView(const SettingsRecordKind& kind, bool 
         m_hint = addLine(kind.emptyListHint, Theme::caption());
 }
 
-QString NoRecordSelectedView::message() const
-{
-    return detail()->text();
-}
-
 QString NoRecordSelectedView::hint() const
 {
     return m_hint ? m_hint->text() : QString();

@@ -13,8 +13,7 @@ class NoRecordSelectedView : public PlaceholderView
 public:
     NoRecordSelectedView(const SettingsRecordKind& kind, bool listEmpty, QWidget* parent = nullptr);
 
-    QString message() const;
-    // Empty while the list has records.
+    // Below the message (detail()); empty while the list has records.
     QString hint() const;
 
 private:

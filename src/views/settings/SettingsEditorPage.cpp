@@ -1,5 +1,6 @@
 #include "views/settings/SettingsEditorPage.h"
 
+#include "viewmodels/SettingsViewModel.h"
 #include "views/common/Card.h"
 #include "views/common/SymbolIcons.h"
 #include "views/common/Theme.h"
@@ -18,15 +19,21 @@ constexpr int kSectionSpacing = 20;
 
 } // namespace
 
-SettingsEditorPage::SettingsEditorPage(QWidget* parent)
-    : QWidget(parent), m_column(new QVBoxLayout(this))
+SettingsEditorPage::SettingsEditorPage(SettingsViewModel* model, SettingsTabKey::Kind kind,
+                                       QWidget* parent)
+    : QWidget(parent), m_model(model), m_kind(kind), m_column(new QVBoxLayout(this))
 {
     m_column->setContentsMargins(16, 8 + 12, 16, 16);
     m_column->setSpacing(kSectionSpacing);
     m_column->addStretch(1);
 }
 
-SettingsEditorPage::Section SettingsEditorPage::addSection(const QString& header)
+qsizetype SettingsEditorPage::index() const
+{
+    return m_model ? m_model->indexOf(m_kind, m_record) : -1;
+}
+
+QVBoxLayout* SettingsEditorPage::addSection(const QString& header)
 {
     auto* section = new QWidget;
     auto* layout = new QVBoxLayout(section);
@@ -47,13 +54,13 @@ SettingsEditorPage::Section SettingsEditorPage::addSection(const QString& header
     layout->addWidget(card);
     // Keep the trailing stretch last.
     m_column->insertWidget(m_column->count() - 1, section);
-    return {section, content};
+    return content;
 }
 
-QPushButton* SettingsEditorPage::addDeleteSection(const QString& text, QWidget** section)
+QPushButton* SettingsEditorPage::addDeleteSection(const QString& text)
 {
-    const Section created = addSection({});
-    created.content->setContentsMargins(12, 8, 12, 8);
+    QVBoxLayout* content = addSection({});
+    content->setContentsMargins(12, 8, 12, 8);
     QPushButton* button = makeButton(text);
     button->setIcon(SymbolIcons::tinted(u"trash", Theme::red()));
     QPalette pal = button->palette();
@@ -65,10 +72,14 @@ QPushButton* SettingsEditorPage::addDeleteSection(const QString& text, QWidget**
     row->addStretch();
     row->addWidget(button);
     row->addStretch();
-    created.content->addLayout(row);
-    if (section)
-        *section = created.widget;
+    content->addLayout(row);
     return button;
+}
+
+void SettingsEditorPage::showDeleteSection(QPushButton* button, bool shown)
+{
+    // The button sits on the section's card.
+    button->parentWidget()->parentWidget()->setVisible(shown);
 }
 
 void SettingsEditorPage::syncText(QLineEdit* field, const QString& text)

@@ -1,26 +1,14 @@
 #pragma once
 
-#include "views/settings/SettingsTabKey.h"
+#include "viewmodels/SettingsTabKey.h"
 
 #include <QList>
 #include <QString>
-#include <QUuid>
-
-class AppSettings;
 
 // The texts and symbols of one kind of record (dossiers, printers, label
-// templates), and how to list, add and remove its records in the store.
+// templates) in the sidebar and the detail area's empty states.
 struct SettingsRecordKind
 {
-    // One record as the sidebar shows it.
-    struct Entry
-    {
-        QUuid id;
-        QString name;
-        // Shown with the filled symbol in green.
-        bool isSetUp = false;
-    };
-
     SettingsTabKey::Kind kind;
     QString groupTitle;
     QString symbol;
@@ -31,16 +19,6 @@ struct SettingsRecordKind
     QString emptyListText;
     QString emptyListHint;
 
-    QList<Entry> entries(const AppSettings& settings) const;
-    void add(AppSettings& settings) const;
-    // Removes the record at a valid index.
-    void remove(AppSettings& settings, qsizetype index) const;
-
-    // The record's position in the store's list, or -1.
-    qsizetype indexOf(const AppSettings& settings, const QUuid& id) const;
-
     // Dossiers, printers, templates: the sidebar's order.
     static const QList<SettingsRecordKind>& all();
-    // Null for a kind that is not a record kind.
-    static const SettingsRecordKind* of(SettingsTabKey::Kind kind);
 };

@@ -1,15 +1,14 @@
 #include "views/settings/SettingsSidebar.h"
 
+#include "viewmodels/SettingsViewModel.h"
 #include "views/common/SymbolIcons.h"
 #include "views/common/Theme.h"
 #include "views/settings/SettingsRecordKind.h"
 #include "views/settings/SettingsSidebarDelegate.h"
 #include "views/settings/SettingsSidebarModel.h"
-#include "views/settings/SettingsView.h"
 
 #include <QHeaderView>
 #include <QKeyEvent>
-#include <QPainter>
 #include <QToolButton>
 
 using namespace Qt::StringLiterals;
@@ -27,8 +26,9 @@ constexpr int kPlusRight = 12;
 
 } // namespace
 
-SettingsSidebar::SettingsSidebar(SettingsView& view, QWidget* parent)
-    : QTreeView(parent), m_view(view), m_model(new SettingsSidebarModel(view.settings(), this)),
+SettingsSidebar::SettingsSidebar(SettingsViewModel& model, QWidget* parent)
+    : QTreeView(parent), m_viewModel(model),
+      m_model(new SettingsSidebarModel(model.settings(), this)),
       m_delegate(new SettingsSidebarDelegate(this))
 {
     setObjectName(u"sidebarView"_s);
@@ -62,17 +62,21 @@ SettingsSidebar::SettingsSidebar(SettingsView& view, QWidget* parent)
         plus->setCursor(Qt::PointingHandCursor);
         // The view is the Tab stop; "+" and Insert on a header add from the keyboard.
         plus->setFocusPolicy(Qt::NoFocus);
-        connect(plus, &QToolButton::clicked, this, [this, k = kind.kind] { m_view.addRecord(k); });
+        connect(plus, &QToolButton::clicked, this,
+                [this, k = kind.kind] { m_viewModel.addRecord(k); });
         m_addButtons.append(plus);
     }
 
-    connect(this, &QTreeView::expanded, this,
-            [this](const QModelIndex& group) { m_view.setExpanded(m_model->kindOf(group), true); });
-    connect(this, &QTreeView::collapsed, this, [this](const QModelIndex& group) {
-        m_view.setExpanded(m_model->kindOf(group), false);
+    connect(this, &QTreeView::expanded, this, [this](const QModelIndex& group) {
+        m_viewModel.setExpanded(m_model->kindOf(group), true);
     });
-    connect(&m_view, &SettingsView::expandedChanged, this, &SettingsSidebar::applyExpanded);
-    connect(&m_view, &SettingsView::selectedTabChanged, this, &SettingsSidebar::syncSelection);
+    connect(this, &QTreeView::collapsed, this, [this](const QModelIndex& group) {
+        m_viewModel.setExpanded(m_model->kindOf(group), false);
+    });
+    connect(&m_viewModel, &SettingsViewModel::expandedChanged, this,
+            &SettingsSidebar::applyExpanded);
+    connect(&m_viewModel, &SettingsViewModel::selectedTabChanged, this,
+            &SettingsSidebar::syncSelection);
     connect(selectionModel(), &QItemSelectionModel::selectionChanged, this,
             &SettingsSidebar::takeSelection);
     // A new list length arrives as a reset, which forgets the open groups and the selection.
@@ -94,13 +98,18 @@ void SettingsSidebar::applyExpanded()
 {
     for (int group = 0; group < SettingsSidebarModel::kGroupCount; ++group) {
         const QModelIndex index = m_model->index(group, 0);
-        setExpanded(index, m_view.isExpanded(m_model->kindOf(index)));
+        setExpanded(index, m_viewModel.isExpanded(m_model->kindOf(index)));
     }
+}
+
+void SettingsSidebar::toggleGroup(Kind group)
+{
+    m_viewModel.setExpanded(group, !m_viewModel.isExpanded(group));
 }
 
 void SettingsSidebar::syncSelection()
 {
-    const QModelIndex row = m_model->indexOfKey(m_view.selectedTab());
+    const QModelIndex row = m_model->indexOfKey(m_viewModel.selectedTab());
     if (!row.isValid())
         selectionModel()->clearSelection();
     else if (!selectionModel()->isSelected(row))
@@ -113,7 +122,8 @@ void SettingsSidebar::takeSelection()
     if (selected.isEmpty())
         syncSelection();
     else
-        m_view.setSelectedTab(selected.constFirst().data(SettingsSidebarModel::keyRole).toString());
+        m_viewModel.setSelectedTab(
+            selected.constFirst().data(SettingsSidebarModel::keyRole).toString());
 }
 
 QItemSelectionModel::SelectionFlags SettingsSidebar::selectionCommand(const QModelIndex& index,
@@ -135,7 +145,7 @@ void SettingsSidebar::mousePressEvent(QMouseEvent* event)
     }
     setFocus(Qt::MouseFocusReason);
     selectionModel()->setCurrentIndex(index, QItemSelectionModel::NoUpdate);
-    m_view.toggleGroup(group);
+    toggleGroup(group);
 }
 
 void SettingsSidebar::keyPressEvent(QKeyEvent* event)
@@ -147,11 +157,11 @@ void SettingsSidebar::keyPressEvent(QKeyEvent* event)
         case Qt::Key_Enter:
         case Qt::Key_Space:
             if (!event->isAutoRepeat())
-                m_view.toggleGroup(group);
+                toggleGroup(group);
             return;
         case Qt::Key_Plus:
         case Qt::Key_Insert:
-            m_view.addRecord(group);
+            m_viewModel.addRecord(group);
             return;
         default:
             break;
@@ -218,15 +228,4 @@ void SettingsSidebar::fitDivider()
         m_delegate->setDividerHeight(wanted);
         scheduleDelayedItemsLayout();
     }
-}
-
-bool SettingsSidebar::event(QEvent* event)
-{
-    // The fill lies under the margins and the transparent viewport alike.
-    if (event->type() == QEvent::Paint) {
-        QColor background = Theme::controlBackground(palette());
-        background.setAlphaF(0.5f);
-        QPainter(this).fillRect(rect(), background);
-    }
-    return QTreeView::event(event);
 }

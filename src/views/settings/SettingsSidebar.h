@@ -1,14 +1,13 @@
 #pragma once
 
-#include "views/settings/SettingsTabKey.h"
+#include "viewmodels/SettingsTabKey.h"
 
-#include <QList>
 #include <QTreeView>
 
 class QToolButton;
 class SettingsSidebarDelegate;
 class SettingsSidebarModel;
-class SettingsView;
+class SettingsViewModel;
 
 // The left column of the settings window: the three record groups, each with
 // its "+" button, and "Over" at the bottom. One stop of the Tab chain; the
@@ -21,13 +20,12 @@ class SettingsSidebar : public QTreeView
 public:
     static constexpr int kWidth = 200;
 
-    explicit SettingsSidebar(SettingsView& view, QWidget* parent = nullptr);
+    explicit SettingsSidebar(SettingsViewModel& model, QWidget* parent = nullptr);
 
     SettingsSidebarModel* sidebarModel() const { return m_model; }
     QToolButton* addButton(SettingsTabKey::Kind kind) const;
 
 protected:
-    bool event(QEvent* event) override;
     void mousePressEvent(QMouseEvent* event) override;
     void keyPressEvent(QKeyEvent* event) override;
     QItemSelectionModel::SelectionFlags selectionCommand(const QModelIndex& index,
@@ -38,12 +36,13 @@ protected:
 
 private:
     void applyExpanded();
+    void toggleGroup(SettingsTabKey::Kind group);
     void syncSelection();
     void takeSelection();
     void fitDivider();
     void placeAddButtons();
 
-    SettingsView& m_view;
+    SettingsViewModel& m_viewModel;
     SettingsSidebarModel* m_model;
     SettingsSidebarDelegate* m_delegate;
     QList<QToolButton*> m_addButtons;

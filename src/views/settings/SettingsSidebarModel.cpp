@@ -22,7 +22,7 @@ SettingsSidebarModel::SettingsSidebarModel(const AppSettings& settings, QObject*
     : QAbstractItemModel(parent), m_settings(settings)
 {
     for (int group = 0; group < kGroupCount; ++group)
-        m_counts[group] = recordCount(group);
+        m_counts[group] = records(group).size();
     connect(&settings, &AppSettings::dossiersChanged, this, [this] { listChanged(0); });
     // A template's symbol also tells whether its printer still exists.
     connect(&settings, &AppSettings::printersChanged, this, [this] {
@@ -32,14 +32,28 @@ SettingsSidebarModel::SettingsSidebarModel(const AppSettings& settings, QObject*
     connect(&settings, &AppSettings::templatesChanged, this, [this] { listChanged(2); });
 }
 
-qsizetype SettingsSidebarModel::recordCount(int group) const
+QList<SettingsSidebarModel::Record> SettingsSidebarModel::records(int group) const
 {
-    return groupKind(group).entries(m_settings).size();
+    QList<Record> records;
+    switch (groupKind(group).kind) {
+    case Kind::dossier:
+        for (const Dossier& dossier : m_settings.dossiers())
+            records.append({dossier.id, dossier.name, !dossier.apiKey.isEmpty()});
+        break;
+    case Kind::printer:
+        for (const Printer& printer : m_settings.printers())
+            records.append({printer.id, printer.name, !printer.ipAddress.isEmpty()});
+        break;
+    default:
+        for (const LabelTemplate& t : m_settings.templates())
+            records.append({t.id, t.name, m_settings.printerFor(t).has_value()});
+    }
+    return records;
 }
 
 void SettingsSidebarModel::listChanged(int group)
 {
-    const qsizetype count = recordCount(group);
+    const qsizetype count = records(group).size();
     if (count != m_counts[group]) {
         // The store only says that a list changed; a new length is told as a
         // new tree, which the view answers by restoring its state.
@@ -74,8 +88,12 @@ QModelIndex SettingsSidebarModel::indexOfKey(const QString& key) const
     const QModelIndex group = groupIndex(parsed.kind);
     if (!group.isValid() || !parsed.id)
         return {};
-    const qsizetype row = groupKind(group.row()).indexOf(m_settings, *parsed.id);
-    return row < 0 ? QModelIndex() : index(int(row), 0, group);
+    const QList<Record> rows = records(group.row());
+    for (int row = 0; row < rows.size(); ++row) {
+        if (rows.at(row).id == *parsed.id)
+            return index(row, 0, group);
+    }
+    return {};
 }
 
 QModelIndex SettingsSidebarModel::index(int row, int column, const QModelIndex& parent) const
@@ -172,10 +190,10 @@ QVariant SettingsSidebarModel::data(const QModelIndex& index, int role) const
     if (entry == Entry::emptyText)
         return role == Qt::DisplayRole ? QVariant(kind.emptyGroupText) : QVariant();
 
-    const QList<SettingsRecordKind::Entry> records = kind.entries(m_settings);
-    if (index.row() >= records.size())
+    const QList<Record> rows = records(int(index.internalId()));
+    if (index.row() >= rows.size())
         return {};
-    const SettingsRecordKind::Entry& record = records.at(index.row());
+    const Record& record = rows.at(index.row());
     switch (role) {
     case Qt::DisplayRole:
         return record.name;

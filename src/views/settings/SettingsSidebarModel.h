@@ -1,8 +1,9 @@
 #pragma once
 
-#include "views/settings/SettingsTabKey.h"
+#include "viewmodels/SettingsTabKey.h"
 
 #include <QAbstractItemModel>
+#include <QUuid>
 #include <array>
 
 class AppSettings;
@@ -57,7 +58,16 @@ private:
     // Top-level rows carry this id; records carry their group's row.
     static constexpr quintptr kTopLevel = quintptr(-1);
 
-    qsizetype recordCount(int group) const;
+    // One record as a row shows it.
+    struct Record
+    {
+        QUuid id;
+        QString name;
+        // Shown with the filled symbol, in green.
+        bool isSetUp = false;
+    };
+
+    QList<Record> records(int group) const;
     Entry entryOf(const QModelIndex& index) const;
     void listChanged(int group);
 

@@ -1,62 +1,152 @@
 #include "views/settings/SettingsView.h"
 
 #include "model/AppSettings.h"
-#include "services/PrinterService.h"
 #include "views/common/AppInfo.h"
+#include "views/common/Card.h"
 #include "views/common/Divider.h"
-#include "views/settings/SettingsDetailArea.h"
-#include "views/settings/SettingsFooterView.h"
-#include "views/settings/SettingsHeaderView.h"
+#include "views/common/SaveErrorLabel.h"
+#include "views/common/SymbolLabel.h"
+#include "views/common/Theme.h"
+#include "views/settings/AboutSettingsPage.h"
+#include "views/settings/DossierEditorPage.h"
+#include "views/settings/NoRecordSelectedView.h"
+#include "views/settings/PrinterEditorPage.h"
 #include "views/settings/SettingsRecordKind.h"
 #include "views/settings/SettingsSidebar.h"
+#include "views/settings/TemplateEditorPage.h"
 
 #include <QClipboard>
+#include <QGraphicsDropShadowEffect>
 #include <QGuiApplication>
 #include <QHBoxLayout>
-#include <QPointer>
+#include <QLabel>
+#include <QPainter>
+#include <QScrollArea>
 #include <QShowEvent>
-#include <QTimer>
+#include <QStackedWidget>
 #include <QVBoxLayout>
-#include <utility>
 
 using namespace Qt::StringLiterals;
 
+namespace {
+
+constexpr int kTileSize = 44;
+constexpr int kGearSize = 24;
+
+QWidget* gearTile()
+{
+    QColor blueFaded = Theme::blue();
+    blueFaded.setAlphaF(0.8f);
+    auto* tile = new Card(10, nullptr);
+    tile->setGradient(Theme::blue(), blueFaded);
+    tile->setFixedSize(kTileSize, kTileSize);
+    auto* shadow = new QGraphicsDropShadowEffect(tile);
+    shadow->setColor(QColor(0, 0, 0, 26));
+    shadow->setBlurRadius(8);
+    shadow->setOffset(0, 2);
+    tile->setGraphicsEffect(shadow);
+    auto* centre = new QVBoxLayout(tile);
+    centre->setContentsMargins(0, 0, 0, 0);
+    centre->addWidget(new SymbolLabel(u"gear"_s, kGearSize, QColor(Qt::white)), 0, Qt::AlignCenter);
+    return tile;
+}
+
+// The band at the top: a gear tile, the title and a one-line explanation.
+QWidget* headerView()
+{
+    auto* texts = new QVBoxLayout;
+    texts->setSpacing(2);
+    texts->addStretch();
+    texts->addWidget(Theme::label(u"Stampix Instellingen"_s, Theme::systemFont(20, QFont::DemiBold),
+                                  QPalette::WindowText));
+    texts->addWidget(Theme::label(u"Configureer je dossiers, printers en etiket templates"_s,
+                                  Theme::systemFont(12), Theme::kSecondaryText));
+    texts->addStretch();
+    auto* header = new QWidget;
+    auto* row = new QHBoxLayout(header);
+    row->setContentsMargins(24, 16, 24, 16);
+    row->setSpacing(16);
+    row->addWidget(gearTile());
+    row->addLayout(texts);
+    row->addStretch();
+    header->setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Fixed);
+    // The band fades to 0.95 of this colour at its bottom edge, which no eye can tell.
+    header->setBackgroundRole(QPalette::Base);
+    header->setAutoFillBackground(true);
+    return header;
+}
+
+// The band at the bottom: the auto-save note, why the settings were not
+// saved (after a failed save only) and the version.
+QWidget* footerView(SaveErrorLabel* saveError)
+{
+    auto* footer = new QWidget;
+    auto* row = new QHBoxLayout(footer);
+    row->setContentsMargins(24, 12, 24, 12);
+    row->addWidget(Theme::label(u"Wijzigingen worden automatisch opgeslagen"_s,
+                                Theme::systemFont(11), Theme::kSecondaryText));
+    // Beside the note it contradicts; hidden while saves succeed.
+    row->addWidget(saveError);
+    row->addStretch();
+    row->addWidget(
+        Theme::label(SettingsView::appVersion(), Theme::systemFont(11), Theme::kSecondaryText));
+    footer->setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Fixed);
+    return footer;
+}
+
+} // namespace
+
 SettingsView::SettingsView(AppSettings& settings, QWidget* parent)
-    : QWidget(parent), m_settings(settings), m_printerService(std::make_shared<PrinterService>()),
-      m_templatePrinterService(std::make_shared<PrinterService>())
+    : QWidget(parent), m_model(new SettingsViewModel(settings)),
+      m_sidebar(new SettingsSidebar(*m_model)), m_content(new QStackedWidget),
+      m_saveErrorLabel(new SaveErrorLabel(settings, Theme::systemFont(11), nullptr)),
+      m_footer(footerView(m_saveErrorLabel)),
+      m_nothing(Theme::label(u"Selecteer een item"_s, Theme::body(), Theme::kSecondaryText)),
+      m_about(new AboutSettingsPage)
 {
     setAutoFillBackground(true);
-    buildLayout();
-}
+    // The detail area's pages live as long as the window; a selection only
+    // changes which one shows and which record an editor shows.
+    m_content->setObjectName(u"contentView"_s);
+    m_nothing->setAlignment(Qt::AlignCenter);
+    m_content->addWidget(m_nothing);
+    addScrolled(m_about);
+    const QMap<Kind, SettingsEditorPage*> editors{
+        {Kind::dossier, new DossierEditorPage(*m_model)},
+        {Kind::printer, new PrinterEditorPage(*m_model)},
+        {Kind::labelTemplate, new TemplateEditorPage(*m_model)}};
+    for (const SettingsRecordKind& kind : SettingsRecordKind::all()) {
+        const KindPages pages{editors.value(kind.kind), new NoRecordSelectedView(kind, false),
+                              new NoRecordSelectedView(kind, true)};
+        addScrolled(pages.editor);
+        m_content->addWidget(pages.prompt);
+        m_content->addWidget(pages.emptyList);
+        m_kindPages.insert(kind.kind, pages);
+    }
 
-SettingsView::~SettingsView()
-{
-    // The pages call back into this view (a field losing focus on the way out
-    // commits its text); remove them while this view is still whole.
-    const QList<QWidget*> children = findChildren<QWidget*>(Qt::FindDirectChildrenOnly);
-    qDeleteAll(children);
-}
-
-void SettingsView::buildLayout()
-{
-    m_sidebar = new SettingsSidebar(*this);
-    m_detailArea = new SettingsDetailArea(*this);
     auto* body = new QHBoxLayout;
     body->setContentsMargins(0, 0, 0, 0);
     body->setSpacing(0);
     body->addWidget(m_sidebar);
     body->addWidget(makeDivider(Qt::Vertical));
-    body->addWidget(m_detailArea, 1);
-
+    body->addWidget(m_content, 1);
     auto* column = new QVBoxLayout(this);
     column->setContentsMargins(0, 0, 0, 0);
     column->setSpacing(0);
-    column->addWidget(new SettingsHeaderView);
+    column->addWidget(headerView());
     column->addWidget(makeDivider(Qt::Horizontal));
     column->addLayout(body, 1);
     column->addWidget(makeDivider(Qt::Horizontal));
-    m_footer = new SettingsFooterView(m_settings, appVersion());
     column->addWidget(m_footer);
+
+    connect(m_model, &SettingsViewModel::selectedTabChanged, this, &SettingsView::showSelection);
+    connect(&settings, &AppSettings::dossiersChanged, this, &SettingsView::showSelection);
+    connect(&settings, &AppSettings::printersChanged, this, &SettingsView::showSelection);
+    connect(&settings, &AppSettings::templatesChanged, this, &SettingsView::showSelection);
+    showSelection();
+    // Parented last, so it goes after the pages: a field that loses the focus
+    // on its way out still reads the state.
+    m_model->setParent(this);
 }
 
 QString SettingsView::appVersion()
@@ -69,38 +159,20 @@ Divider* SettingsView::makeDivider(Qt::Orientation orientation)
     return new Divider(orientation);
 }
 
-void SettingsView::setSelectedTab(const QString& key)
+void SettingsView::copyPlaceholder(const QString& key)
 {
-    if (key == m_selectedTab)
-        return;
-    m_selectedTab = key;
-    emit selectedTabChanged();
+    QGuiApplication::clipboard()->setText(key);
+    m_model->placeholderCopied(key);
 }
 
-void SettingsView::select(Kind kind, const QUuid& id)
+void SettingsView::paintEvent(QPaintEvent*)
 {
-    setSelectedTab(SettingsTabKey::make(kind, id));
-}
-
-bool SettingsView::isExpanded(Kind group) const
-{
-    return SettingsRecordKind::of(group) && !m_collapsedGroups.contains(group);
-}
-
-void SettingsView::setExpanded(Kind group, bool expanded, bool animated)
-{
-    if (!SettingsRecordKind::of(group) || isExpanded(group) == expanded)
-        return;
-    if (expanded)
-        m_collapsedGroups.removeAll(group);
-    else
-        m_collapsedGroups.append(group);
-    emit expandedChanged(group, animated);
-}
-
-void SettingsView::toggleGroup(Kind group)
-{
-    setExpanded(group, !isExpanded(group), true);
+    // The sidebar and the footer lie on the control background at half strength.
+    QColor band = Theme::controlBackground(palette());
+    band.setAlphaF(0.5f);
+    QPainter painter(this);
+    painter.fillRect(m_sidebar->geometry(), band);
+    painter.fillRect(m_footer->geometry(), band);
 }
 
 void SettingsView::showEvent(QShowEvent* event)
@@ -108,166 +180,54 @@ void SettingsView::showEvent(QShowEvent* event)
     QWidget::showEvent(event);
     if (event->spontaneous())
         return;
-    initializeSelectedTab();
+    m_model->initializeSelectedTab();
     // The keyboard starts in the sidebar.
     if (!isAncestorOf(focusWidget()))
-        focusSidebar();
+        m_sidebar->setFocus(Qt::TabFocusReason);
 }
 
-void SettingsView::initializeSelectedTab()
+void SettingsView::addScrolled(QWidget* page)
 {
-    if (m_selectedTab.isEmpty())
-        selectFirstDossier();
+    auto* scroll = new QScrollArea;
+    scroll->setFrameShape(QFrame::NoFrame);
+    scroll->setWidgetResizable(true);
+    scroll->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
+    // The page's controls take the focus, not the area around them.
+    scroll->setFocusPolicy(Qt::NoFocus);
+    scroll->viewport()->setAutoFillBackground(false);
+    page->setAutoFillBackground(false);
+    scroll->setWidget(page);
+    m_content->addWidget(scroll);
 }
 
-void SettingsView::selectFirstDossier()
+QWidget* SettingsView::page() const
 {
-    if (!m_settings.dossiers().isEmpty())
-        select(Kind::dossier, m_settings.dossiers().constFirst().id);
+    auto* scroll = qobject_cast<QScrollArea*>(m_content->currentWidget());
+    return scroll ? scroll->widget() : m_content->currentWidget();
 }
 
-void SettingsView::addRecord(Kind kind, bool openGroup)
+void SettingsView::showSelection()
 {
-    const SettingsRecordKind* records = SettingsRecordKind::of(kind);
-    if (!records)
-        return;
-    records->add(m_settings);
-    if (openGroup)
-        setExpanded(kind, true);
-    const QList<SettingsRecordKind::Entry> entries = records->entries(m_settings);
-    if (!entries.isEmpty())
-        select(kind, entries.constLast().id);
-}
-
-void SettingsView::deleteRecord(Kind kind, qsizetype index)
-{
-    const SettingsRecordKind* records = SettingsRecordKind::of(kind);
-    if (!records || index < 0 || index >= records->entries(m_settings).size())
-        return;
-    records->remove(m_settings, index);
-    const QList<SettingsRecordKind::Entry> remaining = records->entries(m_settings);
-    if (!remaining.isEmpty())
-        select(kind, remaining.constFirst().id);
-    else
-        selectFirstDossier();
-}
-
-void SettingsView::focusSidebar()
-{
-    m_sidebar->setFocus(Qt::TabFocusReason);
-}
-
-void SettingsView::testPrinterConnection(qsizetype index)
-{
-    // The button is disabled while a test runs; this also covers a double click
-    // that arrives before the button was repainted.
-    if (m_isPrinterTesting || index < 0 || index >= m_settings.printers().size())
-        return;
-    const Printer printer = m_settings.printers().at(index);
-    m_isPrinterTesting = true;
-    m_printerTestResult.reset();
-    emit printerTestChanged();
-    runPrinterTest(printer.ipAddress, printer.port);
-}
-
-QCoro::Task<> SettingsView::runPrinterTest(QString ip, qint64 port)
-{
-    const QPointer<SettingsView> self(this);
-    const std::shared_ptr<PrinterService> service = m_printerService;
-    const PrinterService::ConnectionTestResult result = co_await service->testConnection(ip, port);
-    if (!self)
-        co_return;
-    m_printerTestResult = result.message;
-    m_isPrinterTesting = false;
-    emit printerTestChanged();
-}
-
-const PrinterStatus* SettingsView::printerStatus(const QUuid& printer) const
-{
-    return m_printerStatus && printer == m_printerStatusPrinter ? &*m_printerStatus : nullptr;
-}
-
-void SettingsView::queryPrinterStatus(qsizetype index)
-{
-    // One query at a time, as with the connection test.
-    if (isQueryingStatus() || index < 0 || index >= m_settings.printers().size())
-        return;
-    const Printer printer = m_settings.printers().at(index);
-    m_statusQueryPrinter = printer.id;
-    m_printerStatus.reset();
-    emit printerStatusChanged();
-    runStatusQuery(printer.ipAddress, printer.port);
-}
-
-QCoro::Task<> SettingsView::runStatusQuery(QString ip, qint64 port)
-{
-    const QPointer<SettingsView> self(this);
-    const PrinterStatus status = co_await m_statusService.queryStatus(ip, port);
-    if (!self)
-        co_return;
-    m_printerStatus = status;
-    m_printerStatusPrinter = std::exchange(m_statusQueryPrinter, QUuid());
-    emit printerStatusChanged();
-}
-
-void SettingsView::testPrintTemplate(qsizetype index)
-{
-    if (m_isTemplateTesting || index < 0 || index >= m_settings.templates().size())
-        return;
-    const LabelTemplate labelTemplate = m_settings.templates().at(index);
-    const std::optional<Printer> printer = m_settings.printerFor(labelTemplate);
-    if (!printer || printer->ipAddress.isEmpty()) {
-        m_templateTestResult = u"Geen printer geconfigureerd"_s;
-        emit templateTestChanged();
-        return;
+    const SettingsTabKey::Parsed key = SettingsTabKey::parse(m_model->selectedTab());
+    const QUuid record = key.id && m_model->indexOf(key.kind, *key.id) >= 0 ? *key.id : QUuid();
+    QWidget* shown = m_nothing;
+    if (key.kind == Kind::about)
+        shown = m_about;
+    if (const auto pages = m_kindPages.constFind(key.kind); pages != m_kindPages.constEnd()) {
+        shown = !record.isNull()                   ? pages->editor
+                : m_model->ids(key.kind).isEmpty() ? pages->emptyList
+                                                   : pages->prompt;
     }
-    const std::optional<QString> zpl = m_zplService.previewZPL(labelTemplate.zplContent);
-    if (!zpl) {
-        m_templateTestResult = u"Fout: "_s + ZPLService::labelTooLargeMessage();
-        emit templateTestChanged();
+    if (shown == m_shownPage && record == m_shownRecord)
         return;
-    }
-    m_isTemplateTesting = true;
-    m_templateTestResult.reset();
-    emit templateTestChanged();
-    runTemplateTest(*zpl, *printer);
-}
-
-QCoro::Task<> SettingsView::runTemplateTest(QString zpl, Printer printer)
-{
-    const QPointer<SettingsView> self(this);
-    const std::shared_ptr<PrinterService> service = m_templatePrinterService;
-    const std::optional<PrinterError> error =
-        co_await service->sendZPL(zpl, printer.ipAddress, printer.port);
-    if (!self)
-        co_return;
-    m_templateTestResult = error ? u"Fout: "_s + error->errorDescription()
-                                 : u"✓ Test etiket verstuurd naar "_s + printer.name;
-    m_isTemplateTesting = false;
-    emit templateTestChanged();
-}
-
-void SettingsView::copyPlaceholder(const QString& key)
-{
-    QGuiApplication::clipboard()->setText(key);
-    setCopiedPlaceholder(key);
-    // Each click schedules its own check, so a later click on another chip
-    // keeps its full time and a repeated click does not extend the first.
-    QTimer::singleShot(m_copyFeedbackDuration, Qt::PreciseTimer, this, [this, key] {
-        if (m_copiedPlaceholder == key)
-            setCopiedPlaceholder(std::nullopt);
-    });
-}
-
-void SettingsView::setCopyFeedbackDuration(std::chrono::milliseconds duration)
-{
-    m_copyFeedbackDuration = duration;
-}
-
-void SettingsView::setCopiedPlaceholder(std::optional<QString> key)
-{
-    if (key == m_copiedPlaceholder)
-        return;
-    m_copiedPlaceholder = std::move(key);
-    emit copiedPlaceholderChanged();
+    // Keyboard users keep their place in the window when the page they were
+    // in goes or shows another record.
+    if (m_content->isAncestorOf(window()->focusWidget()))
+        m_sidebar->setFocus(Qt::TabFocusReason);
+    m_shownPage = shown;
+    m_shownRecord = record;
+    if (!record.isNull())
+        m_kindPages[key.kind].editor->setRecord(record);
+    const bool scrolled = shown == m_about || !record.isNull();
+    m_content->setCurrentWidget(scrolled ? shown->parentWidget()->parentWidget() : shown);
 }

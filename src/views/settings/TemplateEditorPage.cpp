@@ -2,6 +2,7 @@
 
 #include "labelrender/LabelPreview.h"
 #include "model/AppSettings.h"
+#include "viewmodels/SettingsViewModel.h"
 #include "views/common/BusyIndicator.h"
 #include "views/common/LabelPreviewView.h"
 #include "views/common/SymbolLabel.h"
@@ -9,17 +10,19 @@
 #include "views/settings/ExactTextEdit.h"
 #include "views/settings/InfoBox.h"
 #include "views/settings/LabelledField.h"
-#include "views/settings/SettingsRecordKind.h"
-#include "views/settings/SettingsView.h"
-#include "views/settings/TemplatePrinterField.h"
+#include "views/settings/PrinterChoiceDelegate.h"
 
+#include <QClipboard>
+#include <QComboBox>
 #include <QGridLayout>
+#include <QGuiApplication>
 #include <QHBoxLayout>
 #include <QLabel>
 #include <QLineEdit>
 #include <QPlainTextEdit>
 #include <QPushButton>
 #include <QShortcut>
+#include <QSignalBlocker>
 #include <QTextDocument>
 #include <QToolButton>
 #include <QVBoxLayout>
@@ -32,6 +35,7 @@ namespace {
 constexpr int kSmallIcon = 12;
 constexpr int kSpinnerSize = 12;
 constexpr int kEditorMinHeight = 200;
+constexpr int kChoiceWidth = 250;
 
 // One look for all chips: blue monospaced text on pale blue. The button adds
 // room around its text of its own, so the chip needs no padding.
@@ -56,48 +60,105 @@ QHBoxLayout* tightRow(QWidget* owner, int spacing)
 
 } // namespace
 
-TemplateEditorPage::TemplateEditorPage(SettingsView& view, qsizetype index, QWidget* parent)
-    : SettingsEditorPage(parent), m_view(view), m_index(index)
+TemplateEditorPage::TemplateEditorPage(SettingsViewModel& model, QWidget* parent)
+    : SettingsEditorPage(&model, SettingsTabKey::Kind::labelTemplate, parent)
 {
     buildDetailsSection();
     buildPlaceholderSection();
     buildZPLSection();
     buildPreviewSection();
-    m_deleteButton = addDeleteSection(u"Verwijder Etiket"_s, &m_deleteSection);
+    m_deleteButton = addDeleteSection(u"Verwijder Etiket"_s);
     connect(m_deleteButton, &QPushButton::clicked, this,
-            [this] { m_view.deleteRecord(SettingsTabKey::Kind::labelTemplate, m_index); });
+            [this] { m_model->deleteRecord(SettingsTabKey::Kind::labelTemplate, index()); });
 
-    AppSettings& settings = m_view.settings();
+    AppSettings& settings = m_model->settings();
     connect(&settings, &AppSettings::templatesChanged, this, &TemplateEditorPage::refresh);
     connect(&settings, &AppSettings::printersChanged, this, &TemplateEditorPage::refresh);
-    connect(&m_view, &SettingsView::templateTestChanged, this,
-            &TemplateEditorPage::refreshTestState);
-    connect(&m_view, &SettingsView::copiedPlaceholderChanged, this,
-            &TemplateEditorPage::refreshCopyFeedback);
+    connect(m_model, &SettingsViewModel::resultsChanged, this, &TemplateEditorPage::refresh);
     refresh();
-    refreshCopyFeedback();
     refreshPreview();
 }
 
 void TemplateEditorPage::buildDetailsSection()
 {
-    const Section details = addSection(u"Etiket Details"_s);
+    QVBoxLayout* details = addSection(u"Etiket Details"_s);
     m_name = makeLineEdit(u"Etiket naam"_s);
-    m_printerField = new TemplatePrinterField(m_view, m_index);
     m_printerHint =
         new InfoBox(u"Selecteer een printer om etiketten te kunnen printen met dit template"_s);
-    details.content->addWidget(new LabelledField(u"tag"_s, u"Naam"_s, m_name));
-    details.content->addWidget(new LabelledField(u"printer"_s, u"Printer"_s, m_printerField));
-    details.content->addWidget(m_printerHint);
+    details->addWidget(new LabelledField(u"tag"_s, u"Naam"_s, m_name));
+
+    // The printer input: a choice of the configured printers, or, when there
+    // are none, a note with a button that adds one.
+    m_printerChoice = new QComboBox;
+    m_printerChoice->setFixedWidth(kChoiceWidth);
+    m_printerChoice->setItemDelegate(new PrinterChoiceDelegate(m_printerChoice));
+    m_noPrinters = new QWidget;
+    m_addPrinter = makeButton(u"Printer Toevoegen"_s);
+    m_addPrinter->setFont(Theme::caption());
+    QHBoxLayout* noPrintersRow = tightRow(m_noPrinters, -1);
+    noPrintersRow->addWidget(
+        Theme::label(u"Geen printers geconfigureerd"_s, Theme::caption(), Theme::kSecondaryText));
+    noPrintersRow->addWidget(m_addPrinter);
+    noPrintersRow->addStretch();
+    auto* printerField = new QWidget;
+    QHBoxLayout* printerRow = tightRow(printerField, -1);
+    printerRow->addWidget(m_printerChoice);
+    printerRow->addWidget(m_noPrinters);
+    printerRow->addStretch();
+    details->addWidget(new LabelledField(u"printer"_s, u"Printer"_s, printerField));
+    m_printerChoice->setAccessibleName(u"Printer"_s);
+    details->addWidget(m_printerHint);
 
     connect(m_name, &QLineEdit::textEdited, this, [this](const QString& text) {
-        m_view.settings().updateTemplate(m_index, [&text](LabelTemplate& t) { t.name = text; });
+        m_model->settings().updateTemplate(index(), [&text](LabelTemplate& t) { t.name = text; });
     });
+    connect(m_printerChoice, &QComboBox::activated, this, [this](int row) {
+        const QString id =
+            m_printerChoice->itemData(row, PrinterChoiceDelegate::kIDRole).toString();
+        const std::optional<QUuid> printerID =
+            id.isEmpty() ? std::nullopt : std::optional(QUuid::fromString(id));
+        m_model->settings().updateTemplate(
+            index(), [&printerID](LabelTemplate& t) { t.printerID = printerID; });
+    });
+    connect(m_addPrinter, &QPushButton::clicked, this,
+            [this] { m_model->addRecord(SettingsTabKey::Kind::printer, false); });
+}
+
+void TemplateEditorPage::refreshPrinterChoice(const std::optional<QUuid>& printerID)
+{
+    const QList<Printer>& printers = m_model->settings().printers();
+    m_printerChoice->setVisible(!printers.isEmpty());
+    m_noPrinters->setVisible(printers.isEmpty());
+    const QSignalBlocker blocker(m_printerChoice);
+    QStringList shown;
+    for (const Printer& printer : printers)
+        shown << SettingsTabKey::uuidText(printer.id) << printer.name << printer.ipAddress;
+    // Left alone while unchanged, so an open drop-down is not disturbed.
+    if (shown != m_shownPrinters || m_printerChoice->count() == 0) {
+        m_shownPrinters = shown;
+        m_printerChoice->clear();
+        m_printerChoice->addItem(u"Geen printer geselecteerd"_s, QString());
+        for (const Printer& printer : printers) {
+            m_printerChoice->addItem(printer.ipAddress.isEmpty()
+                                         ? printer.name
+                                         : printer.name + u" ("_s + printer.ipAddress + u")"_s,
+                                     SettingsTabKey::uuidText(printer.id));
+            const int row = m_printerChoice->count() - 1;
+            m_printerChoice->setItemData(row, printer.name, PrinterChoiceDelegate::kNameRole);
+            m_printerChoice->setItemData(row, printer.ipAddress,
+                                         PrinterChoiceDelegate::kAddressRole);
+        }
+    }
+    // A printer id that names no printer shows no entry.
+    m_printerChoice->setCurrentIndex(
+        printerID ? m_printerChoice->findData(SettingsTabKey::uuidText(*printerID),
+                                              PrinterChoiceDelegate::kIDRole)
+                  : 0);
 }
 
 void TemplateEditorPage::buildPlaceholderSection()
 {
-    const Section placeholders = addSection(u"Beschikbare Placeholders"_s);
+    QVBoxLayout* placeholders = addSection(u"Beschikbare Placeholders"_s);
     QStringList keys = ZPLService::placeholders().keys();
     std::sort(keys.begin(), keys.end());
     auto* chipRow = new QHBoxLayout;
@@ -115,12 +176,15 @@ void TemplateEditorPage::buildPlaceholderSection()
         press->setKeys({QKeySequence(Qt::Key_Return), QKeySequence(Qt::Key_Enter)});
         press->setContext(Qt::WidgetShortcut);
         connect(press, &QShortcut::activated, chip, &QToolButton::click);
-        connect(chip, &QToolButton::clicked, this, [this, key] { m_view.copyPlaceholder(key); });
+        connect(chip, &QToolButton::clicked, this, [this, key] {
+            QGuiApplication::clipboard()->setText(key);
+            m_model->placeholderCopied(key);
+        });
         chipRow->addWidget(chip);
         m_chips.append(chip);
     }
     chipRow->addStretch();
-    placeholders.content->addLayout(chipRow);
+    placeholders->addLayout(chipRow);
 
     // The hint keeps its place while the feedback is shown over it.
     m_copyHint = new InfoBox(u"Klik op een placeholder om te kopiëren naar klembord"_s);
@@ -140,12 +204,12 @@ void TemplateEditorPage::buildPlaceholderSection()
     layers->setContentsMargins(0, 0, 0, 0);
     layers->addWidget(m_copyHint, 0, 0);
     layers->addWidget(m_copyFeedback, 0, 0, Qt::AlignVCenter);
-    placeholders.content->addLayout(layers);
+    placeholders->addLayout(layers);
 }
 
 void TemplateEditorPage::buildZPLSection()
 {
-    const Section zpl = addSection(u"ZPL Template"_s);
+    QVBoxLayout* zpl = addSection(u"ZPL Template"_s);
     m_zpl = new QPlainTextEdit;
     m_zpl->setFont(Theme::monospaced(Theme::body().pixelSize()));
     m_zpl->setMinimumHeight(kEditorMinHeight);
@@ -154,57 +218,48 @@ void TemplateEditorPage::buildZPLSection()
     // Tab leaves the editor, so the keyboard never gets stuck in it.
     m_zpl->setTabChangesFocus(true);
     m_zpl->setStyleSheet(kEditorStyle.toString());
-    zpl.content->addWidget(m_zpl);
+    zpl->addWidget(m_zpl);
 
     m_testButton = makeButton(u"Test Print"_s);
     auto* buttonRow = new QHBoxLayout;
     buttonRow->addStretch();
     buttonRow->addWidget(m_testButton);
-    zpl.content->addLayout(buttonRow);
-    zpl.content->addWidget(buildTestingRow());
-    zpl.content->addWidget(buildResultRow());
+    zpl->addLayout(buttonRow);
 
-    m_validation = new QVBoxLayout;
-    m_validation->setSpacing(4);
-    zpl.content->addLayout(m_validation);
-
-    connect(m_zpl->document(), &QTextDocument::contentsChange, this,
-            [this](int position, int, int) { takeZPLEdit(position); });
-    connect(m_testButton, &QPushButton::clicked, this,
-            [this] { m_view.testPrintTemplate(m_index); });
-}
-
-QWidget* TemplateEditorPage::buildTestingRow()
-{
     m_testingRow = new QWidget;
-    QHBoxLayout* row = tightRow(m_testingRow, 8);
-    row->addWidget(new BusyIndicator(kSpinnerSize));
-    row->addWidget(
+    QHBoxLayout* testing = tightRow(m_testingRow, 8);
+    testing->addWidget(new BusyIndicator(kSpinnerSize));
+    testing->addWidget(
         Theme::label(u"Test etiket versturen..."_s, Theme::caption(), Theme::kSecondaryText));
-    row->addStretch();
-    return m_testingRow;
-}
+    testing->addStretch();
+    zpl->addWidget(m_testingRow);
 
-QWidget* TemplateEditorPage::buildResultRow()
-{
     m_resultRow = new QWidget;
     m_successIcon = new SymbolLabel(u"checkmark.circle.fill"_s, kSmallIcon, Theme::kSuccessText);
     m_failureIcon = new SymbolLabel(u"xmark.circle.fill"_s, kSmallIcon, Theme::kErrorText);
     m_resultText = Theme::label({}, Theme::caption(), QPalette::WindowText);
     m_resultText->setWordWrap(true);
     m_resultText->setTextInteractionFlags(Qt::TextSelectableByMouse);
-    QHBoxLayout* row = tightRow(m_resultRow, 4);
-    row->addWidget(m_successIcon);
-    row->addWidget(m_failureIcon);
-    row->addWidget(m_resultText, 1);
-    return m_resultRow;
+    QHBoxLayout* result = tightRow(m_resultRow, 4);
+    result->addWidget(m_successIcon);
+    result->addWidget(m_failureIcon);
+    result->addWidget(m_resultText, 1);
+    zpl->addWidget(m_resultRow);
+
+    m_validation = new QVBoxLayout;
+    m_validation->setSpacing(4);
+    zpl->addLayout(m_validation);
+
+    connect(m_zpl->document(), &QTextDocument::contentsChange, this,
+            [this](int position, int, int) { takeZPLEdit(position); });
+    connect(m_testButton, &QPushButton::clicked, this,
+            [this] { m_model->testPrintTemplate(index()); });
 }
 
 void TemplateEditorPage::buildPreviewSection()
 {
-    const Section section = addSection(u"Voorbeeld"_s);
     m_preview = new LabelPreviewView;
-    section.content->addWidget(m_preview);
+    addSection(u"Voorbeeld"_s)->addWidget(m_preview);
     m_previewTimer.setSingleShot(true);
     m_previewTimer.setInterval(kPreviewDelay);
     connect(&m_previewTimer, &QTimer::timeout, this, &TemplateEditorPage::refreshPreview);
@@ -220,18 +275,10 @@ void TemplateEditorPage::refreshPreview()
 
 void TemplateEditorPage::setRecord(const QUuid& id)
 {
-    m_index =
-        SettingsRecordKind::of(SettingsTabKey::Kind::labelTemplate)->indexOf(m_view.settings(), id);
-    m_printerField->setIndex(m_index);
-    refresh();
+    SettingsEditorPage::setRecord(id);
     // Another record starts with its own history and its preview at once.
     m_zpl->document()->clearUndoRedoStacks();
     refreshPreview();
-}
-
-bool TemplateEditorPage::isDeleteShown() const
-{
-    return !m_deleteSection->isHidden();
 }
 
 void TemplateEditorPage::showZPL(const QString& zpl)
@@ -250,19 +297,20 @@ void TemplateEditorPage::takeZPLEdit(int position)
     const QString shown = m_zpl->document()->toRawText();
     m_zplText = applyExactTextEdit(m_zplText, m_zplShown, shown, position);
     m_zplShown = shown;
-    m_view.settings().updateTemplate(m_index,
-                                     [this](LabelTemplate& t) { t.zplContent = m_zplText; });
+    m_model->settings().updateTemplate(index(),
+                                       [this](LabelTemplate& t) { t.zplContent = m_zplText; });
 }
 
 void TemplateEditorPage::refresh()
 {
-    const AppSettings& settings = m_view.settings();
+    const AppSettings& settings = m_model->settings();
     const QList<LabelTemplate>& templates = settings.templates();
-    const bool valid = m_index >= 0 && m_index < templates.size();
-    const LabelTemplate labelTemplate = valid ? templates.at(m_index) : LabelTemplate{};
+    const qsizetype at = index();
+    const bool valid = at >= 0;
+    const LabelTemplate labelTemplate = valid ? templates.at(at) : LabelTemplate{};
 
     syncText(m_name, valid ? labelTemplate.name : QString());
-    m_printerField->refresh();
+    refreshPrinterChoice(labelTemplate.printerID);
     m_printerHint->setVisible(valid && !labelTemplate.printerID && !settings.printers().isEmpty());
 
     // Only a different text replaces the editor's: a change elsewhere in the
@@ -273,32 +321,20 @@ void TemplateEditorPage::refresh()
     refreshValidation(zpl);
     if (m_zplText != m_previewedZPL)
         m_previewTimer.start();
-    m_deleteSection->setVisible(templates.size() > 1);
-    refreshTestState();
-}
+    showDeleteSection(m_deleteButton, templates.size() > 1);
 
-void TemplateEditorPage::refreshTestState()
-{
-    const QList<LabelTemplate>& templates = m_view.settings().templates();
-    const bool hasPrinter =
-        m_index >= 0 && m_index < templates.size() && templates.at(m_index).printerID.has_value();
-    m_testButton->setEnabled(hasPrinter && !m_view.isTemplateTesting());
-
-    const std::optional<QString>& result = m_view.templateTestResult();
-    m_testingRow->setVisible(m_view.isTemplateTesting());
-    m_resultRow->setVisible(!m_view.isTemplateTesting() && result.has_value());
-    if (!result)
-        return;
-    const bool success = result->contains(u"✓"_s);
-    m_resultText->setText(*result);
+    // The test print's state and the copy feedback are one value for the window.
+    const bool testing = m_model->isTemplateTesting();
+    m_testButton->setEnabled(valid && labelTemplate.printerID && !testing);
+    const std::optional<QString>& result = m_model->templateTestResult();
+    m_testingRow->setVisible(testing);
+    m_resultRow->setVisible(!testing && result.has_value());
+    const bool success = result.value_or(QString()).contains(u"✓"_s);
+    m_resultText->setText(result.value_or(QString()));
     m_resultText->setForegroundRole(success ? Theme::kSuccessText : Theme::kErrorText);
     m_successIcon->setVisible(success);
     m_failureIcon->setVisible(!success);
-}
-
-void TemplateEditorPage::refreshCopyFeedback()
-{
-    const std::optional<QString>& copied = m_view.copiedPlaceholder();
+    const std::optional<QString>& copied = m_model->copiedPlaceholder();
     m_copyHint->setVisible(!copied);
     m_copyFeedback->setVisible(copied.has_value());
     if (copied)
@@ -307,7 +343,7 @@ void TemplateEditorPage::refreshCopyFeedback()
 
 void TemplateEditorPage::refreshValidation(const QString& zpl)
 {
-    const ZPLService::Validation validation = m_view.zplService().validateTemplate(zpl);
+    const ZPLService::Validation validation = m_model->zplService().validateTemplate(zpl);
     if (validation.errors == m_shownMessages)
         return;
     m_shownMessages = validation.errors;

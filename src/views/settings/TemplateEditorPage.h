@@ -3,22 +3,19 @@
 #include "labelrender/LabelRenderer.h"
 #include "views/settings/SettingsEditorPage.h"
 
-#include <QList>
 #include <QStringList>
 #include <QTimer>
-#include <QUuid>
 #include <chrono>
 
 class InfoBox;
 class LabelPreviewView;
+class QComboBox;
 class QLabel;
 class QLineEdit;
 class QPlainTextEdit;
 class QPushButton;
 class QToolButton;
 class QVBoxLayout;
-class SettingsView;
-class TemplatePrinterField;
 
 // Edits one label template: name, printer, ZPL text with live validation,
 // the placeholder chips that copy to the clipboard, a test print, the label
@@ -31,13 +28,13 @@ public:
     // How long the preview waits after a keystroke before it draws again.
     static constexpr std::chrono::milliseconds kPreviewDelay{150};
 
-    TemplateEditorPage(SettingsView& view, qsizetype index, QWidget* parent = nullptr);
+    explicit TemplateEditorPage(SettingsViewModel& model, QWidget* parent = nullptr);
 
-    qsizetype index() const { return m_index; }
-    // Shows the record with this id; an id the store does not hold shows an empty page.
-    void setRecord(const QUuid& id);
+    void setRecord(const QUuid& id) override;
     QLineEdit* nameField() const { return m_name; }
-    TemplatePrinterField* printerField() const { return m_printerField; }
+    QComboBox* printerChoice() const { return m_printerChoice; }
+    QWidget* noPrintersRow() const { return m_noPrinters; }
+    QPushButton* addPrinterButton() const { return m_addPrinter; }
     InfoBox* printerHint() const { return m_printerHint; }
     const QList<QToolButton*>& chips() const { return m_chips; }
     InfoBox* copyHint() const { return m_copyHint; }
@@ -50,28 +47,26 @@ public:
     QLabel* resultLabel() const { return m_resultText; }
     QStringList validationMessages() const { return m_shownMessages; }
     LabelPreviewView* preview() const { return m_preview; }
+    // Shown only while there is more than one template.
     QPushButton* deleteButton() const { return m_deleteButton; }
-    bool isDeleteShown() const;
 
 private:
     void buildDetailsSection();
     void buildPlaceholderSection();
     void buildZPLSection();
-    QWidget* buildTestingRow();
-    QWidget* buildResultRow();
     void buildPreviewSection();
     void refreshPreview();
-    void refresh();
-    void refreshTestState();
-    void refreshCopyFeedback();
+    void refresh() override;
+    void refreshPrinterChoice(const std::optional<QUuid>& printerID);
     void refreshValidation(const QString& zpl);
     void showZPL(const QString& zpl);
     void takeZPLEdit(int position);
 
-    SettingsView& m_view;
-    qsizetype m_index;
     QLineEdit* m_name = nullptr;
-    TemplatePrinterField* m_printerField = nullptr;
+    QComboBox* m_printerChoice = nullptr;
+    QWidget* m_noPrinters = nullptr;
+    QPushButton* m_addPrinter = nullptr;
+    QStringList m_shownPrinters;
     InfoBox* m_printerHint = nullptr;
     QList<QToolButton*> m_chips;
     InfoBox* m_copyHint = nullptr;
@@ -91,7 +86,6 @@ private:
     QTimer m_previewTimer;
     QString m_previewedZPL; // the text the preview shows
     QPushButton* m_deleteButton = nullptr;
-    QWidget* m_deleteSection = nullptr;
     // The template's text exactly as stored, and the document's raw text
     // showing it: QPlainTextEdit turns CR, CRLF, U+2028 and no-break spaces
     // into other characters in toPlainText().

@@ -3,8 +3,6 @@
 #include "TestHome.h"
 #include "model/AppSettings.h"
 #include "views/common/Theme.h"
-#include "views/settings/SettingsDetailArea.h"
-#include "views/settings/SettingsRecordKind.h"
 #include "views/settings/SettingsSidebar.h"
 #include "views/settings/SettingsSidebarModel.h"
 #include "views/settings/SettingsView.h"
@@ -34,13 +32,13 @@ public:
     AppSettings& settings() { return *m_settings; }
     SettingsView& view() { return *m_view; }
 
-    QWidget* page() const { return m_view->findChild<SettingsDetailArea*>()->page(); }
+    QWidget* page() const { return m_view->page(); }
     template <typename Page> Page* pageAs() const { return qobject_cast<Page*>(page()); }
 
     // Selects the record at `index` of a kind and returns the page showing it.
     template <typename Page> Page* open(SettingsTabKey::Kind kind, qsizetype index = 0)
     {
-        m_view->select(kind, SettingsRecordKind::of(kind)->entries(*m_settings).at(index).id);
+        m_view->select(kind, m_view->model().ids(kind).at(index));
         return pageAs<Page>();
     }
 

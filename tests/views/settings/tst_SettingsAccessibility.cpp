@@ -54,13 +54,12 @@ void SettingsAccessibilityTest::everyControlHasANameAndARole()
     SettingsViewHarness harness;
     harness.setPrinters({SettingsViewHarness::printer(u"Balie"_s, u"10.0.0.5"_s)});
     QVERIFY(harness.show());
-    for (int page = 0; page < 4; ++page) {
-        if (page == 1)
-            harness.open<QWidget>(Kind::printer);
-        else if (page == 2)
-            harness.open<QWidget>(Kind::labelTemplate);
-        else if (page == 3)
-            harness.view().setSelectedTab(u"about"_s);
+    SettingsViewModel& model = harness.view().model();
+    const QStringList keys{
+        model.selectedTab(), SettingsTabKey::make(Kind::printer, model.ids(Kind::printer)[0]),
+        SettingsTabKey::make(Kind::labelTemplate, model.ids(Kind::labelTemplate)[0]), u"about"_s};
+    for (const QString& key : keys) {
+        model.setSelectedTab(key);
         int reachable = 0;
         for (QWidget* widget : harness.view().findChildren<QWidget*>()) {
             if (!widget->isVisible() || !(widget->focusPolicy() & Qt::TabFocus))
@@ -72,7 +71,7 @@ void SettingsAccessibilityTest::everyControlHasANameAndARole()
             QVERIFY2(iface->role() != QAccessible::NoRole && iface->role() != QAccessible::Client,
                      what.constData());
         }
-        QVERIFY2(reachable > 1, qPrintable(u"page %1: %2"_s.arg(page).arg(reachable)));
+        QVERIFY2(reachable > 1, qPrintable(key));
     }
 }
 
@@ -85,11 +84,11 @@ void SettingsAccessibilityTest::sidebarEntriesTellTheirState()
     QAccessibleInterface* tree = accessible(sidebar);
     QVERIFY(!tree->text(QAccessible::Name).isEmpty());
 
-    const QList<std::pair<Kind, QString>> groups{{Kind::dossier, u"Nieuw dossier"_s},
-                                                 {Kind::printer, u"Nieuwe printer"_s},
-                                                 {Kind::labelTemplate, u"Nieuw etiket"_s}};
-    for (const auto& [kind, addName] : groups) {
-        const QString title = SettingsRecordKind::of(kind)->groupTitle;
+    const QList<std::tuple<Kind, QString, QString>> groups{
+        {Kind::dossier, u"Dossiers"_s, u"Nieuw dossier"_s},
+        {Kind::printer, u"Printers"_s, u"Nieuwe printer"_s},
+        {Kind::labelTemplate, u"Etiketten"_s, u"Nieuw etiket"_s}};
+    for (const auto& [kind, title, addName] : groups) {
         QAccessibleInterface* header = entry(tree, title);
         QVERIFY2(header, qPrintable(title));
         QVERIFY(header->state().expandable && header->state().expanded);
@@ -137,7 +136,7 @@ void SettingsAccessibilityTest::aPrinterIsOpenedAndRenamedWithTheKeyboard()
     for (int step = 0; step < 8 && window.view()->selectedTab() != key; ++step)
         QTest::keyClick(sidebar, Qt::Key_Down);
     QCOMPARE(window.view()->selectedTab(), key);
-    auto* page = qobject_cast<PrinterEditorPage*>(window.view()->detailArea()->page());
+    auto* page = qobject_cast<PrinterEditorPage*>(window.view()->page());
     QVERIFY(page);
 
     QTest::keyClick(QApplication::focusWidget(), Qt::Key_Tab);

@@ -1,11 +1,9 @@
 #include "TestHome.h"
 #include "model/AppSettings.h"
 #include "views/common/SaveErrorLabel.h"
-#include "views/settings/SettingsFooterView.h"
 #include "views/settings/SettingsView.h"
 #include "views/settings/SettingsWindow.h"
 
-#include <QAccessible>
 #include <QScreen>
 #include <QTest>
 #include <QWindow>
@@ -32,7 +30,6 @@ private slots:
     void openingWritesNothing_data();
     void openingWritesNothing();
     void aUserResizeIsKeptAsTheContentSize();
-    void aFailedSaveShowsUntilASaveSucceeds_data();
     void aFailedSaveShowsUntilASaveSucceeds();
 };
 
@@ -95,39 +92,22 @@ void SettingsWindowTest::aUserResizeIsKeptAsTheContentSize()
     QCOMPARE(settings.settingsWindowWidth(), 900.0);
 }
 
-void SettingsWindowTest::aFailedSaveShowsUntilASaveSucceeds_data()
-{
-    QTest::addColumn<bool>("failedBeforeOpening");
-    QTest::newRow("while open") << false;
-    QTest::newRow("before opening") << true;
-}
-
+// The line itself is the product window's too; here it sits in the footer.
 void SettingsWindowTest::aFailedSaveShowsUntilASaveSucceeds()
 {
-    QFETCH(bool, failedBeforeOpening);
     TestHome home;
     AppSettings settings;
     settings.savePendingChanges();
     QVERIFY(TestHome::blockFile(home.settingsFilePath()));
-    if (failedBeforeOpening)
-        saveNow(settings);
+    saveNow(settings);
 
     SettingsWindow window(settings);
     window.show();
     QVERIFY(QTest::qWaitForWindowExposed(&window));
-    SaveErrorLabel* line = window.view()->footer()->saveErrorLabel();
-    QCOMPARE(line->isVisible(), failedBeforeOpening);
-    if (!failedBeforeOpening)
-        saveNow(settings);
-    QVERIFY(!settings.saveError().isEmpty());
-    const QString expected = u"Instellingen niet opgeslagen: "_s + settings.saveError();
+    SaveErrorLabel* line = window.view()->saveErrorLabel();
     QVERIFY(line->isVisible());
     // Whole: the footer has room for it.
-    QTRY_COMPARE(line->text(), expected);
-    QAccessibleInterface* item = QAccessible::queryAccessibleInterface(line);
-    QCOMPARE(item->text(QAccessible::Name), expected);
-    QCOMPARE(item->role(), QAccessible::StaticText);
-
+    QTRY_COMPARE(line->text(), u"Instellingen niet opgeslagen: "_s + settings.saveError());
     QVERIFY(TestHome::unblockFile(home.settingsFilePath()));
     saveNow(settings);
     QVERIFY(!line->isVisible());

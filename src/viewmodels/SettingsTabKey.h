@@ -27,7 +27,8 @@ public:
 
     // The canonical upper-case hyphenated UUID text, without braces.
     static QString uuidText(const QUuid& id);
+    // Empty for `none`; `about` needs no id.
     static QString make(Kind kind, const QUuid& id);
-    static QString about();
+    static QString about() { return QStringLiteral("about"); }
     static Parsed parse(const QString& key);
 };
