@@ -37,7 +37,7 @@ QWidget* gearTile()
 {
     QColor blueFaded = Theme::blue();
     blueFaded.setAlphaF(0.8f);
-    auto* tile = new Card(10, nullptr);
+    auto* tile = new Card(10);
     tile->setGradient(Theme::blue(), blueFaded);
     tile->setFixedSize(kTileSize, kTileSize);
     auto* shadow = new QGraphicsDropShadowEffect(tile);
