@@ -109,7 +109,6 @@ private slots:
             QTest::newRow(name) << response << timeoutMs << expected;
         };
         // A decodable body must not rescue a status other than 200.
-        add("204", Mode::normal, {}, 204, 5000, u"Serverfout: HTTP 204"_s);
         add("401", Mode::normal, kTwoProducts, 401, 5000, u"Serverfout: Ongeldige API key"_s);
         // The status decides at once: a slow error page is no time-out.
         add("500, slow body", Mode::trickle, QByteArray(500, 'x'), 500, 1500,
@@ -157,14 +156,10 @@ private slots:
         });
         KalmoraAPIService service(server.baseUrl(), std::chrono::milliseconds(timeoutMs));
 
-        QString printed; // captured only while fetching, so a failing check still shows
-        const Result result = [&] {
-            StdoutCapture capture;
-            Result fetched = fetch(service);
-            printed = capture.text();
-            return fetched;
-        }();
-        const QString text = describe(result);
+        auto capture = std::make_unique<StdoutCapture>();
+        const QString text = describe(fetch(service));
+        const QString printed = capture->text();
+        capture.reset(); // before any check, so a failing one still shows
         QVERIFY2(text.startsWith(expected), qPrintable(text));
         QVERIFY(text != kNetwork);
         for (const Request& request : server.requests())
@@ -235,8 +230,6 @@ private slots:
         QTest::addColumn<QString>("payload");
         QTest::addColumn<QString>("shown");
         const QString fits = u"\u00e9"_s + QString(499, u'a');
-        QTest::newRow("empty") << QString() << QString();
-        QTest::newRow("500 characters") << fits << fits;
         QTest::newRow("501 characters") << fits + u'b' << fits + u'\u2026';
         // The pair at 500 and 501 would be split: it goes whole.
         const QString pair = QString(499, u'a') + u"\U0001F600b"_s;
