@@ -47,11 +47,10 @@ QByteArray item(const QByteArray& build, const QByteArray& shortVersion = {}, QB
 // The visible windows that show an update check waiting for its feed.
 QList<QWidget*> checkingWindows()
 {
-    QList<QWidget*> windows;
-    for (QWidget* window : QApplication::topLevelWidgets()) {
-        if (window->isVisible() && window->accessibleName() == u"Controleren op updates…"_s)
-            windows.append(window);
-    }
+    QList<QWidget*> windows = QApplication::topLevelWidgets();
+    windows.removeIf([](const QWidget* window) {
+        return !window->isVisible() || window->accessibleName() != u"Controleren op updates…"_s;
+    });
     return windows;
 }
 

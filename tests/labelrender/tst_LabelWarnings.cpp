@@ -23,7 +23,6 @@ private slots:
             return u"{\"ID\":1,\"BarCode\":\"%1\"}"_s.arg(code);
         };
 
-        QTest::newRow("clean sample") << name << QString() << QStringList();
         QTest::newRow("accent in the template")
             << u"^XA^FO20,20^A0N,30^FDPrijs € {{PRIJS}}^FS^XZ"_s << QString()
             << QStringList{u"in het sjabloon zonder ^CI28"_s};

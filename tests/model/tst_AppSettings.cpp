@@ -216,24 +216,13 @@ private slots:
         }
     }
 
-    void failedSaveIsKeptUntilASaveSucceeds_data()
-    {
-        QTest::addColumn<bool>("directoryIsAFile");
-        QTest::newRow("a directory in the file's place") << false;
-        QTest::newRow("a file in the directory's place") << true;
-    }
-
     void failedSaveIsKeptUntilASaveSucceeds()
     {
-        QFETCH(bool, directoryIsAFile);
         TestHome home;
         AppSettings settings;
         settings.savePendingChanges();
         QSignalSpy changed(&settings, &AppSettings::saveErrorChanged);
-        const QString blocked =
-            directoryIsAFile ? home.settingsDirectory() : home.settingsFilePath();
-        QVERIFY(QFile::remove(blocked) || QDir(blocked).removeRecursively());
-        QVERIFY(directoryIsAFile ? TestHome::writeFile(blocked, {}) : QDir().mkdir(blocked));
+        QVERIFY(TestHome::blockFile(home.settingsFilePath()));
 
         for (const QString& year : {u"2031"_s, u"2032"_s}) {
             settings.setBookyear(year);
@@ -243,8 +232,7 @@ private slots:
         }
         QCOMPARE(changed.count(), 1); // the same reason twice is one change
 
-        QVERIFY(directoryIsAFile ? QFile::remove(blocked) : QDir().rmdir(blocked));
-        QVERIFY(QDir().mkpath(home.settingsDirectory()));
+        QVERIFY(TestHome::unblockFile(home.settingsFilePath()));
         settings.setBookyear(u"2033"_s);
         QCOMPARE(savedLog(settings), QString());
         QCOMPARE(settings.saveError(), QString());

@@ -74,12 +74,11 @@ private slots:
         const Request& request = server.requests().at(0);
         QCOMPARE(request.method + ' ' + request.path + '?' + request.query,
                  "GET /product?limit=1000&offset=0");
-        QCOMPARE(request.header("ApiKey"), "key-123");
-        QCOMPARE(request.header("Bookyear"), "2024");
-        QCOMPARE(request.header("Content-Type"), "application/json");
+        QCOMPARE(request.header("ApiKey") + ' ' + request.header("Bookyear") + ' ' +
+                     request.header("Content-Type"),
+                 "key-123 2024 application/json");
         const Request& paged = server.requests().at(1);
-        QCOMPARE(paged.query, "limit=25&offset=50");
-        QCOMPARE(paged.header("ApiKey"), "key-456");
+        QCOMPARE(paged.query + ' ' + paged.header("ApiKey"), "limit=25&offset=50 key-456");
         QVERIFY(paged.hasHeader("Bookyear")); // an empty book year is an empty header
         const Request& withBaseQuery = server.requests().at(2);
         QCOMPARE(withBaseQuery.path + '?' + withBaseQuery.query, "/api?limit=1000&offset=0");
