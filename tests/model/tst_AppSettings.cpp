@@ -101,8 +101,7 @@ private slots:
         QVERIFY(!settings.isConfigured());
         QVERIFY(settings.updateDossier(1, [](Dossier& dossier) { dossier.apiKey = u"k"_s; }));
         QVERIFY(settings.isConfigured());
-        // An unselected dossier goes without the selection; the selected one
-        // (given as an edited copy) hands it to the first.
+        // The selected dossier, even given as an edited copy, hands the selection on.
         settings.addDossier();
         settings.setSelectedDossierID(added.id);
         settings.deleteDossier(settings.dossiers().at(2));
