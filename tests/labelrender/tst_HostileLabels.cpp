@@ -77,8 +77,6 @@ private slots:
             << u"^XA^FD{{ARTIKELNR}}^FS^XZ"_s
             << product(u"n"_s, repeated(u"{{OMSCHRIJVING}}"_s), repeated(u"d"_s)) << 0
             << ZPLService::labelTooLargeMessage();
-        QTest::newRow("1 MiB in one field")
-            << fd << product(repeated(u"W"_s, kMiB - fd.size())) << 1 << QString();
         QTest::newRow("1 MiB in one line at the largest font")
             << u"^XA^PW800^LL800^FO0,0^A0R,32000,32000^FD{{NAAM}}^FS^XZ"_s
             << product(repeated(u"Wij "_s, kMiB - 100)) << 1 << QString();

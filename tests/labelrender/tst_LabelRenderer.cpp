@@ -92,8 +92,6 @@ private slots:
         QTest::newRow("EAN-13 from 7 digits")
             << 8 << u"^BEN,80^FD4006381"_s << u"UPC-A:000040063812"_s;
         QTest::newRow("UPC-A") << 8 << u"^BUN,80^FD03600029145"_s << u"UPC-A:036000291452"_s;
-        QTest::newRow("Code 128") << 8 << u"^BCN,80,Y,N^FDSTX-4711/abc"_s
-                                  << u"CODE-128:STX-4711/abc"_s;
         QTest::newRow("Code 128, subset C invocation, text above")
             << 8 << u"^BCN,60,Y,Y^FD>;12345678"_s << u"CODE-128:12345678"_s;
         QTest::newRow("Code 128 rotated, 12 dots/mm")

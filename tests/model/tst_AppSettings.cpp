@@ -83,7 +83,7 @@ private slots:
         QCOMPARE(SettingsData::read(home.readSettingsFile(), nullptr)->columnWidthName, 302.0);
     }
 
-    void addingAndDeletingMovesTheSelection()
+    void addingAndDeletingMovesTheSelectionAndUnbindsTemplates()
     {
         TestHome home;
         AppSettings settings;
@@ -101,8 +101,7 @@ private slots:
         QVERIFY(!settings.isConfigured());
         QVERIFY(settings.updateDossier(1, [](Dossier& dossier) { dossier.apiKey = u"k"_s; }));
         QVERIFY(settings.isConfigured());
-        // An unselected dossier goes without the selection; the selected one
-        // (given as an edited copy) hands it to the first.
+        // The selected dossier, even given as an edited copy, hands the selection on.
         settings.addDossier();
         settings.setSelectedDossierID(added.id);
         settings.deleteDossier(settings.dossiers().at(2));
@@ -118,12 +117,8 @@ private slots:
         QCOMPARE(settings.selectedTemplateID(), settings.templates().at(1).id);
         settings.deleteTemplate(settings.templates().at(1));
         QCOMPARE(settings.selectedTemplateID(), LabelTemplate::defaultTemplate().id);
-    }
 
-    void deletingAPrinterUnbindsItsTemplates()
-    {
-        TestHome home;
-        AppSettings settings;
+        // A deleted printer's templates lose their printer.
         settings.addPrinter();
         settings.addPrinter();
         QCOMPARE(settings.printers().at(0).name, u"Nieuwe Printer"_s);
@@ -220,24 +215,13 @@ private slots:
         }
     }
 
-    void failedSaveIsKeptUntilASaveSucceeds_data()
-    {
-        QTest::addColumn<bool>("directoryIsAFile");
-        QTest::newRow("a directory in the file's place") << false;
-        QTest::newRow("a file in the directory's place") << true;
-    }
-
     void failedSaveIsKeptUntilASaveSucceeds()
     {
-        QFETCH(bool, directoryIsAFile);
         TestHome home;
         AppSettings settings;
         settings.savePendingChanges();
         QSignalSpy changed(&settings, &AppSettings::saveErrorChanged);
-        const QString blocked =
-            directoryIsAFile ? home.settingsDirectory() : home.settingsFilePath();
-        QVERIFY(QFile::remove(blocked) || QDir(blocked).removeRecursively());
-        QVERIFY(directoryIsAFile ? TestHome::writeFile(blocked, {}) : QDir().mkdir(blocked));
+        QVERIFY(TestHome::blockFile(home.settingsFilePath()));
 
         for (const QString& year : {u"2031"_s, u"2032"_s}) {
             settings.setBookyear(year);
@@ -247,8 +231,7 @@ private slots:
         }
         QCOMPARE(changed.count(), 1); // the same reason twice is one change
 
-        QVERIFY(directoryIsAFile ? QFile::remove(blocked) : QDir().rmdir(blocked));
-        QVERIFY(QDir().mkpath(home.settingsDirectory()));
+        QVERIFY(TestHome::unblockFile(home.settingsFilePath()));
         settings.setBookyear(u"2033"_s);
         QCOMPARE(savedLog(settings), QString());
         QCOMPARE(settings.saveError(), QString());
@@ -259,28 +242,21 @@ private slots:
     void filesAreOwnerOnly_data()
     {
         QTest::addColumn<bool>("exported");
-        QTest::addColumn<bool>("replacesReadableFile");
-        QTest::addColumn<bool>("directoryWasOpen");
-        QTest::newRow("settings file") << false << false << false;
-        QTest::newRow("settings file left readable") << false << true << false;
         // Made by hand or by an earlier version: closed at start.
-        QTest::newRow("settings directory left open") << false << false << true;
+        QTest::newRow("settings directory left open") << false;
         // An export holds every API key too.
-        QTest::newRow("export") << true << false << false;
-        QTest::newRow("export over a readable file") << true << true << false;
+        QTest::newRow("export over a readable file") << true;
     }
 
     void filesAreOwnerOnly()
     {
         QFETCH(bool, exported);
-        QFETCH(bool, replacesReadableFile);
-        QFETCH(bool, directoryWasOpen);
         constexpr QFileDevice::Permissions kReadableByAll =
             kOwnerReadWrite | QFileDevice::ReadGroup | QFileDevice::ReadOther;
         // Even with a permissive umask, nothing is readable by others.
         const mode_t previousUmask = ::umask(0);
         TestHome home;
-        if (directoryWasOpen) {
+        if (!exported) {
             const auto open = kReadableByAll | QFileDevice::ExeOwner | QFileDevice::ExeGroup |
                               QFileDevice::ExeOther;
             QVERIFY(QDir().mkdir(home.settingsDirectory(), open));
@@ -288,7 +264,7 @@ private slots:
         }
         AppSettings settings;
         QFile file(exported ? home.path() + u"/stampix-settings.json"_s : home.settingsFilePath());
-        if (replacesReadableFile)
+        if (exported)
             QVERIFY(file.open(QIODevice::WriteOnly) && file.setPermissions(kReadableByAll));
         file.close();
         if (exported)

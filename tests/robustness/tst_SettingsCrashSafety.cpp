@@ -13,17 +13,12 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-// What the save loop writes for one sequence number. Each number gives a
-// document of another length, so a torn or mixed file shows; the book year
-// carries the number.
+// What the save loop writes for one sequence number (the book year carries it
+// too); each number gives another length, so a torn or mixed file shows.
 QList<Dossier> dossiersFor(qint64 sequence)
 {
-    QList<Dossier> dossiers;
-    for (int position = 0; position <= sequence % 5; ++position)
-        dossiers.append({QUuid::createUuidV5(QUuid(), QString::number(position)),
-                         u"Dossier %1 van %2"_s.arg(position).arg(sequence),
-                         QString(static_cast<int>(sequence % 13) * 40, u'k')});
-    return dossiers;
+    return {{QUuid::createUuidV5(QUuid(), QString::number(sequence)), u"Dossier"_s,
+             QString(static_cast<int>(sequence % 13) * 40, u'k')}};
 }
 
 // The process the test kills: it keeps saving, printing each sequence number
@@ -43,9 +38,8 @@ int saveLoop()
 
 } // namespace
 
-// A settings store killed at any moment leaves a complete settings file: the
-// one of the last save reported, or of the one after it. STAMPIX_CRASH_KILLS
-// asks for more than the 5 kills of the suite.
+// A store killed at any moment leaves the file of the last save reported, or of
+// the one after it, whole. STAMPIX_CRASH_KILLS asks for more than 5 kills.
 class SettingsCrashSafetyTest : public QObject
 {
     Q_OBJECT
@@ -60,8 +54,7 @@ private slots:
         qInfo("random seed %u", seed);
         QRandomGenerator random(seed);
 
-        // Slow builds (sanitizers) take longer to their first save: the kill
-        // window moves along, or the kills would land before any save.
+        // Slow builds (sanitizers) reach their first save later: the kill window follows.
         QElapsedTimer started;
         started.start();
         loop.start(QCoreApplication::applicationFilePath(), {u"--save-loop"_s});
@@ -91,8 +84,7 @@ private slots:
                      "the file is not its sequence's document");
             onDisk = found;
         }
-        // A save killed before its rename leaves its temporary file, which must be
-        // the owner's only; nothing was kept aside as unreadable.
+        // Only a killed save's temporary file may lie beside it, the owner's only.
         const QDir directory(home.settingsDirectory());
         for (const QString& name : directory.entryList(QDir::Files | QDir::Hidden | QDir::System)) {
             QVERIFY2(name == u"settings.json" ||

@@ -35,13 +35,6 @@ QString describe(const Result& result)
 // The body cap: 16 KB for each of the 1,000 products of a page.
 constexpr qint64 kBodyCap = 16 * 1024 * 1024;
 
-// A decodable envelope of exactly `size` bytes.
-QByteArray envelopeOfSize(qint64 size)
-{
-    QByteArray body = R"({"data":[{"ID":1}],"pad":")";
-    return body + QByteArray(size - body.size() - 2, 'x') + "\"}";
-}
-
 const QString kInvalid = u"Ongeldige respons van server"_s;
 const QString kNetwork = u"Netwerkfout: "_s;
 
@@ -74,12 +67,11 @@ private slots:
         const Request& request = server.requests().at(0);
         QCOMPARE(request.method + ' ' + request.path + '?' + request.query,
                  "GET /product?limit=1000&offset=0");
-        QCOMPARE(request.header("ApiKey"), "key-123");
-        QCOMPARE(request.header("Bookyear"), "2024");
-        QCOMPARE(request.header("Content-Type"), "application/json");
+        QCOMPARE(request.header("ApiKey") + ' ' + request.header("Bookyear") + ' ' +
+                     request.header("Content-Type"),
+                 "key-123 2024 application/json");
         const Request& paged = server.requests().at(1);
-        QCOMPARE(paged.query, "limit=25&offset=50");
-        QCOMPARE(paged.header("ApiKey"), "key-456");
+        QCOMPARE(paged.query + ' ' + paged.header("ApiKey"), "limit=25&offset=50 key-456");
         QVERIFY(paged.hasHeader("Bookyear")); // an empty book year is an empty header
         const Request& withBaseQuery = server.requests().at(2);
         QCOMPARE(withBaseQuery.path + '?' + withBaseQuery.query, "/api?limit=1000&offset=0");
@@ -109,7 +101,6 @@ private slots:
             QTest::newRow(name) << response << timeoutMs << expected;
         };
         // A decodable body must not rescue a status other than 200.
-        add("204", Mode::normal, {}, 204, 5000, u"Serverfout: HTTP 204"_s);
         add("401", Mode::normal, kTwoProducts, 401, 5000, u"Serverfout: Ongeldige API key"_s);
         // The status decides at once: a slow error page is no time-out.
         add("500, slow body", Mode::trickle, QByteArray(500, 'x'), 500, 1500,
@@ -127,19 +118,19 @@ private slots:
         add("cut short", Mode::truncated, R"({"data":[]})", 200, 5000, kNetwork);
         add("streamed oversized", Mode::stream, {}, 200, 20000, kInvalid);
         add("not HTTP", Mode::raw, "\x01\xffSSH-2.0-x\r\n\r\n", 200, 5000, kNetwork);
-        // The API key never follows a redirect to another origin: that one ends on
-        // its own status, like every status but 200.
+        // The API key never follows a redirect to another origin.
         add("redirect", Mode::normal, "/moved", 302, 5000, u"2 products"_s);
         add("redirect to another origin", Mode::normal, "http://localhost:{port}/moved", 301, 5000,
             u"Serverfout: HTTP 301"_s);
-        // A gzip header, then a block no inflater accepts: a 200 whose transfer
-        // fails part-way is never decoded.
+        // A gzip body no inflater accepts: a 200 that fails part-way is never decoded.
         add("compressed body breaking off", Mode::raw,
             "HTTP/1.1 200 OK\r\nContent-Encoding: gzip\r\nContent-Length: 20\r\n\r\n" +
                 QByteArray::fromHex("1f8b0800000000000003ffffffff") + "broken",
             200, 5000, kNetwork);
-        add("16 MiB", Mode::normal, envelopeOfSize(kBodyCap), 200, 20000, u"1 products"_s);
-        add("16 MiB and a byte", Mode::normal, envelopeOfSize(kBodyCap + 1), 200, 20000, kInvalid);
+        // Decodable, were it not past the cap.
+        add("past 16 MiB", Mode::normal,
+            "{\"data\":[{\"ID\":1}],\"pad\":\"" + QByteArray(kBodyCap, 'x') + "\"}", 200, 20000,
+            kInvalid);
     }
 
     // Only an undecodable 200 body writes its one decoding line, and nothing else is printed.
@@ -157,14 +148,10 @@ private slots:
         });
         KalmoraAPIService service(server.baseUrl(), std::chrono::milliseconds(timeoutMs));
 
-        QString printed; // captured only while fetching, so a failing check still shows
-        const Result result = [&] {
-            StdoutCapture capture;
-            Result fetched = fetch(service);
-            printed = capture.text();
-            return fetched;
-        }();
-        const QString text = describe(result);
+        auto capture = std::make_unique<StdoutCapture>();
+        const QString text = describe(fetch(service));
+        const QString printed = capture->text();
+        capture.reset(); // before any check, so a failing one still shows
         QVERIFY2(text.startsWith(expected), qPrintable(text));
         QVERIFY(text != kNetwork);
         for (const Request& request : server.requests())
@@ -180,8 +167,7 @@ private slots:
         QVERIFY(!logged || lines.first().startsWith(u"Decoding error: "_s));
     }
 
-    // The network thread goes with the service; the caller's wait must still end,
-    // whether it is closed at once or while the server is silent.
+    // The network thread goes with the service; a fetch still out must end all the same.
     void closingEndsAFetchStillOut()
     {
         for (const bool requestArrived : {false, true}) {
@@ -235,8 +221,6 @@ private slots:
         QTest::addColumn<QString>("payload");
         QTest::addColumn<QString>("shown");
         const QString fits = u"\u00e9"_s + QString(499, u'a');
-        QTest::newRow("empty") << QString() << QString();
-        QTest::newRow("500 characters") << fits << fits;
         QTest::newRow("501 characters") << fits + u'b' << fits + u'\u2026';
         // The pair at 500 and 501 would be split: it goes whole.
         const QString pair = QString(499, u'a') + u"\U0001F600b"_s;

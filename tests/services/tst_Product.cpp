@@ -23,16 +23,12 @@ private slots:
             {R"({"data":[{"ID":1,"Name":null,"Active":null}]})", 1},
             // One bad product fails the whole response.
             {R"({"data":[{"ID":1},{"Name":"x"}]})", -2},
-            {R"({"data":[{"ID":null}]})", -2},
             {R"({"data":[{"ID":7.5}]})", -2},
-            {R"({"data":[{"ID":"7"}]})", -2},
             {R"({"data":[{"ID":1e20}]})", -2},
             {R"({"data":[{"ID":1,"SellPrice1WithVat":"12"}]})", -2},
             {R"({"data":[{"ID":1,"Active":1}]})", -2},
-            {R"({"data":[{"ID":1,"Sku":5}]})", -2},
             {R"({"data":[1]})", -2},
             {R"({"records":2.5})", -2},
-            {R"({"error":5})", -2},
             {R"({"data":{"ID":1}})", -2},
             {R"([{"ID":1}])", -2},
             {"Service Unavailable", -2},
@@ -45,35 +41,22 @@ private slots:
     {
         QFETCH(QByteArray, body);
         QFETCH(int, products);
-        QString error;
-        const std::optional<ProductAPIResponse> response = ProductAPIResponse::decode(body, &error);
+        // That a failure says why, the product_response fuzz replay proves.
+        const auto response = ProductAPIResponse::decode(body, nullptr);
         QCOMPARE(response.has_value(), products > -2);
-        QCOMPARE(error.isEmpty(), products > -2); // a failure says why
         if (response)
             QCOMPARE(response->data ? response->data->size() : -1, products);
     }
 
-    void absentEmptyAndSignedZero()
+    // Names and codes of absent members the label and search tests show.
+    void absentPriceAndSignedZero()
     {
-        const auto decoded = ProductAPIResponse::decode(
-            R"({"data":[{"ID":7,"Name":null},{"ID":7,"Name":"","SellPrice1WithVat":12}]})",
-            nullptr);
-        QVERIFY(decoded && decoded->data);
-        const Product& bare = decoded->data->at(0);
-        const Product& empty = decoded->data->at(1);
-        QCOMPARE(bare.id(), 7);
-        QCOMPARE(bare.displayName(), u"Unknown"_s);
-        QCOMPARE(bare.sku() + bare.barcode(), QString());
-        QCOMPARE(bare.sortablePrice(), 0.0);
-        QCOMPARE(empty.displayName(), QString());
-        QCOMPARE(empty.sortablePrice(), 12.0);
-        QVERIFY(bare != empty);
-
         const Product plusZero{1, {}, {}, {}, 0.0, {}, {}}, minusZero{1, {}, {}, {}, -0.0, {}, {}};
         QCOMPARE(plusZero, minusZero);
         QCOMPARE(qHash(plusZero), qHash(minusZero));
         const Product noPrice{1, {}, {}, {}, {}, {}, {}};
         QVERIFY(noPrice != plusZero);
+        QCOMPARE(noPrice.sortablePrice(), 0.0);
         QCOMPARE(noPrice.toJson().keys(), QStringList{u"ID"_s}); // absent members are left out
     }
 };

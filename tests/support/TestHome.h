@@ -2,7 +2,6 @@
 
 #include <QByteArray>
 #include <QDir>
-#include <QDirIterator>
 #include <QFile>
 #include <QTemporaryDir>
 
@@ -16,17 +15,7 @@ public:
         if (m_dir.isValid())
             qputenv("HOME", QFile::encodeName(m_dir.path()));
     }
-    ~TestHome()
-    {
-        m_hadHome ? qputenv("HOME", m_previousHome) : qunsetenv("HOME");
-        // Tests take permissions away; give them back so the directory can go.
-        QDirIterator it(m_dir.path(), QDir::AllEntries | QDir::Hidden | QDir::NoDotAndDotDot,
-                        QDirIterator::Subdirectories);
-        for (QString path = m_dir.path(); !path.isEmpty();
-             path = it.hasNext() ? it.next() : QString())
-            QFile::setPermissions(path, QFile::permissions(path) | QFile::ReadOwner |
-                                            QFile::WriteOwner | QFile::ExeOwner);
-    }
+    ~TestHome() { m_hadHome ? qputenv("HOME", m_previousHome) : qunsetenv("HOME"); }
     TestHome(const TestHome&) = delete;
     TestHome& operator=(const TestHome&) = delete;
 

@@ -30,236 +30,210 @@ class SimulatorTest : public QObject
     Q_OBJECT
 
 private slots:
-    void options_data();
-    void options();
-    void printers_data();
-    void printers();
-    void rawExchanges_data();
-    void rawExchanges();
-    void demoSettingsStayOutOfTheOwnHome();
-    void demoPrintsFromTheProductWindow();
-};
-
-void SimulatorTest::options_data()
-{
-    QTest::addColumn<QString>("arguments");
-    QTest::addColumn<bool>("accepted");
-    QTest::newRow("none") << QString() << true;
-    QTest::newRow("all") << u"--service-port=0 --printer-port 20000 --printers=3 --api-key=k "
-                            "--products=100000 --delay=1500 --service-failure=http-500 "
-                            "--printer-failure=hang --printer-state=head-open --demo-home=/tmp/d"_s
-                         << true;
-    QTest::newRow("port too large") << u"--service-port=65536"_s << false;
-    QTest::newRow("ports past the end") << u"--printer-port=65535 --printers=2"_s << false;
-    QTest::newRow("unknown failure") << u"--printer-failure=boom"_s << false;
-    QTest::newRow("unknown state") << u"--printer-state=on-fire"_s << false;
-    QTest::newRow("stray argument") << u"extra"_s << false;
-}
-
-void SimulatorTest::options()
-{
-    QFETCH(QString, arguments);
-    QFETCH(bool, accepted);
-    SimulatorOptions options;
-    QString message;
-    const auto outcome = SimulatorOptions::parse(QStringList{u"stampix-simulator"_s} +
-                                                     arguments.split(u' ', Qt::SkipEmptyParts),
-                                                 &options, &message);
-    QCOMPARE(outcome == SimulatorOptions::Outcome::run, accepted);
-    QCOMPARE(message.isEmpty(), accepted);
-    if (arguments.contains(u"head-open"_s))
-        QCOMPARE(options.printerState, VirtualPrinter::State::headOpen);
-}
-
-void SimulatorTest::printers_data()
-{
-    QTest::addColumn<QString>("state");
-    QTest::addColumn<QString>("failure");
-    QTest::addColumn<QString>("status");
-    QTest::addColumn<QString>("sent"); // the start of the send's error; empty: printed
-    const auto add = [](const char* state, const char* failure, const QString& status,
-                        const QString& sent = {}) {
-        QTest::addRow("%s %s", state, failure)
-            << QString::fromLatin1(state) << QString::fromLatin1(failure) << status << sent;
-    };
-    const QString silence =
-        u"Geen antwoord op de statusvraag: papier of lint op, kop open of te warm?"_s;
-    const QString unknown = u"Onbekend antwoord van de printer"_s;
-    add("ready", "none", u"Gereed"_s);
-    add("paper-out", "none", u"Papier op"_s);
-    add("paused", "none", u"Gepauzeerd"_s);
-    add("buffer-full", "none", u"Ontvangstbuffer vol"_s);
-    add("head-open", "none", silence);
-    add("ribbon-out", "none", silence);
-    add("ready", "refuse", u"Verbinding mislukt: "_s, u"Verbinding mislukt: "_s);
-    add("ready", "hang", u"Verbinding time-out"_s, u"Verbinding time-out"_s);
-    add("ready", "drop", unknown, u"Verzenden mislukt: "_s);
-    add("ready", "reset", unknown, u"Verzenden mislukt: "_s);
-}
-
-// Every state answers the status query as a printer does and still takes jobs,
-// each kept with its picture (a query is never kept as one); every failure
-// fails both.
-void SimulatorTest::printers()
-{
-    QFETCH(QString, state);
-    QFETCH(QString, failure);
-    QFETCH(QString, status);
-    QFETCH(QString, sent);
-    QTemporaryDir jobs;
-    VirtualPrinter printer(u"P"_s, jobs.path(), *VirtualPrinter::failureFromName(failure),
-                           *VirtualPrinter::stateFromName(state));
-    QString error;
-    if (!printer.start(0, &error))
-        QSKIP(qPrintable(error));
-    const auto timeout = failure == u"hang"_s ? 300ms : 5000ms;
-    // Large enough that a dropped or reset connection cannot take it all.
-    const QString label = u"^XA^FD\u00e9^FS^XZ"_s + QString(sent.isEmpty() ? 0 : 1 << 23, u'x');
-
-    const PrinterStatus answer =
-        awaitTask(PrinterStatusService(timeout, 300ms).queryStatus(u"127.0.0.1"_s, printer.port()));
-    QVERIFY2(answer.summary().startsWith(status), qPrintable(answer.summary()));
-    const auto result =
-        awaitTask(PrinterService(timeout).sendZPL(label, u"127.0.0.1"_s, printer.port()));
-    QVERIFY2(result ? !sent.isEmpty() && result->errorDescription().startsWith(sent)
-                    : sent.isEmpty(),
-             qPrintable(result ? result->errorDescription() : QString()));
-    if (!sent.isEmpty())
-        return;
-    QTRY_COMPARE(QDir(jobs.path()).entryList(QDir::Files),
-                 (QStringList{u"job-000001.png"_s, u"job-000001.zpl"_s}));
-    QCOMPARE(TestHome::readFile(jobs.filePath(u"job-000001.zpl"_s)), "^XA^FD\xC3\xA9^FS^XZ");
-    // Beside it, the label drawn from exactly those bytes.
-    QCOMPARE(QImage(jobs.filePath(u"job-000001.png"_s)).convertToFormat(QImage::Format_RGB32),
-             LabelRenderer().render(u"^XA^FD\u00e9^FS^XZ"_s).labels.value(0).image);
-}
-
-void SimulatorTest::rawExchanges_data()
-{
-    QTest::addColumn<bool>("toService");
-    QTest::addColumn<QByteArrayList>("reads"); // each written on its own, a moment apart
-    QTest::addColumn<QByteArray>("answer");    // the whole answer; from the service its start
-    QTest::addColumn<QByteArray>("job");       // null: not kept
-    // A query is found wherever the reads split it, answered, and kept out of the job.
-    const QByteArray status = VirtualPrinter::statusAnswer(VirtualPrinter::State::ready);
-    const QByteArray empty("^XA^XZ");
-    QTest::newRow("query in one read") << false << QByteArrayList{"^XA~HS^XZ"} << status << empty;
-    QTest::newRow("query byte by byte")
-        << false << QByteArrayList{"^XA~", "H", "S^XZ"} << status << empty;
-    QTest::newRow("query around another, split")
-        << false << QByteArrayList{"^XA~", "H~HSS^XZ"} << status.repeated(2) << empty;
-    const QByteArray bound(VirtualPrinter::kMaxJobBytes, 'x');
-    QTest::newRow("job at the bound") << false << QByteArrayList{bound} << QByteArray() << bound;
-    // Past the bound the printer closes the connection itself.
-    QTest::newRow("job past the bound")
-        << false << QByteArrayList{bound + 'x'} << QByteArray() << QByteArray();
-    // A body the service would not take is refused at once, not waited for.
-    const QByteArray post = "POST /product HTTP/1.1\r\nContent-Length: ";
-    QTest::newRow("body within 1 MiB") << true << QByteArrayList{post + "2\r\n\r\n{}"}
-                                       << QByteArray("HTTP/1.1 405 ") << QByteArray();
-    QTest::newRow("body past 1 MiB") << true << QByteArrayList{post + "1048577\r\n\r\n"}
-                                     << QByteArray("HTTP/1.1 413 ") << QByteArray();
-    QTest::newRow("body past any number")
-        << true << QByteArrayList{post + "99999999999999999999\r\n\r\n"}
-        << QByteArray("HTTP/1.1 400 ") << QByteArray();
-}
-
-void SimulatorTest::rawExchanges()
-{
-    QFETCH(bool, toService);
-    QFETCH(QByteArrayList, reads);
-    QFETCH(QByteArray, answer);
-    QFETCH(QByteArray, job);
-    QTemporaryDir jobs;
-    VirtualPrinter printer(u"P"_s, jobs.path());
-    SimulatedProductService service(ProductCatalogue(1), u"k"_s);
-    QString error;
-    QVERIFY2(printer.start(0, &error) && service.listen(), qPrintable(error));
-    QSignalSpy written(&printer, &VirtualPrinter::jobWritten);
-    QSignalSpy notWritten(&printer, &VirtualPrinter::jobNotWritten);
-    QTcpSocket client;
-    QByteArray received;
-    connect(&client, &QTcpSocket::readyRead, this, [&] { received += client.readAll(); });
-    client.connectToHost(QHostAddress::LocalHost, toService ? service.port() : printer.port());
-    QVERIFY(client.waitForConnected(5000));
-    for (const QByteArray& read : std::as_const(reads)) {
-        client.write(read);
-        client.waitForBytesWritten(5000);
-        QTest::qWait(20);
+    void options_data()
+    {
+        QTest::addColumn<QString>("arguments");
+        QTest::addColumn<bool>("accepted");
+        QTest::newRow("none") << QString() << true;
+        QTest::newRow("all")
+            << u"--service-port=0 --printer-port 20000 --printers=3 --api-key=k "
+               "--products=100000 --delay=1500 --service-failure=http-500 "
+               "--printer-failure=hang --printer-state=head-open --demo-home=/tmp/d"_s
+            << true;
+        QTest::newRow("port too large") << u"--service-port=65536"_s << false;
+        QTest::newRow("ports past the end") << u"--printer-port=65535 --printers=2"_s << false;
+        QTest::newRow("unknown failure") << u"--printer-failure=boom"_s << false;
+        QTest::newRow("stray argument") << u"extra"_s << false;
     }
-    QTRY_VERIFY(received.size() >= answer.size());
-    QTest::qWait(20);
-    QVERIFY2(toService ? received.startsWith(answer) : received == answer, received.constData());
-    if (!job.isNull())
-        client.disconnectFromHost();
-    QTRY_COMPARE_WITH_TIMEOUT(client.state(), QAbstractSocket::UnconnectedState, 10000);
-    if (toService)
-        return;
-    QTRY_COMPARE(written.size() + notWritten.size(), 1);
-    QCOMPARE(written.size(), job.isNull() ? 0 : 1);
-    if (job.isNull())
-        QVERIFY(QDir(jobs.path()).isEmpty());
-    else
-        QCOMPARE(written.at(0).at(1).toByteArray(), job);
-}
 
-void SimulatorTest::demoSettingsStayOutOfTheOwnHome()
-{
-    // A stand-in home, so a broken guard could not reach real settings.
-    TestHome home;
-    const QString own = QDir::homePath();
-    for (const QString& spelling :
-         {own, own + u'/', own + u"/."_s, own + u"/../"_s + QDir(own).dirName(), QString()})
-        QVERIFY2(DemoHome::write(spelling, u"k"_s, 9100), qPrintable(spelling));
-    QVERIFY(!QFile::exists(home.settingsFilePath()));
-}
+    void options()
+    {
+        QFETCH(QString, arguments);
+        QFETCH(bool, accepted);
+        SimulatorOptions options;
+        QString message;
+        const auto outcome = SimulatorOptions::parse(QStringList{u"stampix-simulator"_s} +
+                                                         arguments.split(u' ', Qt::SkipEmptyParts),
+                                                     &options, &message);
+        QCOMPARE(outcome == SimulatorOptions::Outcome::run, accepted);
+        QCOMPARE(message.isEmpty(), accepted);
+        if (arguments.contains(u"head-open"_s))
+            QCOMPARE(options.printerState, VirtualPrinter::State::headOpen);
+    }
 
-// The demo as a user runs it: its settings, the application's window against
-// the simulator's service, two products ticked, quantity 2 typed and
-// "Start afdrukken" pressed; the printer's folder holds the four labels.
-void SimulatorTest::demoPrintsFromTheProductWindow()
-{
-    QTemporaryDir jobs;
-    SimulatedProductService service(ProductCatalogue(), u"demo-sleutel"_s);
-    QVERIFY(service.listen());
-    VirtualPrinter printer(u"Virtual printer 1"_s, jobs.filePath(u"printer-1"_s));
-    QString error;
-    QVERIFY2(printer.start(0, &error), qPrintable(error));
-    TestHome home;
-    QVERIFY(home.writeSettingsFile(DemoHome::settingsDocument(u"demo-sleutel"_s, printer.port())));
+    void printers_data()
+    {
+        QTest::addColumn<QString>("state");
+        QTest::addColumn<QString>("failure");
+        QTest::addColumn<QString>("status");
+        QTest::addColumn<QString>("sent"); // the start of the send's error; empty: printed
+        const auto add = [](const char* state, const char* failure, const QString& status,
+                            const QString& sent = {}) {
+            QTest::addRow("%s %s", state, failure)
+                << QString::fromLatin1(state) << QString::fromLatin1(failure) << status << sent;
+        };
+        const QString silence =
+            u"Geen antwoord op de statusvraag: papier of lint op, kop open of te warm?"_s;
+        add("ready", "none", u"Gereed"_s);
+        add("paper-out", "none", u"Papier op"_s);
+        add("head-open", "none", silence);
+        add("ready", "refuse", u"Verbinding mislukt: "_s, u"Verbinding mislukt: "_s);
+        add("ready", "hang", u"Verbinding time-out"_s, u"Verbinding time-out"_s);
+        add("ready", "reset", u"Onbekend antwoord van de printer"_s, u"Verzenden mislukt: "_s);
+    }
 
-    StampixApp app(service.baseUrl());
-    StatusBarView* statusBar = app.openMainWindow()->contentView()->statusBar();
-    ProductListViewModel& model = *app.productListViewModel();
-    QTRY_COMPARE_WITH_TIMEOUT(model.products().size(), qsizetype(300), 5000);
-    QCOMPARE(model.products(), service.catalogue().page(0, ProductListViewModel::kPageLimit));
-    // An accented name, and a product without a price; ticked in reverse order,
-    // printed in the service's order.
-    const Product withoutPrice = service.catalogue().product(19);
-    const Product accented = service.catalogue().product(2);
-    QVERIFY(!withoutPrice.SellPrice1WithVat && accented.Name->contains(u'è'));
-    model.toggleChecked(withoutPrice);
-    model.toggleChecked(accented);
-    QTRY_VERIFY(statusBar->printControls()->isVisible());
-    statusBar->quantityField()->selectAll();
-    QTest::keyClicks(statusBar->quantityField(), u"2"_s);
-    QTest::keyClick(statusBar->quantityField(), Qt::Key_Return);
-    QTest::mouseClick(statusBar->printButton(), Qt::LeftButton);
+    // Every state answers the status query as a printer does and still takes jobs,
+    // each kept with its picture; every failure fails both.
+    void printers()
+    {
+        QFETCH(QString, state);
+        QFETCH(QString, failure);
+        QFETCH(QString, status);
+        QFETCH(QString, sent);
+        QTemporaryDir jobs;
+        VirtualPrinter printer(u"P"_s, jobs.path(), *VirtualPrinter::failureFromName(failure),
+                               *VirtualPrinter::stateFromName(state));
+        QString error;
+        if (!printer.start(0, &error))
+            QSKIP(qPrintable(error));
+        const auto timeout = failure == u"hang"_s ? 300ms : 5000ms;
+        // Large enough that a dropped or reset connection cannot take it all.
+        const QString label = u"^XA^FD\u00e9^FS^XZ"_s + QString(sent.isEmpty() ? 0 : 1 << 23, u'x');
 
-    const QDir folder(printer.jobDirectory(), u"*.zpl"_s); // a picture lies beside each
-    QTRY_COMPARE_WITH_TIMEOUT(folder.entryList(QDir::Files).size(), 4, 5000);
-    // The default label, written out by hand.
-    const auto label = [](const Product& product, const QString& price) {
-        return (u"^XA\n^FO50,50^A0N,50,50^FD"_s + product.sku() + u"^FS\n^FO50,120^A0N,40,40^FD"_s +
-                *product.Name + u"^FS\n^FO50,180^A0N,35,35^FDE "_s + price + u"^FS\n^XZ"_s)
-            .toUtf8();
-    };
-    const QByteArray first = label(accented, QString::number(*accented.SellPrice1WithVat, 'f', 2));
-    const QList<QByteArray> expected{first, first, label(withoutPrice, u"-"_s),
-                                     label(withoutPrice, u"-"_s)};
-    for (int i = 0; i < expected.size(); ++i)
-        QCOMPARE(TestHome::readFile(folder.filePath(u"job-00000%1.zpl"_s.arg(i + 1))), expected[i]);
-}
+        const PrinterStatus answer = awaitTask(
+            PrinterStatusService(timeout, 300ms).queryStatus(u"127.0.0.1"_s, printer.port()));
+        QVERIFY2(answer.summary().startsWith(status), qPrintable(answer.summary()));
+        const auto result =
+            awaitTask(PrinterService(timeout).sendZPL(label, u"127.0.0.1"_s, printer.port()));
+        QVERIFY2(result ? !sent.isEmpty() && result->errorDescription().startsWith(sent)
+                        : sent.isEmpty(),
+                 qPrintable(result ? result->errorDescription() : QString()));
+        if (!sent.isEmpty())
+            return;
+        QTRY_COMPARE(QDir(jobs.path()).entryList(QDir::Files),
+                     (QStringList{u"job-000001.png"_s, u"job-000001.zpl"_s}));
+        QCOMPARE(TestHome::readFile(jobs.filePath(u"job-000001.zpl"_s)), "^XA^FD\xC3\xA9^FS^XZ");
+        // Beside it, the label drawn from exactly those bytes.
+        QCOMPARE(QImage(jobs.filePath(u"job-000001.png"_s)).convertToFormat(QImage::Format_RGB32),
+                 LabelRenderer().render(u"^XA^FD\u00e9^FS^XZ"_s).labels.value(0).image);
+    }
+
+    void rawExchanges_data()
+    {
+        QTest::addColumn<bool>("toService");
+        QTest::addColumn<QByteArrayList>("reads"); // each written on its own, a moment apart
+        QTest::addColumn<QByteArray>("answer");    // the whole answer; from the service its start
+        QTest::addColumn<QByteArray>("job");       // null: not kept
+        // A query is found wherever the reads split it, answered, and kept out of the job.
+        QTest::newRow("query around another, split")
+            << false << QByteArrayList{"^XA~", "H~HSS^XZ"}
+            << VirtualPrinter::statusAnswer(VirtualPrinter::State::ready).repeated(2)
+            << QByteArray("^XA^XZ");
+        // Past the bound the printer closes the connection itself.
+        QTest::newRow("job past the bound")
+            << false << QByteArrayList{QByteArray(VirtualPrinter::kMaxJobBytes + 1, 'x')}
+            << QByteArray() << QByteArray();
+        // A body the service would not take is refused at once, not waited for.
+        const QByteArray post = "POST /product HTTP/1.1\r\nContent-Length: ";
+        QTest::newRow("body past 1 MiB") << true << QByteArrayList{post + "1048577\r\n\r\n"}
+                                         << QByteArray("HTTP/1.1 413 ") << QByteArray();
+        QTest::newRow("body past any number")
+            << true << QByteArrayList{post + "99999999999999999999\r\n\r\n"}
+            << QByteArray("HTTP/1.1 400 ") << QByteArray();
+    }
+
+    void rawExchanges()
+    {
+        QFETCH(bool, toService);
+        QFETCH(QByteArrayList, reads);
+        QFETCH(QByteArray, answer);
+        QFETCH(QByteArray, job);
+        QTemporaryDir jobs;
+        VirtualPrinter printer(u"P"_s, jobs.path());
+        SimulatedProductService service(ProductCatalogue(1), u"k"_s);
+        QString error;
+        QVERIFY2(printer.start(0, &error) && service.listen(), qPrintable(error));
+        QSignalSpy written(&printer, &VirtualPrinter::jobWritten);
+        QSignalSpy notWritten(&printer, &VirtualPrinter::jobNotWritten);
+        QTcpSocket client;
+        QByteArray received;
+        connect(&client, &QTcpSocket::readyRead, this, [&] { received += client.readAll(); });
+        client.connectToHost(QHostAddress::LocalHost, toService ? service.port() : printer.port());
+        QVERIFY(client.waitForConnected(5000));
+        for (const QByteArray& read : std::as_const(reads)) {
+            client.write(read);
+            client.waitForBytesWritten(5000);
+            QTest::qWait(20);
+        }
+        QTRY_VERIFY(received.size() >= answer.size());
+        QTest::qWait(20);
+        QVERIFY2(toService ? received.startsWith(answer) : received == answer,
+                 received.constData());
+        if (!job.isNull())
+            client.disconnectFromHost();
+        QTRY_COMPARE_WITH_TIMEOUT(client.state(), QAbstractSocket::UnconnectedState, 10000);
+        if (toService)
+            return;
+        QTRY_COMPARE(written.size() + notWritten.size(), 1);
+        QCOMPARE(written.size(), job.isNull() ? 0 : 1);
+        if (job.isNull())
+            QVERIFY(QDir(jobs.path()).isEmpty());
+        else
+            QCOMPARE(written.at(0).at(1).toByteArray(), job);
+    }
+
+    void demoSettingsStayOutOfTheOwnHome()
+    {
+        // A stand-in home, so a broken guard could not reach real settings.
+        TestHome home;
+        const QString own = QDir::homePath();
+        for (const QString& spelling :
+             {own, own + u'/', own + u"/."_s, own + u"/../"_s + QDir(own).dirName(), QString()})
+            QVERIFY2(DemoHome::write(spelling, u"k"_s, 9100), qPrintable(spelling));
+        QVERIFY(!QFile::exists(home.settingsFilePath()));
+    }
+
+    // The demo as a user runs it, from its settings to the labels in the printer's folder.
+    void demoPrintsFromTheProductWindow()
+    {
+        QTemporaryDir jobs;
+        SimulatedProductService service(ProductCatalogue(), u"demo-sleutel"_s);
+        QVERIFY(service.listen());
+        VirtualPrinter printer(u"Virtual printer 1"_s, jobs.filePath(u"printer-1"_s));
+        QString error;
+        QVERIFY2(printer.start(0, &error), qPrintable(error));
+        TestHome home;
+        QVERIFY(
+            home.writeSettingsFile(DemoHome::settingsDocument(u"demo-sleutel"_s, printer.port())));
+
+        StampixApp app(service.baseUrl());
+        StatusBarView* statusBar = app.openMainWindow()->contentView()->statusBar();
+        ProductListViewModel& model = *app.productListViewModel();
+        QTRY_COMPARE_WITH_TIMEOUT(model.products().size(), qsizetype(300), 5000);
+        QCOMPARE(model.products(), service.catalogue().page(0, ProductListViewModel::kPageLimit));
+        // Ticked in reverse order, printed in the service's order.
+        const Product withoutPrice = service.catalogue().product(19);
+        const Product accented = service.catalogue().product(2);
+        QVERIFY(!withoutPrice.SellPrice1WithVat && accented.Name->contains(u'è'));
+        model.toggleChecked(withoutPrice);
+        model.toggleChecked(accented);
+        QTRY_VERIFY(statusBar->printControls()->isVisible());
+        statusBar->quantityField()->selectAll();
+        QTest::keyClicks(statusBar->quantityField(), u"2"_s);
+        QTest::keyClick(statusBar->quantityField(), Qt::Key_Return);
+        QTest::mouseClick(statusBar->printButton(), Qt::LeftButton);
+
+        const QDir folder(printer.jobDirectory(), u"*.zpl"_s); // a picture lies beside each
+        QTRY_COMPARE_WITH_TIMEOUT(folder.entryList(QDir::Files).size(), 4, 5000);
+        const QList<const Product*> expected{&accented, &accented, &withoutPrice, &withoutPrice};
+        for (int i = 0; i < expected.size(); ++i) {
+            const QByteArray job =
+                TestHome::readFile(folder.filePath(u"job-00000%1.zpl"_s.arg(i + 1)));
+            QVERIFY2(job.contains("^FD" + expected[i]->Name->toUtf8() + "^FS"), job.constData());
+        }
+        QVERIFY(TestHome::readFile(folder.filePath(u"job-000004.zpl"_s)).contains("^FDE -^FS"));
+    }
+};
 
 QTEST_MAIN(SimulatorTest)
 #include "tst_Simulator.moc"
