@@ -1,20 +1,26 @@
 #pragma once
 
+#include "labelrender/LabelRenderer.h"
+
 #include <QWidget>
+#include <optional>
 
 class AppSettings;
 class CustomToolbar;
 class ErrorAlert;
-class LabelPreviewPanel;
+class LabelPreviewView;
 class ProductListViewModel;
+class QLabel;
 class QMessageBox;
+class QScrollArea;
 class QSplitter;
 class QVBoxLayout;
 class StatusBarView;
 
 // The product window's root: title bar, toolbar, divider, one content area
 // with the label preview panel beside it (hidden at first), and the status
-// bar, plus the alert for the view model's error message.
+// bar, plus the alert for the view model's error message. The panel shows the
+// selected product's label as it will print with the selected template.
 class ContentView : public QWidget
 {
     Q_OBJECT
@@ -43,7 +49,9 @@ public:
     QMessageBox* errorAlert() const;
 
     // None until the panel is first shown.
-    LabelPreviewPanel* labelPreview() const { return m_labelPreview; }
+    LabelPreviewView* labelPreview() const { return m_preview; }
+    // The line under the panel's heading: the product and the template, or a hint.
+    QLabel* labelPreviewSubtitle() const { return m_previewSubtitle; }
     bool isLabelPreviewShown() const;
     void setLabelPreviewShown(bool shown);
 
@@ -54,6 +62,8 @@ private:
     void updateContent();
     QWidget* createContent(ContentState state);
     void chainFocus();
+    void buildLabelPreview();
+    void refreshLabelPreview();
 
     AppSettings& m_settings;
     ProductListViewModel& m_viewModel;
@@ -63,7 +73,12 @@ private:
     ErrorAlert* m_errorAlert;
     QSplitter* m_splitter;
     QVBoxLayout* m_contentLayout;
-    LabelPreviewPanel* m_labelPreview = nullptr;
+    QWidget* m_previewPanel = nullptr;
+    QLabel* m_previewSubtitle = nullptr;
+    QScrollArea* m_previewScroll = nullptr;
+    LabelPreviewView* m_preview = nullptr;
+    // Made when the panel first draws: its font look-up costs start-up time.
+    std::optional<LabelRenderer> m_renderer;
     // None until the window first appears.
     QWidget* m_content = nullptr;
     ContentState m_state = ContentState::ConfigurationNeeded;
