@@ -123,12 +123,6 @@ QColor Theme::secondaryText(const QPalette& palette)
     return readableOn(blend(window, palette.color(QPalette::WindowText), 0.55), window);
 }
 
-QColor Theme::separator(const QPalette& palette)
-{
-    return blend(palette.color(QPalette::Window), palette.color(QPalette::WindowText),
-                 kSeparatorOpacity);
-}
-
 QColor Theme::accent(const QPalette& palette)
 {
     return palette.color(QPalette::Active, QPalette::Highlight);

@@ -34,7 +34,6 @@ public:
 
     static QColor controlBackground(const QPalette& palette);
     static QColor secondaryText(const QPalette& palette);
-    static QColor separator(const QPalette& palette);
     static QColor accent(const QPalette& palette);
     // Green and red for text and symbols, darkened or lightened as far as it
     // takes to read on the window, the fields and the cards.
