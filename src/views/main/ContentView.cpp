@@ -10,11 +10,11 @@
 #include "views/common/Theme.h"
 #include "views/main/CustomTitleBar.h"
 #include "views/main/CustomToolbar.h"
-#include "views/main/ErrorAlert.h"
 #include "views/main/ProductListView.h"
 #include "views/main/StatusBarView.h"
 
 #include <QLabel>
+#include <QMessageBox>
 #include <QPushButton>
 #include <QScrollArea>
 #include <QShowEvent>
@@ -97,8 +97,7 @@ ContentView::ContentState stateFor(const AppSettings& settings,
 ContentView::ContentView(AppSettings& settings, ProductListViewModel& viewModel, QWidget* parent)
     : QWidget(parent), m_settings(settings), m_viewModel(viewModel),
       m_titleBar(new CustomTitleBar(this)), m_toolbar(new CustomToolbar(settings, viewModel, this)),
-      m_statusBar(new StatusBarView(settings, viewModel, this)),
-      m_errorAlert(new ErrorAlert(viewModel, this)), m_splitter(new QSplitter(this)),
+      m_statusBar(new StatusBarView(settings, viewModel, this)), m_splitter(new QSplitter(this)),
       m_contentLayout(new QVBoxLayout)
 {
     setMinimumSize(kMinimumSize);
@@ -131,11 +130,60 @@ ContentView::ContentView(AppSettings& settings, ProductListViewModel& viewModel,
          {&ProductListViewModel::isLoadingChanged, &ProductListViewModel::productsChanged,
           &ProductListViewModel::filteredProductsChanged, &ProductListViewModel::searchTextChanged})
         connect(&m_viewModel, signal, this, &ContentView::updateContent);
+    connect(&m_viewModel, &ProductListViewModel::errorMessageChanged, this,
+            &ContentView::showErrorMessage);
 }
 
-QMessageBox* ContentView::errorAlert() const
+ContentView::~ContentView()
 {
-    return m_errorAlert->messageBox();
+    // Before this object is half gone: the alert calls back when it finishes.
+    delete m_errorAlert;
+}
+
+void ContentView::showErrorMessage()
+{
+    const std::optional<QString>& message = m_viewModel.errorMessage();
+    if (!message) {
+        if (m_errorAlert) {
+            // Cleared elsewhere (another window's alert, a new load): close without a second clear.
+            m_errorAlert->disconnect(this);
+            m_errorAlert->close();
+            m_errorAlert->deleteLater();
+            m_errorAlert = nullptr;
+        }
+        return;
+    }
+    const bool isNew = !m_errorAlert;
+    if (isNew) {
+        m_errorAlert = new QMessageBox(this);
+        m_errorAlert->setObjectName(u"errorAlert"_s);
+        m_errorAlert->setIcon(QMessageBox::Warning);
+        m_errorAlert->setWindowTitle(u"Fout"_s);
+        m_errorAlert->setTextFormat(Qt::PlainText);
+        QPushButton* ok = m_errorAlert->addButton(u"OK"_s, QMessageBox::AcceptRole);
+        ok->setObjectName(u"okButton"_s);
+        m_errorAlert->setDefaultButton(ok);
+        m_errorAlert->setEscapeButton(ok);
+        m_errorAlert->setWindowModality(Qt::WindowModal);
+        connect(m_errorAlert, &QMessageBox::finished, this, &ContentView::acknowledgeError);
+    }
+#ifdef Q_OS_MACOS
+    // A sheet has no title bar: the title leads and the message follows, as in a native alert.
+    m_errorAlert->setText(u"Fout"_s);
+    m_errorAlert->setInformativeText(*message);
+#else
+    m_errorAlert->setText(*message);
+#endif
+    if (isNew)
+        m_errorAlert->open();
+}
+
+void ContentView::acknowledgeError()
+{
+    if (m_errorAlert)
+        m_errorAlert->deleteLater();
+    m_errorAlert = nullptr;
+    m_viewModel.clearError();
 }
 
 bool ContentView::isLabelPreviewShown() const
@@ -218,7 +266,7 @@ void ContentView::showEvent(QShowEvent* event)
     if (event->spontaneous())
         return;
     m_viewModel.setSettings(&m_settings);
-    m_errorAlert->showMessage();
+    showErrorMessage();
     if (m_settings.isConfigured() && m_viewModel.products().isEmpty())
         m_viewModel.fetchProducts();
     updateContent();

@@ -2,16 +2,16 @@
 
 #include "labelrender/LabelRenderer.h"
 
+#include <QMessageBox>
+#include <QPointer>
 #include <QWidget>
 #include <optional>
 
 class AppSettings;
 class CustomToolbar;
-class ErrorAlert;
 class LabelPreviewView;
 class ProductListViewModel;
 class QLabel;
-class QMessageBox;
 class QScrollArea;
 class QSplitter;
 class QVBoxLayout;
@@ -19,7 +19,8 @@ class StatusBarView;
 
 // The product window's root: title bar, toolbar, divider, one content area
 // with the label preview panel beside it (hidden at first), and the status
-// bar, plus the alert for the view model's error message. The panel shows the
+// bar, plus the window-modal alert "Fout" for the view model's error message,
+// whose "OK" clears the message (opened, not executed). The panel shows the
 // selected product's label as it will print with the selected template.
 class ContentView : public QWidget
 {
@@ -37,6 +38,7 @@ public:
     };
 
     ContentView(AppSettings& settings, ProductListViewModel& viewModel, QWidget* parent = nullptr);
+    ~ContentView() override;
 
     ContentState contentState() const { return m_state; }
     QWidget* contentWidget() const { return m_content; }
@@ -46,7 +48,8 @@ public:
 
     CustomToolbar* toolbar() const { return m_toolbar; }
     StatusBarView* statusBar() const { return m_statusBar; }
-    QMessageBox* errorAlert() const;
+    // The open alert, or null.
+    QMessageBox* errorAlert() const { return m_errorAlert; }
 
     // None until the panel is first shown.
     LabelPreviewView* labelPreview() const { return m_preview; }
@@ -59,6 +62,9 @@ protected:
     void showEvent(QShowEvent* event) override;
 
 private:
+    // Opens, updates or closes the alert to match the current message.
+    void showErrorMessage();
+    void acknowledgeError();
     void updateContent();
     QWidget* createContent(ContentState state);
     void chainFocus();
@@ -70,7 +76,7 @@ private:
     QWidget* m_titleBar;
     CustomToolbar* m_toolbar;
     StatusBarView* m_statusBar;
-    ErrorAlert* m_errorAlert;
+    QPointer<QMessageBox> m_errorAlert;
     QSplitter* m_splitter;
     QVBoxLayout* m_contentLayout;
     QWidget* m_previewPanel = nullptr;
