@@ -121,9 +121,8 @@ ContentView::ContentView(AppSettings& settings, ProductListViewModel& viewModel,
     m_splitter->setStretchFactor(0, 1);
     m_splitter->setChildrenCollapsible(false);
 
-    // Every value the choice of content reads. The content is made when the
-    // window first appears: that is when the first load starts, and a
-    // placeholder made before it would never be seen.
+    // Every value the choice of content reads. The content is made when the window first
+    // appears, with the first load: a placeholder made before would never be seen.
     for (auto signal : {&AppSettings::dossiersChanged, &AppSettings::selectedDossierIDChanged})
         connect(&m_settings, signal, this, &ContentView::updateContent);
     for (auto signal :

@@ -3,6 +3,7 @@
 #include "views/common/Theme.h"
 
 #include <QApplication>
+#include <QDir>
 #include <QImage>
 #include <QPushButton>
 #include <QScopeGuard>
@@ -82,9 +83,11 @@ void ThemeTest::aPaletteChangeReachesRolesLinesAndStyleSheets()
 
 void ThemeTest::everySymbolIsDrawnInItsColour()
 {
-    QVERIFY(SymbolIcons::symbolNames().size() >= 28);
-    for (const QString& name : SymbolIcons::symbolNames()) {
-        const QIcon icon = SymbolIcons::tinted(name, Qt::red, 32);
+    SymbolIcons::tinted(u"gear", Qt::red); // registers the set
+    const QStringList names = QDir(u":/symbols"_s).entryList({u"*.svg"_s});
+    QVERIFY(names.size() >= 28);
+    for (const QString& name : names) {
+        const QIcon icon = SymbolIcons::tinted(QStringView(name).chopped(4), Qt::red, 32);
         // Drawn for a second screen at twice the pixels, not scaled up.
         QCOMPARE(icon.pixmap(QSize(32, 32), 2.0).size(), QSize(64, 64));
         const QImage image = icon.pixmap(QSize(32, 32), 1.0).toImage();
