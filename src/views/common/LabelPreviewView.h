@@ -11,10 +11,9 @@ class QVBoxLayout;
 struct LabelPreview;
 struct RenderedLabel;
 
-// A rendered label as the user sees it: the picture fitted to the width,
-// the label size in millimetres under it, and the warnings under the
-// heading "Waarschuwingen" when there are any. The picture opens at 100 %
-// in a window of its own.
+// A rendered label: the picture fitted to the width, the size in millimetres
+// under it, and any warnings under "Waarschuwingen". A click on the picture
+// opens it at 100 % in a window of its own.
 class LabelPreviewView : public QWidget
 {
     Q_OBJECT

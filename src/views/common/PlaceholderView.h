@@ -23,7 +23,6 @@ public:
     QLabel* headline() const { return m_headline; }
     QLabel* detail() const { return m_detail; }
 
-    // Below the lines given so far.
     QLabel* addLine(const QString& text, const QFont& font);
     QPushButton* addButton(const QString& text);
 
