@@ -7,7 +7,6 @@
 #include "views/common/LabelPreviewView.h"
 #include "views/common/SaveErrorLabel.h"
 #include "views/common/SymbolIcons.h"
-#include "views/common/Theme.h"
 #include "views/main/ContentView.h"
 #include "views/main/CustomToolbar.h"
 #include "views/main/PrintButton.h"
