@@ -1,15 +1,12 @@
 #include "views/common/PlaceholderView.h"
 
+#include "views/common/SymbolIcons.h"
 #include "views/common/SymbolLabel.h"
 #include "views/common/Theme.h"
 
 #include <QLabel>
 #include <QPushButton>
 #include <QVBoxLayout>
-
-namespace {
-constexpr int kSymbolSize = 48;
-} // namespace
 
 PlaceholderView::PlaceholderView(QWidget* picture, const QString& headline, const QString& detail,
                                  QWidget* parent)
@@ -27,7 +24,7 @@ PlaceholderView::PlaceholderView(QWidget* picture, const QString& headline, cons
 
 QWidget* PlaceholderView::symbol(const QString& symbolName)
 {
-    return new SymbolLabel(symbolName, kSymbolSize, Theme::kSecondaryText);
+    return new SymbolLabel(symbolName, SymbolIcons::kLargestSize, Theme::kSecondaryText);
 }
 
 QLabel* PlaceholderView::addLine(const QString& text, const QFont& font)
