@@ -17,7 +17,10 @@ BusyIndicator::BusyIndicator(int diameter, QWidget* parent) : QWidget(parent), m
     setFixedSize(diameter, diameter);
     setAttribute(Qt::WA_TransparentForMouseEvents);
     m_timer.setInterval(kFrameMs);
-    connect(&m_timer, &QTimer::timeout, this, &BusyIndicator::advance);
+    connect(&m_timer, &QTimer::timeout, this, [this] {
+        m_step = (m_step + 1) % kSpokes;
+        update();
+    });
 }
 
 void BusyIndicator::paintEvent(QPaintEvent*)
@@ -49,10 +52,4 @@ void BusyIndicator::hideEvent(QHideEvent* event)
 {
     QWidget::hideEvent(event);
     m_timer.stop();
-}
-
-void BusyIndicator::advance()
-{
-    m_step = (m_step + 1) % kSpokes;
-    update();
 }

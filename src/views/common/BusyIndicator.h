@@ -20,8 +20,6 @@ protected:
     void hideEvent(QHideEvent* event) override;
 
 private:
-    void advance();
-
     int m_diameter;
     QTimer m_timer;
     int m_step = 0;

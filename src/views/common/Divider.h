@@ -2,9 +2,8 @@
 
 #include <QFrame>
 
-// A one pixel line in the separator colour, the text colour at the
-// separator's opacity, so it follows every palette; `length` fixes its
-// extent along the line.
+// A one pixel line in the text colour at the separator's opacity, so it follows
+// every palette; `length` fixes its extent along the line.
 class Divider : public QFrame
 {
     Q_OBJECT

@@ -17,7 +17,6 @@ public:
 
     QSize sizeHint() const override;
     QSize minimumSizeHint() const override;
-    bool hasHeightForWidth() const override { return true; }
     int heightForWidth(int width) const override;
 
 protected:
@@ -25,7 +24,6 @@ protected:
     void keyPressEvent(QKeyEvent* event) override;
 
 private:
-    // Where the picture goes inside a widget `width` wide.
     QRect pictureRect(int width) const;
 
     QImage m_image;

@@ -59,6 +59,22 @@ QStringList warningsOf(const LabelPreview& preview)
     return warnings;
 }
 
+QString sizeLine(const RenderedLabel& label)
+{
+    if (!label.sizeKnown()) {
+        const QString missing = !label.widthKnown && !label.lengthKnown ? u"^PW en ^LL"_s
+                                : !label.widthKnown                     ? u"^PW"_s
+                                                                        : u"^LL"_s;
+        return u"Etiketformaat onbekend: de ZPL zet geen %1."_s.arg(missing);
+    }
+    const QSize dots = label.sizeDots();
+    return u"%1 × %2 mm (%3 × %4 punten)"_s
+        .arg(millimetres(dots.width(), label.dotsPerMm),
+             millimetres(dots.height(), label.dotsPerMm))
+        .arg(dots.width())
+        .arg(dots.height());
+}
+
 } // namespace
 
 LabelPreviewView::LabelPreviewView(QWidget* parent)
@@ -101,33 +117,12 @@ void LabelPreviewView::showPreview(const LabelPreview& preview)
         m_size->setText(u"Geen etiket: de ZPL bevat geen ^XA ... ^XZ."_s);
     } else {
         m_picture->setImage(labels.first().image);
-        m_size->setText(sizeText(labels.first()));
+        m_size->setText(sizeLine(labels.first()));
     }
     m_picture->setVisible(!labels.isEmpty());
     m_picture->setAccessibleDescription(m_size->text());
     showWarnings(warningsOf(preview));
     refreshFullSize();
-}
-
-QString LabelPreviewView::sizeText() const
-{
-    return m_size->text();
-}
-
-QString LabelPreviewView::sizeText(const RenderedLabel& label)
-{
-    if (!label.sizeKnown()) {
-        const QString missing = !label.widthKnown && !label.lengthKnown ? u"^PW en ^LL"_s
-                                : !label.widthKnown                     ? u"^PW"_s
-                                                                        : u"^LL"_s;
-        return u"Etiketformaat onbekend: de ZPL zet geen %1."_s.arg(missing);
-    }
-    const QSize dots = label.sizeDots();
-    return u"%1 × %2 mm (%3 × %4 punten)"_s
-        .arg(millimetres(dots.width(), label.dotsPerMm),
-             millimetres(dots.height(), label.dotsPerMm))
-        .arg(dots.width())
-        .arg(dots.height());
 }
 
 void LabelPreviewView::showWarnings(const QStringList& warnings)

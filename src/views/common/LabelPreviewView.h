@@ -1,20 +1,18 @@
 #pragma once
 
+#include <QLabel>
 #include <QPointer>
 #include <QScrollArea>
 #include <QStringList>
 #include <QWidget>
 
 class LabelPictureButton;
-class QLabel;
 class QVBoxLayout;
 struct LabelPreview;
-struct RenderedLabel;
 
-// A rendered label as the user sees it: the picture fitted to the width,
-// the label size in millimetres under it, and the warnings under the
-// heading "Waarschuwingen" when there are any. The picture opens at 100 %
-// in a window of its own.
+// A rendered label: the picture fitted to the width, the size in millimetres
+// under it, and any warnings under "Waarschuwingen". A click on the picture
+// opens it at 100 % in a window of its own.
 class LabelPreviewView : public QWidget
 {
     Q_OBJECT
@@ -26,16 +24,13 @@ public:
     void showPreview(const LabelPreview& preview);
 
     LabelPictureButton* picture() const { return m_picture; }
-    QString sizeText() const;
+    QString sizeText() const { return m_size->text(); }
     const QStringList& warnings() const { return m_warnings; }
     // Null until the picture was opened, and after that window closed.
     QScrollArea* fullSizeWindow() const { return m_fullSize; }
 
-    void openFullSize();
-
-    static QString sizeText(const RenderedLabel& label);
-
 private:
+    void openFullSize();
     void showWarnings(const QStringList& warnings);
     void refreshFullSize();
 

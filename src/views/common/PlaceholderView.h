@@ -1,10 +1,10 @@
 #pragma once
 
+#include <QVBoxLayout>
 #include <QWidget>
 
 class QLabel;
 class QPushButton;
-class QVBoxLayout;
 
 // What a content area shows when it has nothing else to show: a centred
 // column of a picture, a headline, a detail line and, if asked for, a button.
@@ -23,13 +23,16 @@ public:
     QLabel* headline() const { return m_headline; }
     QLabel* detail() const { return m_detail; }
 
-protected:
-    // Below the lines given so far.
     QLabel* addLine(const QString& text, const QFont& font);
     QPushButton* addButton(const QString& text);
 
 private:
-    void add(QWidget* widget);
+    // Between the two stretches, which keep the column centred.
+    template <typename Widget> Widget* add(Widget* widget)
+    {
+        m_column->insertWidget(m_column->count() - 1, widget, 0, Qt::AlignHCenter);
+        return widget;
+    }
 
     QVBoxLayout* m_column;
     QLabel* m_headline = nullptr;

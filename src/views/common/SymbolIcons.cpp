@@ -1,6 +1,5 @@
 #include "views/common/SymbolIcons.h"
 
-#include <QDir>
 #include <QImage>
 #include <QPainter>
 #include <QPixmap>
@@ -8,15 +7,12 @@
 
 using namespace Qt::StringLiterals;
 
-// Outside any namespace, as Q_INIT_RESOURCE requires.
+// The icons live in a static library; nothing else pulls their registration in.
+int qInitResources_symbols();
+
 static void initSymbolResources()
 {
-    // The icons live in a static library; nothing else pulls their registration in.
-    static const bool registered = [] {
-        Q_INIT_RESOURCE(symbols);
-        return true;
-    }();
-    Q_UNUSED(registered);
+    [[maybe_unused]] static const int registered = qInitResources_symbols();
 }
 
 namespace {
@@ -65,15 +61,6 @@ QIcon SymbolIcons::tinted(QStringView symbolName, const QColor& color, int size)
         icon.addPixmap(tint(shape, faded, scale), QIcon::Disabled);
     }
     return icon;
-}
-
-QStringList SymbolIcons::symbolNames()
-{
-    initSymbolResources();
-    QStringList names = QDir(u":/symbols"_s).entryList({u"*.svg"_s});
-    for (QString& name : names)
-        name.chop(4);
-    return names;
 }
 
 QIcon SymbolIcons::appIcon()

@@ -2,7 +2,6 @@
 
 #include <QColor>
 #include <QIcon>
-#include <QStringList>
 #include <QStringView>
 
 // The bundled monochrome symbols ("printer.fill", "magnifyingglass", ...),
@@ -16,7 +15,6 @@ public:
     // The symbol in `color`, drawn for `size` pixels at 1x and 2x (smaller
     // sizes are scaled down from those); null for an unknown name.
     static QIcon tinted(QStringView symbolName, const QColor& color, int size = kLargestSize);
-    static QStringList symbolNames();
     // A label with a barcode.
     static QIcon appIcon();
 };

@@ -112,26 +112,10 @@ double Theme::contrastRatio(const QColor& first, const QColor& second)
     return (qMax(a, b) + 0.05) / (qMin(a, b) + 0.05);
 }
 
-QColor Theme::controlBackground(const QPalette& palette)
-{
-    return palette.color(QPalette::Base);
-}
-
 QColor Theme::secondaryText(const QPalette& palette)
 {
     const QColor window = palette.color(QPalette::Window);
     return readableOn(blend(window, palette.color(QPalette::WindowText), 0.55), window);
-}
-
-QColor Theme::separator(const QPalette& palette)
-{
-    return blend(palette.color(QPalette::Window), palette.color(QPalette::WindowText),
-                 kSeparatorOpacity);
-}
-
-QColor Theme::accent(const QPalette& palette)
-{
-    return palette.color(QPalette::Active, QPalette::Highlight);
 }
 
 QColor Theme::green(const QPalette& palette)

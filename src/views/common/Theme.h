@@ -9,10 +9,9 @@ class QApplication;
 class QLabel;
 class QWidget;
 
-// Named colours and text styles of the desktop, taken from the palette so
-// that light and dark themes both work. Sizes are device-independent pixels.
-// An instance gives the application's palette the roles below, at once and
-// again after every palette change, so widgets only name a role.
+// Named colours and text styles, taken from the palette so light and dark both
+// work (sizes in device-independent pixels). An instance gives the application's
+// palette the roles below, again after every change, so widgets only name a role.
 class Theme : public QObject
 {
     Q_OBJECT
@@ -27,15 +26,19 @@ public:
     static constexpr qreal kSeparatorOpacity = 0.16;
 
     explicit Theme(QApplication& application);
-    // A label in a text style and colour role.
     static QLabel* label(const QString& text, const QFont& font,
                          QPalette::ColorRole role = QPalette::WindowText,
                          QWidget* parent = nullptr);
 
-    static QColor controlBackground(const QPalette& palette);
+    static QColor controlBackground(const QPalette& palette)
+    {
+        return palette.color(QPalette::Base);
+    }
     static QColor secondaryText(const QPalette& palette);
-    static QColor separator(const QPalette& palette);
-    static QColor accent(const QPalette& palette);
+    static QColor accent(const QPalette& palette)
+    {
+        return palette.color(QPalette::Active, QPalette::Highlight);
+    }
     // Green and red for text and symbols, darkened or lightened as far as it
     // takes to read on the window, the fields and the cards.
     static QColor green(const QPalette& palette);

@@ -1,27 +1,81 @@
 #include "views/main/ContentView.h"
 
+#include "labelrender/LabelPreview.h"
 #include "model/AppSettings.h"
 #include "viewmodels/ProductListViewModel.h"
+#include "views/common/BusyIndicator.h"
 #include "views/common/Divider.h"
-#include "views/main/ConfigurationNeededView.h"
+#include "views/common/LabelPreviewView.h"
+#include "views/common/PlaceholderView.h"
+#include "views/common/Theme.h"
 #include "views/main/CustomTitleBar.h"
 #include "views/main/CustomToolbar.h"
-#include "views/main/EmptyStateView.h"
-#include "views/main/ErrorAlert.h"
-#include "views/main/LabelPreviewPanel.h"
-#include "views/main/LoadingView.h"
-#include "views/main/NoResultsView.h"
 #include "views/main/ProductListView.h"
 #include "views/main/StatusBarView.h"
 
+#include <QLabel>
+#include <QMessageBox>
+#include <QPushButton>
+#include <QScrollArea>
 #include <QShowEvent>
 #include <QSplitter>
 #include <QVBoxLayout>
+
+using namespace Qt::StringLiterals;
 
 namespace {
 
 constexpr QSize kMinimumSize{600, 400};
 constexpr int kPreviewWidth = 300;
+constexpr int kPreviewMinimumWidth = 220;
+constexpr int kPreviewMargin = 12;
+// The regular spinning wheel is 32 pixels; this one is drawn half as large again.
+constexpr int kWheelDiameter = 48;
+#ifdef Q_OS_MACOS
+constexpr QStringView kSettingsKey = u"Cmd+,";
+#else
+constexpr QStringView kSettingsKey = u"Ctrl+,";
+#endif
+
+// The placeholders of the content area.
+PlaceholderView* configurationNeededView()
+{
+    auto* view = new PlaceholderView(
+        PlaceholderView::symbol(u"folder.badge.gearshape"_s), u"Configuratie vereist"_s,
+        u"Configureer een dossier met API key in Instellingen (%1)"_s.arg(kSettingsKey));
+    view->detail()->setObjectName(u"hint"_s);
+    return view;
+}
+
+PlaceholderView* loadingView()
+{
+    return new PlaceholderView(new BusyIndicator(kWheelDiameter), {}, u"Producten laden..."_s);
+}
+
+QString noResultsHeadline(const QString& searchText)
+{
+    return u"Geen resultaten voor \""_s + searchText + u"\""_s;
+}
+
+PlaceholderView* noResultsView(const QString& searchText)
+{
+    auto* view =
+        new PlaceholderView(PlaceholderView::symbol(u"magnifyingglass"_s),
+                            noResultsHeadline(searchText), u"Probeer een andere zoekterm"_s);
+    view->headline()->setTextFormat(Qt::PlainText);
+    return view;
+}
+
+PlaceholderView* emptyStateView(ProductListViewModel& viewModel)
+{
+    auto* view = new PlaceholderView(PlaceholderView::symbol(u"cube.box"_s),
+                                     u"Geen producten gevonden"_s, {});
+    QPushButton* refresh = view->addButton(u"Vernieuwen"_s);
+    refresh->setObjectName(u"refreshButton"_s);
+    QObject::connect(refresh, &QPushButton::clicked, &viewModel,
+                     &ProductListViewModel::fetchProducts);
+    return view;
+}
 
 // What the content area shows: the first state that holds.
 ContentView::ContentState stateFor(const AppSettings& settings,
@@ -43,8 +97,7 @@ ContentView::ContentState stateFor(const AppSettings& settings,
 ContentView::ContentView(AppSettings& settings, ProductListViewModel& viewModel, QWidget* parent)
     : QWidget(parent), m_settings(settings), m_viewModel(viewModel),
       m_titleBar(new CustomTitleBar(this)), m_toolbar(new CustomToolbar(settings, viewModel, this)),
-      m_statusBar(new StatusBarView(settings, viewModel, this)),
-      m_errorAlert(new ErrorAlert(viewModel, this)), m_splitter(new QSplitter(this)),
+      m_statusBar(new StatusBarView(settings, viewModel, this)), m_splitter(new QSplitter(this)),
       m_contentLayout(new QVBoxLayout)
 {
     setMinimumSize(kMinimumSize);
@@ -68,25 +121,73 @@ ContentView::ContentView(AppSettings& settings, ProductListViewModel& viewModel,
     m_splitter->setStretchFactor(0, 1);
     m_splitter->setChildrenCollapsible(false);
 
-    // Every value the choice of content reads. The content is made when the
-    // window first appears: that is when the first load starts, and a
-    // placeholder made before it would never be seen.
+    // Every value the choice of content reads. The content is made when the window first
+    // appears, with the first load: a placeholder made before would never be seen.
     for (auto signal : {&AppSettings::dossiersChanged, &AppSettings::selectedDossierIDChanged})
         connect(&m_settings, signal, this, &ContentView::updateContent);
     for (auto signal :
          {&ProductListViewModel::isLoadingChanged, &ProductListViewModel::productsChanged,
           &ProductListViewModel::filteredProductsChanged, &ProductListViewModel::searchTextChanged})
         connect(&m_viewModel, signal, this, &ContentView::updateContent);
+    connect(&m_viewModel, &ProductListViewModel::errorMessageChanged, this,
+            &ContentView::showErrorMessage);
 }
 
-QMessageBox* ContentView::errorAlert() const
+ContentView::~ContentView()
 {
-    return m_errorAlert->messageBox();
+    // Before this object is half gone: the alert calls back when it finishes.
+    delete m_errorAlert;
+}
+
+void ContentView::showErrorMessage()
+{
+    const std::optional<QString>& message = m_viewModel.errorMessage();
+    if (!message) {
+        if (m_errorAlert) {
+            // Cleared elsewhere (another window's alert, a new load): close without a second clear.
+            m_errorAlert->disconnect(this);
+            m_errorAlert->close();
+            m_errorAlert->deleteLater();
+            m_errorAlert = nullptr;
+        }
+        return;
+    }
+    const bool isNew = !m_errorAlert;
+    if (isNew) {
+        m_errorAlert = new QMessageBox(this);
+        m_errorAlert->setObjectName(u"errorAlert"_s);
+        m_errorAlert->setIcon(QMessageBox::Warning);
+        m_errorAlert->setWindowTitle(u"Fout"_s);
+        m_errorAlert->setTextFormat(Qt::PlainText);
+        QPushButton* ok = m_errorAlert->addButton(u"OK"_s, QMessageBox::AcceptRole);
+        ok->setObjectName(u"okButton"_s);
+        m_errorAlert->setDefaultButton(ok);
+        m_errorAlert->setEscapeButton(ok);
+        m_errorAlert->setWindowModality(Qt::WindowModal);
+        connect(m_errorAlert, &QMessageBox::finished, this, &ContentView::acknowledgeError);
+    }
+#ifdef Q_OS_MACOS
+    // A sheet has no title bar: the title leads and the message follows, as in a native alert.
+    m_errorAlert->setText(u"Fout"_s);
+    m_errorAlert->setInformativeText(*message);
+#else
+    m_errorAlert->setText(*message);
+#endif
+    if (isNew)
+        m_errorAlert->open();
+}
+
+void ContentView::acknowledgeError()
+{
+    if (m_errorAlert)
+        m_errorAlert->deleteLater();
+    m_errorAlert = nullptr;
+    m_viewModel.clearError();
 }
 
 bool ContentView::isLabelPreviewShown() const
 {
-    return m_labelPreview && !m_labelPreview->isHidden();
+    return m_previewPanel && !m_previewPanel->isHidden();
 }
 
 void ContentView::setLabelPreviewShown(bool shown)
@@ -94,16 +195,67 @@ void ContentView::setLabelPreviewShown(bool shown)
     if (shown == isLabelPreviewShown())
         return;
     // Made the first time it is asked for: most sessions never open it.
-    if (!m_labelPreview) {
-        m_labelPreview = new LabelPreviewPanel(m_settings, m_viewModel);
-        m_labelPreview->hide();
-        m_splitter->addWidget(m_labelPreview);
-        m_splitter->setStretchFactor(1, 0);
-        chainFocus();
-    }
+    if (!m_previewPanel)
+        buildLabelPreview();
     if (shown)
         m_splitter->setSizes({qMax(0, m_splitter->width() - kPreviewWidth), kPreviewWidth});
-    m_labelPreview->setVisible(shown);
+    m_previewPanel->setVisible(shown);
+    refreshLabelPreview();
+}
+
+void ContentView::buildLabelPreview()
+{
+    m_previewPanel = new QWidget;
+    m_previewPanel->hide();
+    m_previewPanel->setMinimumWidth(kPreviewMinimumWidth);
+    m_previewSubtitle = Theme::label({}, Theme::caption(), Theme::kSecondaryText);
+    m_previewSubtitle->setWordWrap(true);
+    m_preview = new LabelPreviewView;
+    m_preview->setAutoFillBackground(false);
+    m_previewScroll = new QScrollArea;
+    m_previewScroll->setWidget(m_preview);
+    m_previewScroll->setWidgetResizable(true);
+    m_previewScroll->setFrameShape(QFrame::NoFrame);
+    m_previewScroll->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
+    m_previewScroll->setFocusPolicy(Qt::NoFocus);
+    m_previewScroll->viewport()->setAutoFillBackground(false);
+
+    auto* layout = new QVBoxLayout(m_previewPanel);
+    layout->setContentsMargins(kPreviewMargin, kPreviewMargin, kPreviewMargin, 0);
+    layout->setSpacing(4);
+    layout->addWidget(Theme::label(u"Etiketvoorbeeld"_s, Theme::headline(), QPalette::WindowText));
+    layout->addWidget(m_previewSubtitle);
+    layout->addSpacing(6);
+    layout->addWidget(m_previewScroll, 1);
+    layout->addStretch(); // holds the hint at the top while the picture is hidden
+    m_splitter->addWidget(m_previewPanel);
+    m_splitter->setStretchFactor(1, 0);
+    chainFocus();
+
+    for (auto signal :
+         {&ProductListViewModel::selectedProductIDChanged, &ProductListViewModel::productsChanged})
+        connect(&m_viewModel, signal, this, &ContentView::refreshLabelPreview);
+    for (auto signal : {&AppSettings::selectedTemplateIDChanged, &AppSettings::templatesChanged})
+        connect(&m_settings, signal, this, &ContentView::refreshLabelPreview);
+}
+
+void ContentView::refreshLabelPreview()
+{
+    // A hidden panel draws nothing; it catches up when it is shown.
+    if (!isLabelPreviewShown())
+        return;
+    const std::optional<Product> product = m_viewModel.selectedProduct();
+    const std::optional<LabelTemplate> labelTemplate = m_settings.selectedTemplate();
+    m_previewScroll->setVisible(product && labelTemplate);
+    if (!product)
+        return m_previewSubtitle->setText(u"Selecteer een product om het etiket te zien."_s);
+    if (!labelTemplate)
+        return m_previewSubtitle->setText(u"Kies een etiket om het voorbeeld te zien."_s);
+    m_previewSubtitle->setText(u"%1 · %2"_s.arg(product->sku(), labelTemplate->name));
+    if (!m_renderer)
+        m_renderer.emplace();
+    m_preview->showPreview(
+        LabelPreview::make(*m_renderer, labelTemplate->zplContent, &*product, 1));
 }
 
 void ContentView::showEvent(QShowEvent* event)
@@ -113,7 +265,7 @@ void ContentView::showEvent(QShowEvent* event)
     if (event->spontaneous())
         return;
     m_viewModel.setSettings(&m_settings);
-    m_errorAlert->showMessage();
+    showErrorMessage();
     if (m_settings.isConfigured() && m_viewModel.products().isEmpty())
         m_viewModel.fetchProducts();
     updateContent();
@@ -123,8 +275,9 @@ void ContentView::updateContent()
 {
     const ContentState state = stateFor(m_settings, m_viewModel);
     if (m_content && state == m_state) {
-        if (auto* noResults = qobject_cast<NoResultsView*>(m_content))
-            noResults->setSearchText(m_viewModel.searchText());
+        if (state == ContentState::NoResults)
+            static_cast<PlaceholderView*>(m_content)->headline()->setText(
+                noResultsHeadline(m_viewModel.searchText()));
         return;
     }
     m_state = state;
@@ -151,13 +304,13 @@ QWidget* ContentView::createContent(ContentState state)
 {
     switch (state) {
     case ContentState::ConfigurationNeeded:
-        return new ConfigurationNeededView(this);
+        return configurationNeededView();
     case ContentState::Loading:
-        return new LoadingView(this);
+        return loadingView();
     case ContentState::NoResults:
-        return new NoResultsView(m_viewModel.searchText(), this);
+        return noResultsView(m_viewModel.searchText());
     case ContentState::Empty:
-        return new EmptyStateView([this] { m_viewModel.fetchProducts(); }, this);
+        return emptyStateView(m_viewModel);
     case ContentState::ProductList:
         return new ProductListView(m_viewModel, m_settings, this);
     }
@@ -168,7 +321,7 @@ void ContentView::chainFocus()
 {
     // Tab goes left to right through the toolbar, then the content, then the status bar.
     QList<QWidget*> chain = m_toolbar->focusChain();
-    for (QWidget* area : {m_content, static_cast<QWidget*>(m_labelPreview)}) {
+    for (QWidget* area : {m_content, m_previewPanel}) {
         const QList<QWidget*> children = area ? area->findChildren<QWidget*>() : QList<QWidget*>();
         for (QWidget* widget : children) {
             if (widget->focusPolicy() & Qt::TabFocus)

@@ -122,11 +122,6 @@ CustomToolbar::CustomToolbar(AppSettings& settings, ProductListViewModel& viewMo
     showLoading();
 }
 
-QWidget* CustomToolbar::checkedBadge() const
-{
-    return m_badge;
-}
-
 QList<QWidget*> CustomToolbar::focusChain() const
 {
     return {m_dossierPicker, m_templatePicker, m_searchField, m_clearChecked, m_reload};

@@ -5,7 +5,6 @@
 #include <optional>
 
 class AppSettings;
-class Card;
 class ProductListViewModel;
 class QComboBox;
 class QLabel;
@@ -27,7 +26,7 @@ public:
     QComboBox* dossierPicker() const { return m_dossierPicker; }
     QComboBox* templatePicker() const { return m_templatePicker; }
     QLineEdit* searchField() const { return m_searchField; }
-    QWidget* checkedBadge() const;
+    QWidget* checkedBadge() const { return m_badge; }
     QToolButton* clearCheckedButton() const { return m_clearChecked; }
     QPushButton* reloadButton() const { return m_reload; }
     // The controls that take the keyboard focus, left to right.
@@ -51,7 +50,7 @@ private:
     QComboBox* m_dossierPicker;
     QComboBox* m_templatePicker;
     QLineEdit* m_searchField;
-    Card* m_badge = nullptr;
+    QWidget* m_badge = nullptr;
     QLabel* m_badgeLabel = nullptr;
     QToolButton* m_clearChecked = nullptr;
     QPushButton* m_reload;

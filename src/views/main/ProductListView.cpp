@@ -150,12 +150,9 @@ void ProductListView::showSelection()
 
 std::optional<int> ProductListView::displayedRow(qint64 productID) const
 {
-    const int rows = m_proxy->rowCount();
-    for (int row = 0; row < rows; ++row) {
-        if (m_proxy->productAt(row).ID == productID)
-            return row;
-    }
-    return std::nullopt;
+    const QModelIndexList found = m_proxy->match(
+        m_proxy->index(0, 0), ProductTableModel::kProductIDRole, productID, 1, Qt::MatchExactly);
+    return found.isEmpty() ? std::nullopt : std::optional(found.first().row());
 }
 
 void ProductListView::handleSpacebarPress()

@@ -29,8 +29,6 @@ public:
 
     explicit ProductSortProxy(ProductTableModel& table, QObject* parent = nullptr);
 
-    // Case-insensitive, the user's language (English when none is set), digit
-    // runs by value: how the text columns compare.
     static QCollator textCollator();
     // Starts as the article number, ascending.
     const QList<SortKey>& sortOrder() const { return m_sortOrder; }
@@ -53,8 +51,7 @@ private:
     ProductTableModel& m_table;
     QCollator m_collator;
     QList<SortKey> m_sortOrder;
-    // By source row, worked out when a sort first needs the column: collating
-    // both texts on every comparison took a sort by article number three to
-    // four times as long.
+    // By source row, made when a sort first needs the column: collating on every
+    // comparison made a sort by article number three to four times slower.
     mutable std::array<Keys, ProductTableModel::kColumnCount> m_keys;
 };

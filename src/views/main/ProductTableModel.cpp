@@ -7,6 +7,28 @@
 
 using namespace Qt::StringLiterals;
 
+namespace {
+
+QVariant displayText(const Product& product, int column)
+{
+    switch (column) {
+    case ProductTableModel::kSKUColumn:
+        return product.sku();
+    case ProductTableModel::kNameColumn:
+        return product.displayName();
+    case ProductTableModel::kPriceColumn: // two decimals and a full stop, whatever the language
+        return product.SellPrice1WithVat
+                   ? u"€ "_s + QString::asprintf("%.2f", *product.SellPrice1WithVat)
+                   : u"€ -"_s;
+    case ProductTableModel::kBarcodeColumn:
+        return product.barcode();
+    default:
+        return {};
+    }
+}
+
+} // namespace
+
 ProductTableModel::ProductTableModel(ProductListViewModel& viewModel, QObject* parent)
     : QAbstractTableModel(parent), m_viewModel(viewModel), m_bodyFont(Theme::body()),
       m_monospacedFont(Theme::monospaced(13))
@@ -89,29 +111,6 @@ Qt::ItemFlags ProductTableModel::flags(const QModelIndex& index) const
 const Product& ProductTableModel::productAt(int row) const
 {
     return m_viewModel.filteredAt(row);
-}
-
-QString ProductTableModel::priceText(const Product& product)
-{
-    if (!product.SellPrice1WithVat)
-        return u"€ -"_s;
-    return u"€ "_s + QString::asprintf("%.2f", *product.SellPrice1WithVat);
-}
-
-QVariant ProductTableModel::displayText(const Product& product, int column) const
-{
-    switch (column) {
-    case kSKUColumn:
-        return product.sku();
-    case kNameColumn:
-        return product.displayName();
-    case kPriceColumn:
-        return priceText(product);
-    case kBarcodeColumn:
-        return product.barcode();
-    default:
-        return {};
-    }
 }
 
 void ProductTableModel::refreshChecks()

@@ -33,11 +33,8 @@ public:
     Qt::ItemFlags flags(const QModelIndex& index) const override;
 
     const Product& productAt(int row) const;
-    // "€ " and the price with two decimals and a full stop, or "€ -" without a price.
-    static QString priceText(const Product& product);
 
 private:
-    QVariant displayText(const Product& product, int column) const;
     void refreshChecks();
 
     ProductListViewModel& m_viewModel;

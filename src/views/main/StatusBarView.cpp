@@ -72,8 +72,7 @@ StatusBarView::StatusBarView(AppSettings& settings, ProductListViewModel& viewMo
     column->setContentsMargins(16, 12, 16, 12);
     column->setSpacing(4);
     column->addLayout(row);
-    // A line of its own, so that it never squeezes the row, even in the
-    // narrowest window; hidden, and taking no room, while saves succeed.
+    // Its own line, so it never squeezes the row; it takes no room while saves succeed.
     column->addWidget(m_saveErrorLabel);
 
     connect(m_quantityField, &QLineEdit::editingFinished, this, &StatusBarView::commitQuantity);

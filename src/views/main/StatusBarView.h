@@ -25,7 +25,6 @@ public:
     QLabel* countLabel() const { return m_countLabel; }
     SaveErrorLabel* saveErrorLabel() const { return m_saveErrorLabel; }
     QWidget* successRow() const { return m_successRow; }
-    QLabel* successLabel() const { return m_successLabel; }
     QWidget* printControls() const { return m_printControls; }
     QLineEdit* quantityField() const { return m_quantityField; }
     PrintButton* printButton() const { return m_printButton; }

@@ -7,11 +7,8 @@
 #include "views/common/LabelPreviewView.h"
 #include "views/common/SaveErrorLabel.h"
 #include "views/common/SymbolIcons.h"
-#include "views/common/Theme.h"
 #include "views/main/ContentView.h"
 #include "views/main/CustomToolbar.h"
-#include "views/main/LabelPreviewPanel.h"
-#include "views/main/NoResultsView.h"
 #include "views/main/PrintButton.h"
 #include "views/main/ProductListView.h"
 #include "views/main/ProductTableModel.h"
@@ -122,9 +119,11 @@ void ProductWindowTest::statesFollowTheLoadAndTheSearch()
     QCOMPARE(m_view->contentState(), State::Loading);
     QTRY_COMPARE_WITH_TIMEOUT(m_view->contentState(), State::ProductList, 5000);
     m_viewModel->setSearchText(u"zzz"_s);
-    QVERIFY(qobject_cast<NoResultsView*>(m_view->contentWidget()));
+    m_viewModel->setSearchText(u"<b>zzz"_s);
+    QCOMPARE(m_view->contentState(), State::NoResults);
     QCOMPARE(m_view->contentWidget()->findChild<QLabel*>()->text(),
-             u"Geen resultaten voor \"zzz\""_s);
+             u"Geen resultaten voor \"<b>zzz\""_s);
+    QCOMPARE(m_view->contentWidget()->findChild<QLabel*>()->textFormat(), Qt::PlainText);
 
     // A reload hides the table, even with products known; no API key hides the reload.
     m_viewModel->fetchProducts();
@@ -240,28 +239,18 @@ void ProductWindowTest::printBadgeAndReloadButtons()
     QVERIFY(!print->isEnabled() && print->isBusy());
     QTRY_VERIFY_WITH_TIMEOUT(!m_view->statusBar()->isPrinting(), 10000);
     QVERIFY(print->isEnabled() && !print->isBusy());
-    // The sink reads the last job when its own side of the connection closes.
-    QTRY_COMPARE_WITH_TIMEOUT(m_fixture->sink().jobs().size(), m_products.size(), 5000);
 
-    // The print fill and the reload symbol follow a palette change.
+    // The reload symbol follows a palette change (the print fill is a style sheet,
+    // which Theme refreshes).
     CustomToolbar* toolbar = m_view->toolbar();
-    const auto fill = [print] {
-        return print->grab().toImage().pixelColor(4, print->height() / 2);
-    };
     const QPalette original = QApplication::palette();
     const auto restore = qScopeGuard([&original] { QApplication::setPalette(original); });
-    Theme theme(*qApp);
-    QCOMPARE(fill(), original.color(QPalette::Highlight));
     QPalette dark = original;
-    dark.setColor(QPalette::Highlight, QColor(10, 132, 255));
     dark.setColor(QPalette::WindowText, QColor(236, 236, 236));
     QApplication::setPalette(dark);
-    QTRY_COMPARE(fill(), QColor(10, 132, 255));
-    const auto image = [](const QIcon& icon) {
-        return icon.pixmap(16, 16).toImage();
-    };
-    QCOMPARE(image(toolbar->reloadButton()->icon()),
-             image(SymbolIcons::tinted(u"arrow.clockwise", QColor(236, 236, 236), 16)));
+    QTRY_COMPARE(
+        toolbar->reloadButton()->icon().pixmap(16).toImage(),
+        SymbolIcons::tinted(u"arrow.clockwise", QColor(236, 236, 236), 16).pixmap(16).toImage());
 
     QTest::mouseClick(toolbar->clearCheckedButton(), Qt::LeftButton);
     QVERIFY(!toolbar->checkedBadge()->isVisible() && !print->isVisible());
@@ -282,10 +271,9 @@ void ProductWindowTest::aFailedSaveShowsUntilASaveSucceeds()
     QTRY_VERIFY_WITH_TIMEOUT(!status->isPrinting(), 10000);
     QVERIFY(status->successRow()->isVisible() && !status->saveErrorLabel()->isVisible());
     const auto geometries = [status] {
-        return QList<QRect>{
-            status->countLabel()->geometry(),    status->successLabel()->geometry(),
-            status->successRow()->geometry(),    status->printButton()->geometry(),
-            status->printControls()->geometry(), status->versionLabel()->geometry()};
+        return QList<QRect>{status->countLabel()->geometry(), status->successRow()->geometry(),
+                            status->printControls()->geometry(),
+                            status->versionLabel()->geometry()};
     };
     QTest::qWait(50);
     const QList<QRect> before = geometries();
@@ -455,7 +443,6 @@ void ProductWindowTest::columnWidthsComeFromTheStoreAndKeepTheirMinimum()
         QTest::mouseClick(header->viewport(), Qt::LeftButton, {}, QPoint(x, header->height() / 2));
     };
     click(ProductTableModel::kNameColumn);
-    QCOMPARE(idAt(0), 30); // Beitel
     click(ProductTableModel::kNameColumn);
     QCOMPARE(idAt(0), 10); // Zaag
     click(ProductTableModel::kCheckColumn);
@@ -473,9 +460,10 @@ void ProductWindowTest::labelPreviewFollowsSelectionTemplateAndEdits()
     showTable();
     QVERIFY(!m_view->isLabelPreviewShown());
     m_view->setLabelPreviewShown(true);
-    LabelPreviewPanel* panel = m_view->labelPreview();
-    QVERIFY(panel->isVisible() && !panel->isPreviewShown());
-    QCOMPARE(panel->subtitle()->text(), u"Selecteer een product om het etiket te zien."_s);
+    LabelPreviewView* preview = m_view->labelPreview();
+    QVERIFY(m_view->isLabelPreviewShown() && !preview->isVisible());
+    QCOMPARE(m_view->labelPreviewSubtitle()->text(),
+             u"Selecteer een product om het etiket te zien."_s);
 
     // The label exactly as printing fills and the printer draws it.
     const auto printed = [this](const Product& product) {
@@ -483,10 +471,10 @@ void ProductWindowTest::labelPreviewFollowsSelectionTemplateAndEdits()
             ZPLService().generateZPL(product, m_settings->selectedTemplate()->zplContent).value();
         return LabelRenderer().render(zpl).labels.at(0).image;
     };
-    const QImage& shown = panel->preview()->picture()->image();
+    const QImage& shown = preview->picture()->image();
     QTest::mouseClick(table()->viewport(), Qt::LeftButton, {},
                       table()->visualRect(table()->model()->index(1, 1)).center());
-    QVERIFY(panel->isPreviewShown());
+    QVERIFY(preview->isVisible());
     QCOMPARE(shown, printed(m_products.at(2)));
 
     QComboBox* picker = m_view->toolbar()->templatePicker();
@@ -502,22 +490,22 @@ void ProductWindowTest::labelPreviewFollowsSelectionTemplateAndEdits()
         t.zplContent = u"^XA^PW400^LL200"_s + u"^FO500,0^FD{{NAAM}}^FS"_s.repeated(30) + u"^XZ"_s;
     });
     QStringList rows;
-    for (const QLabel* label : panel->preview()->findChildren<QLabel*>())
+    for (const QLabel* label : preview->findChildren<QLabel*>())
         rows << label->text();
     QCOMPARE(rows.filter(u"begint buiten de etiketbreedte"_s).size(), 20);
-    QVERIFY(rows.contains(u"en %1 meer"_s.arg(panel->preview()->warnings().size() - 20)));
+    QVERIFY(rows.contains(u"en %1 meer"_s.arg(preview->warnings().size() - 20)));
 
     // A label too large to fill says so in place of the picture.
     m_settings->updateTemplate(1, [](LabelTemplate& t) {
         t.zplContent = u"^XA^FD{{NAAM}}"_s + QString(ZPLService::kMaxLabelBytes, u'x');
     });
-    QVERIFY(!panel->preview()->picture()->isVisible());
-    QCOMPARE(panel->preview()->sizeText(), ZPLService::labelTooLargeMessage());
+    QVERIFY(!preview->picture()->isVisible());
+    QCOMPARE(preview->sizeText(), ZPLService::labelTooLargeMessage());
 
     m_viewModel->setSelectedProductID(std::nullopt);
-    QVERIFY(!panel->isPreviewShown());
+    QVERIFY(!preview->isVisible());
     m_view->setLabelPreviewShown(false);
-    QVERIFY(!panel->isVisible());
+    QVERIFY(!m_view->isLabelPreviewShown() && !preview->isVisible());
 }
 
 QTEST_MAIN(ProductWindowTest)
