@@ -30,15 +30,7 @@ public:
                          QPalette::ColorRole role = QPalette::WindowText,
                          QWidget* parent = nullptr);
 
-    static QColor controlBackground(const QPalette& palette)
-    {
-        return palette.color(QPalette::Base);
-    }
     static QColor secondaryText(const QPalette& palette);
-    static QColor accent(const QPalette& palette)
-    {
-        return palette.color(QPalette::Active, QPalette::Highlight);
-    }
     // Green and red for text and symbols, darkened or lightened as far as it
     // takes to read on the window, the fields and the cards.
     static QColor green(const QPalette& palette);

@@ -29,7 +29,7 @@ void PrinterChoiceDelegate::paint(QPainter* painter, const QStyleOptionViewItem&
     const bool selected = option.state & QStyle::State_Selected;
     const QColor primary =
         option.palette.color(selected ? QPalette::HighlightedText : QPalette::Text);
-    const QColor secondary = selected ? primary : Theme::secondaryText(option.palette);
+    const QColor secondary = selected ? primary : option.palette.color(Theme::kSecondaryText);
 
     painter->save();
     painter->setFont(item.font);

@@ -53,7 +53,7 @@ SettingsSidebar::SettingsSidebar(SettingsViewModel& model, QWidget* parent)
         // Beside the tree, not in its viewport: a screen reader sees the cells of
         // an item view only, so buttons inside it would be out of its reach.
         auto* plus = new QToolButton(this);
-        plus->setIcon(SymbolIcons::tinted(u"plus", Theme::secondaryText(palette())));
+        plus->setIcon(SymbolIcons::tinted(u"plus", palette().color(Theme::kSecondaryText)));
         plus->setIconSize(QSize(kPlusSize, kPlusSize));
         plus->setFixedSize(kPlusBox, kPlusBox);
         plus->setAutoRaise(true);

@@ -55,7 +55,7 @@ QColor SettingsSidebarDelegate::iconColor(const QModelIndex& index, bool selecte
         return Qt::white;
     if (index.data(SettingsSidebarModel::setUpRole).toBool())
         return Theme::green(palette);
-    return Theme::secondaryText(palette);
+    return palette.color(Theme::kSecondaryText);
 }
 
 QColor SettingsSidebarDelegate::textColor(bool selected, const QPalette& palette)
@@ -99,7 +99,7 @@ void SettingsSidebarDelegate::paint(QPainter* painter, const QStyleOptionViewIte
     const QString text = index.data(Qt::DisplayRole).toString();
     if (entry == Entry::emptyText) {
         painter->setFont(emptyTextFont());
-        painter->setPen(Theme::secondaryText(palette));
+        painter->setPen(palette.color(Theme::kSecondaryText));
         painter->drawText(option.rect.adjusted(kRecordIndent, 4, 0, -4 - kSpacing),
                           Qt::AlignLeft | Qt::AlignVCenter | Qt::TextSingleLine, text);
         painter->restore();
@@ -112,18 +112,19 @@ void SettingsSidebarDelegate::paint(QPainter* painter, const QStyleOptionViewIte
     if (selected) {
         QPainterPath background;
         background.addRoundedRect(QRectF(row), m.radius, m.radius);
-        painter->fillPath(background, Theme::accent(palette));
+        painter->fillPath(background, palette.color(QPalette::Active, QPalette::Highlight));
     }
 
     const int midY = row.top() + (m.height - m.iconSize) / 2;
     if (entry == Entry::group) {
         const bool open = option.state & QStyle::State_Open;
-        symbol(open ? u"chevron.down"_s : u"chevron.right"_s, Theme::secondaryText(palette), 9)
+        symbol(open ? u"chevron.down"_s : u"chevron.right"_s, palette.color(Theme::kSecondaryText),
+               9)
             .paint(painter, QRect(row.left() + kPadding, row.top() + (m.height - 9) / 2, 9, 9));
     }
     const QColor symbolColor = entry == Entry::record ? iconColor(index, selected, palette)
                                : selected             ? QColor(Qt::white)
-                                                      : Theme::secondaryText(palette);
+                                                      : palette.color(Theme::kSecondaryText);
     const int iconX = row.left() + m.leading;
     symbol(index.data(SettingsSidebarModel::symbolRole).toString(), symbolColor, m.iconSize)
         .paint(painter, QRect(iconX + (m.iconBox - m.iconSize) / 2, midY, m.iconSize, m.iconSize));
@@ -142,9 +143,9 @@ void SettingsSidebarDelegate::paint(QPainter* painter, const QStyleOptionViewIte
         const qreal inset = kFocusWidth / 2;
         QPainterPath ring;
         ring.addRoundedRect(QRectF(row).adjusted(inset, inset, -inset, -inset), m.radius, m.radius);
-        painter->setPen(
-            QPen(selected ? palette.color(QPalette::HighlightedText) : Theme::accent(palette),
-                 kFocusWidth));
+        painter->setPen(QPen(selected ? palette.color(QPalette::HighlightedText)
+                                      : palette.color(QPalette::Active, QPalette::Highlight),
+                             kFocusWidth));
         painter->setBrush(Qt::NoBrush);
         painter->drawPath(ring);
     }

@@ -168,7 +168,7 @@ void SettingsView::copyPlaceholder(const QString& key)
 void SettingsView::paintEvent(QPaintEvent*)
 {
     // The sidebar and the footer lie on the control background at half strength.
-    QColor band = Theme::controlBackground(palette());
+    QColor band = palette().color(QPalette::Base);
     band.setAlphaF(0.5f);
     QPainter painter(this);
     painter.fillRect(m_sidebar->geometry(), band);
