@@ -3,7 +3,6 @@
 #include <QImage>
 #include <QList>
 #include <QRect>
-#include <QSizeF>
 #include <QString>
 #include <QStringList>
 
@@ -28,10 +27,6 @@ struct RenderedLabel
     QList<RenderedField> fields;
 
     QSize sizeDots() const { return image.size(); }
-    QSizeF sizeMm() const
-    {
-        return QSizeF(image.width() / qreal(dotsPerMm), image.height() / qreal(dotsPerMm));
-    }
     bool sizeKnown() const { return widthKnown && lengthKnown; }
 };
 
