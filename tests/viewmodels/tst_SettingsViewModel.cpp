@@ -41,8 +41,6 @@ void SettingsViewModelTest::keysUseUpperCaseUuidsAndParseStrictly_data()
     QTest::addColumn<bool>("hasID");
     QTest::newRow("dossier") << u"dossier-6F1C2B0E-8D4A-4C3B-9E2F-1A2B3C4D5E6F"_s << Kind::dossier
                              << true;
-    QTest::newRow("printer") << u"printer-6F1C2B0E-8D4A-4C3B-9E2F-1A2B3C4D5E6F"_s << Kind::printer
-                             << true;
     QTest::newRow("about") << u"about"_s << Kind::about << false;
     // The kind comes from the prefix; a bad UUID leaves no id.
     QTest::newRow("not a UUID") << u"printer-xyz"_s << Kind::printer << false;

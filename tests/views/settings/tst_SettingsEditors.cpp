@@ -40,57 +40,19 @@ class SettingsEditorsTest : public QObject
     Q_OBJECT
 
 private slots:
-    void addressAndPortFields();
-    void connectionTestStatusAndTestPrint();
+    void printerPageAndTestPrint();
     void writesThroughAStaleRecordAreIgnored();
     void templatePage();
     void previewFollowsTheText_data();
     void previewFollowsTheText();
 };
 
-void SettingsEditorsTest::addressAndPortFields()
+// Against a label sink on the loopback interface whose printer is out of paper.
+void SettingsEditorsTest::printerPageAndTestPrint()
 {
     // No grouping separators and no range check.
     QCOMPARE(PrinterEditorPage::parsePort(u"9.100"_s), std::nullopt);
     QCOMPARE(PrinterEditorPage::parsePort(u"-3"_s), -3);
-    SettingsViewHarness harness;
-    harness.settings().setPrinters({{.name = u"Balie"_s, .ipAddress = {}}});
-    QVERIFY(harness.show());
-    auto* page = harness.open<PrinterEditorPage>(Kind::printer);
-    const auto enabled = [page] {
-        return QList<bool>{page->testButton()->isEnabled(), page->statusButton()->isEnabled()};
-    };
-    QCOMPARE(enabled(), (QList<bool>{false, false}));
-    QTest::keyClicks(page->ipAddressField(), u"1"_s);
-    QCOMPARE(enabled(), (QList<bool>{true, true}));
-    QTest::keyClick(page->ipAddressField(), Qt::Key_Backspace);
-    QCOMPARE(enabled(), (QList<bool>{false, false}));
-    QTest::keyClicks(page->ipAddressField(), u" 10.0.0.9 "_s);
-    QCOMPARE(harness.settings().printers().at(0).ipAddress, u" 10.0.0.9 "_s);
-
-    // Delete is offered even for the only printer.
-    QVERIFY(page->deleteButton()->isVisible());
-    QCOMPARE(page->deleteButton()->text(), u"Verwijder Printer"_s);
-
-    // Leaving the field after a port that is not a whole number shows the
-    // port in force again.
-    QLineEdit* port = page->portField();
-    QCOMPARE(port->text(), u"9100"_s);
-    port->setFocus();
-    port->selectAll();
-    QTest::keyClicks(port, u"abc"_s);
-    QCOMPARE(harness.settings().printers().at(0).port, 9100);
-    page->nameField()->setFocus();
-    QTRY_COMPARE(port->text(), u"9100"_s);
-    port->setFocus();
-    port->selectAll();
-    QTest::keyClicks(port, u"6101"_s);
-    QCOMPARE(harness.settings().printers().at(0).port, 6101);
-}
-
-// Against a label sink on the loopback interface whose printer is out of paper.
-void SettingsEditorsTest::connectionTestStatusAndTestPrint()
-{
     LabelSink sink;
     QVERIFY(sink.listen());
     sink.setStatusAnswer("\x02"
@@ -107,6 +69,9 @@ void SettingsEditorsTest::connectionTestStatusAndTestPrint()
     QVERIFY(harness.show());
     auto* page = harness.open<PrinterEditorPage>(Kind::printer);
     QVERIFY(!page->resultLabel()->isVisible() && !page->statusLabel()->isVisible());
+    // Delete is offered even for the only printer.
+    QVERIFY(page->deleteButton()->isVisible());
+    QCOMPARE(page->deleteButton()->text(), u"Verwijder Printer"_s);
 
     clickOn(page->statusButton());
     clickOn(page->testButton());
@@ -122,7 +87,6 @@ void SettingsEditorsTest::connectionTestStatusAndTestPrint()
     QVERIFY(sameRow(page->spinner(), page->testButton()));
     QVERIFY(sameRow(page->statusSpinner(), page->statusButton()));
     QVERIFY(page->statusButton()->y() > page->testButton()->geometry().bottom());
-    QCOMPARE(page->statusButton()->x(), page->testButton()->x());
     QTRY_VERIFY(!harness.view().isPrinterTesting() && page->statusButton()->isEnabled());
     QVERIFY(page->testButton()->isEnabled() && !page->spinner()->isVisible());
     QVERIFY(sameRow(page->resultLabel(), page->testButton()));
@@ -140,8 +104,33 @@ void SettingsEditorsTest::connectionTestStatusAndTestPrint()
     page = harness.open<PrinterEditorPage>(Kind::printer, 1);
     QCOMPARE(page->resultLabel()->text(), u"Verbinding gelukt! Test etiket verstuurd."_s);
     QVERIFY(!page->statusLabel()->isVisible());
-    QCOMPARE(harness.open<PrinterEditorPage>(Kind::printer, 0)->statusLabel()->text(),
-             u"Papier op"_s);
+
+    // The new printer has no address yet.
+    const auto enabled = [page] {
+        return QList<bool>{page->testButton()->isEnabled(), page->statusButton()->isEnabled()};
+    };
+    QCOMPARE(enabled(), (QList<bool>{false, false}));
+    QTest::keyClicks(page->ipAddressField(), u"1"_s);
+    QCOMPARE(enabled(), (QList<bool>{true, true}));
+    QTest::keyClick(page->ipAddressField(), Qt::Key_Backspace);
+    QCOMPARE(enabled(), (QList<bool>{false, false}));
+    QTest::keyClicks(page->ipAddressField(), u" 10.0.0.9 "_s);
+    QCOMPARE(harness.settings().printers().at(1).ipAddress, u" 10.0.0.9 "_s);
+
+    // Leaving the field after a port that is not a whole number shows the
+    // port in force again.
+    QLineEdit* port = page->portField();
+    QCOMPARE(port->text(), u"9100"_s);
+    port->setFocus();
+    port->selectAll();
+    QTest::keyClicks(port, u"abc"_s);
+    QCOMPARE(harness.settings().printers().at(1).port, 9100);
+    page->nameField()->setFocus();
+    QTRY_COMPARE(port->text(), u"9100"_s);
+    port->setFocus();
+    port->selectAll();
+    QTest::keyClicks(port, u"6101"_s);
+    QCOMPARE(harness.settings().printers().at(1).port, 6101);
 
     auto* templatePage = harness.open<TemplateEditorPage>(Kind::labelTemplate);
     clickOn(templatePage->testButton());
@@ -303,8 +292,6 @@ void SettingsEditorsTest::previewFollowsTheText_data()
         << u"150 × 50 mm (1200 × 400 punten)"_s;
     QTest::newRow("size unknown") << u"^XA^FO10,10^A0N,30^FD{{NAAM}}^FS^XZ"_s
                                   << u"Etiketformaat onbekend: de ZPL zet geen ^PW en ^LL."_s;
-    QTest::newRow("decimal comma") << u"^XA^PW406^LL203^FO10,10^A0N,30^FD{{PRIJS}}^FS^XZ"_s
-                                   << u"50,8 × 25,4 mm (406 × 203 punten)"_s;
 }
 
 void SettingsEditorsTest::previewFollowsTheText()
