@@ -43,8 +43,6 @@ private slots:
     void printerPageAndTestPrint();
     void writesThroughAStaleRecordAreIgnored();
     void templatePage();
-    void previewFollowsTheText_data();
-    void previewFollowsTheText();
 };
 
 // Against a label sink on the loopback interface whose printer is out of paper.
@@ -160,8 +158,6 @@ void SettingsEditorsTest::writesThroughAStaleRecordAreIgnored()
     printer.setRecord(settings.printers().at(0).id);
     dossier.setRecord(settings.dossiers().at(0).id);
     labelTemplate.setRecord(QUuid::createUuid());
-    for (QWidget* page : std::initializer_list<QWidget*>{&printer, &dossier, &labelTemplate})
-        page->show();
     const QList<LabelTemplate> templatesBefore = settings.templates();
     settings.setPrinters({});
     settings.setDossiers({});
@@ -281,44 +277,23 @@ void SettingsEditorsTest::templatePage()
     harness.settings().addTemplate();
     QVERIFY(page->deleteButton()->isVisible());
     QCOMPARE(page->deleteButton()->text(), u"Verwijder Etiket"_s);
-}
 
-void SettingsEditorsTest::previewFollowsTheText_data()
-{
-    QTest::addColumn<QString>("typed");
-    QTest::addColumn<QString>("size");
-    QTest::newRow("size set, wider than the page")
-        << u"^XA^PW1200^LL400^FO10,10^A0N,30^FD{{NAAM}}^FS^XZ"_s
-        << u"150 × 50 mm (1200 × 400 punten)"_s;
-    QTest::newRow("size unknown") << u"^XA^FO10,10^A0N,30^FD{{NAAM}}^FS^XZ"_s
-                                  << u"Etiketformaat onbekend: de ZPL zet geen ^PW en ^LL."_s;
-}
-
-void SettingsEditorsTest::previewFollowsTheText()
-{
-    QFETCH(QString, typed);
-    QFETCH(QString, size);
-    SettingsViewHarness harness;
-    QVERIFY(harness.show());
-    auto* page = harness.open<TemplateEditorPage>(Kind::labelTemplate);
+    // The label drawn with the sample values, once the typing paused.
     LabelPreviewView* preview = page->preview();
-    LabelPictureButton* picture = preview->picture();
-    QVERIFY(picture->isVisible());
-
-    page->zplEditor()->clear();
-    page->zplEditor()->insertPlainText(typed);
-    // Drawn with the sample values, once the typing paused.
+    QTRY_COMPARE(preview->sizeText(), u"Etiketformaat onbekend: de ZPL zet geen ^PW en ^LL."_s);
+    const QString wide = u"^XA^PW1200^LL400^FO10,10^A0N,30^FD{{NAAM}}^FS^XZ"_s;
+    editor->clear();
+    editor->insertPlainText(wide);
     const QImage expected =
         LabelRenderer()
-            .render(harness.view().model().zplService().previewZPL(typed).value())
+            .render(harness.view().model().zplService().previewZPL(wide).value())
             .labels.at(0)
             .image;
-    QTRY_COMPARE(picture->image(), expected);
-    QCOMPARE(preview->sizeText(), size);
-    // A wide label is drawn smaller; the page never gets wider than the area.
+    QTRY_COMPARE(preview->picture()->image(), expected);
+    QCOMPARE(preview->sizeText(), u"150 × 50 mm (1200 × 400 punten)"_s);
+    // Drawn smaller: the page never gets wider than the area.
     QVERIFY(page->width() <= page->parentWidget()->width());
-
-    clickOn(picture);
+    clickOn(preview->picture());
     QScrollArea* fullSize = preview->fullSizeWindow();
     QVERIFY(fullSize && fullSize->isVisible());
     QCOMPARE(fullSize->widget()->size(), expected.size());
