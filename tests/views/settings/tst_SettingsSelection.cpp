@@ -50,8 +50,7 @@ void SettingsSelectionTest::rowsFollowTheStoreAndPlusAdds()
     QVERIFY(harness.isRowSelected(Kind::dossier, 0));
     QVERIFY(sidebar->isExpanded(harness.group(Kind::dossier)));
 
-    // "+" opens its closed group; what it selects is the model's rule, and
-    // the tree and the page follow it.
+    // "+" opens its closed group; the tree and the page follow the model's selection.
     harness.clickHeader(Kind::printer);
     QVERIFY(!sidebar->isExpanded(harness.group(Kind::printer)));
     clickOn(sidebar->addButton(Kind::printer));
@@ -76,8 +75,7 @@ void SettingsSelectionTest::rowsFollowTheStoreAndPlusAdds()
     QVERIFY(harness.isRowSelected(Kind::printer, 2));
 }
 
-// Which record is selected after a delete is the model's rule; here each
-// page's button deletes its own record.
+// What a delete selects is the model's rule; here each page deletes its own record.
 void SettingsSelectionTest::deleteButtonsAndEmptyStates()
 {
     SettingsViewHarness harness;
