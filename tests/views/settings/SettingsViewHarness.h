@@ -9,46 +9,39 @@
 
 #include <QApplication>
 #include <QTest>
-#include <memory>
 
-// A settings view over a store in its own temporary home, shown on screen.
+// A settings view over a store in its own temporary home.
 class SettingsViewHarness
 {
 public:
-    SettingsViewHarness()
-        : m_settings(std::make_unique<AppSettings>()),
-          m_view(std::make_unique<SettingsView>(*m_settings))
-    {
-        m_view->resize(1000, 700);
-    }
+    SettingsViewHarness() { m_view.resize(1000, 700); }
 
-    // Shows the view, which selects the first dossier as the window does.
+    // Shown, the view selects the first dossier as the window does.
     bool show()
     {
-        m_view->show();
-        return QTest::qWaitForWindowExposed(m_view.get());
+        m_view.show();
+        return QTest::qWaitForWindowExposed(&m_view);
     }
 
-    AppSettings& settings() { return *m_settings; }
-    SettingsView& view() { return *m_view; }
-
-    QWidget* page() const { return m_view->page(); }
-    template <typename Page> Page* pageAs() const { return qobject_cast<Page*>(page()); }
+    AppSettings& settings() { return m_settings; }
+    SettingsView& view() { return m_view; }
+    template <typename Page> Page* pageAs() const { return qobject_cast<Page*>(m_view.page()); }
 
     // Selects the record at `index` of a kind and returns the page showing it.
     template <typename Page> Page* open(SettingsTabKey::Kind kind, qsizetype index = 0)
     {
-        m_view->select(kind, m_view->model().ids(kind).at(index));
+        m_view.select(kind, m_view.model().ids(kind).at(index));
         return pageAs<Page>();
     }
 
-    SettingsSidebar* sidebar() const { return m_view->sidebar(); }
-    SettingsSidebarModel& sidebarModel() const { return *sidebar()->sidebarModel(); }
-    QModelIndex group(SettingsTabKey::Kind kind) const { return sidebarModel().groupIndex(kind); }
-    // The sidebar row of the record at `index` of a kind.
+    SettingsSidebar* sidebar() const { return m_view.sidebar(); }
+    QModelIndex group(SettingsTabKey::Kind kind) const
+    {
+        return sidebar()->sidebarModel()->groupIndex(kind);
+    }
     QModelIndex row(SettingsTabKey::Kind kind, int index) const
     {
-        return sidebarModel().index(index, 0, group(kind));
+        return sidebar()->sidebarModel()->index(index, 0, group(kind));
     }
     bool isRowSelected(SettingsTabKey::Kind kind, int index) const
     {
@@ -63,29 +56,21 @@ public:
                           QPoint(header.left() + 40, header.center().y()));
     }
 
-    // Replaces the store's lists; records get the given names.
     void setDossiers(const QStringList& names, const QStringList& apiKeys = {})
     {
         QList<Dossier> dossiers;
         for (qsizetype i = 0; i < names.size(); ++i)
             dossiers.append(Dossier{QUuid::createUuid(), names.at(i), apiKeys.value(i)});
-        m_settings->setDossiers(dossiers);
-    }
-    void setPrinters(const QList<Printer>& printers) { m_settings->setPrinters(printers); }
-
-    static Printer printer(const QString& name, const QString& ip, qint64 port = 9100)
-    {
-        return {.name = name, .ipAddress = ip, .port = port};
+        m_settings.setDossiers(dossiers);
     }
 
 private:
     TestHome m_home;
     Theme m_theme{*qApp};
-    std::unique_ptr<AppSettings> m_settings;
-    std::unique_ptr<SettingsView> m_view;
+    AppSettings m_settings;
+    SettingsView m_view{m_settings};
 };
 
-// A click in the middle of a widget, as the user makes it.
 inline void clickOn(QWidget* widget)
 {
     QTest::mouseClick(widget, Qt::LeftButton, {}, widget->rect().center());
