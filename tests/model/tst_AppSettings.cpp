@@ -232,41 +232,25 @@ private slots:
         QVERIFY(home.readSettingsFile().contains("\"2033\""));
     }
 
-    void filesAreOwnerOnly_data()
-    {
-        QTest::addColumn<bool>("exported");
-        // Made by hand or by an earlier version: closed at start.
-        QTest::newRow("settings directory left open") << false;
-        // An export holds every API key too.
-        QTest::newRow("export over a readable file") << true;
-    }
-
+    // An export holds every API key too; a directory left open by hand or by an
+    // earlier version is closed at start. Even with a permissive umask, nothing
+    // is readable by others.
     void filesAreOwnerOnly()
     {
-        QFETCH(bool, exported);
-        constexpr QFileDevice::Permissions kReadableByAll =
-            kOwnerReadWrite | QFileDevice::ReadGroup | QFileDevice::ReadOther;
-        // Even with a permissive umask, nothing is readable by others.
         const mode_t previousUmask = ::umask(0);
         TestHome home;
-        if (!exported) {
-            const auto open = kReadableByAll | QFileDevice::ExeOwner | QFileDevice::ExeGroup |
-                              QFileDevice::ExeOther;
-            QVERIFY(QDir().mkdir(home.settingsDirectory(), open));
-            QCOMPARE(unixBits(home.settingsDirectory()), int(open));
-        }
+        QVERIFY(QDir().mkdir(home.settingsDirectory(), QFileDevice::Permissions(0x7777)));
+        QCOMPARE(unixBits(home.settingsDirectory()), 0x7077);
+        const QString exported = home.path() + u"/stampix-settings.json"_s;
+        QVERIFY(TestHome::writeFile(exported, "{}")); // readable by all, as the umask allows
         AppSettings settings;
-        QFile file(exported ? home.path() + u"/stampix-settings.json"_s : home.settingsFilePath());
-        if (exported)
-            QVERIFY(file.open(QIODevice::WriteOnly) && file.setPermissions(kReadableByAll));
-        file.close();
-        if (exported)
-            QCOMPARE(settings.exportSettings(file.fileName()), std::nullopt);
-        else
-            settings.savePendingChanges();
+        settings.savePendingChanges();
+        QCOMPARE(settings.exportSettings(exported), std::nullopt);
         ::umask(previousUmask);
-        QVERIFY(SettingsData::read(TestHome::readFile(file.fileName()), nullptr));
-        QCOMPARE(unixBits(file.fileName()), int(kOwnerReadWrite));
+        for (const QString& file : {home.settingsFilePath(), exported}) {
+            QVERIFY(SettingsData::read(TestHome::readFile(file), nullptr));
+            QCOMPARE(unixBits(file), int(kOwnerReadWrite));
+        }
         QCOMPARE(unixBits(home.settingsDirectory()), int(kOwnerReadWrite | QFileDevice::ExeOwner));
     }
 };
