@@ -162,7 +162,6 @@ void StampixAppTest::shortcutsWorkFromTheSettingsWindow()
     QTRY_COMPARE_WITH_TIMEOUT(m_fixture->productRequestCount(), 1, 5000);
     QTest::keyClick(m_app->settingsWindow(), Qt::Key_R, Qt::ControlModifier);
     QTRY_COMPARE_WITH_TIMEOUT(m_fixture->productRequestCount(), 2, 5000);
-    // Also with every product window closed.
     main->close();
     QTest::keyClick(m_app->settingsWindow(), Qt::Key_R, Qt::ControlModifier);
     QTRY_COMPARE_WITH_TIMEOUT(m_fixture->productRequestCount(), 3, 5000);

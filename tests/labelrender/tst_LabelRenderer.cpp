@@ -8,7 +8,6 @@ using namespace zbar; // zbar.h puts its C API in a namespace under C++
 
 namespace {
 
-// Every symbol zbar finds in the picture, as "TYPE:data".
 QStringList scan(const QImage& picture)
 {
     const QImage gray = picture.convertToFormat(QImage::Format_Grayscale8);
