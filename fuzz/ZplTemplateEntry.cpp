@@ -7,7 +7,6 @@
 
 using namespace Qt::StringLiterals;
 
-// Input layout: see LabelInput.h.
 namespace {
 
 bool holdsPlaceholder(const QString& text)

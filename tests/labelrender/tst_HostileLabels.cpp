@@ -20,7 +20,6 @@ constexpr bool kBudgetHolds = !__has_feature(address_sanitizer);
 constexpr bool kBudgetHolds = true;
 #endif
 
-// `unit` repeated to fill `bytes`, or just under.
 QString repeated(const QString& unit, qsizetype bytes = kMiB)
 {
     return unit.repeated(bytes / unit.toUtf8().size());

@@ -1,3 +1,5 @@
+#include "TestHome.h"
+
 #include <QImage>
 #include <QProcess>
 #include <QTemporaryDir>
@@ -13,14 +15,10 @@ private slots:
     void init()
     {
         m_dir = std::make_unique<QTemporaryDir>();
-        const QList<std::pair<QString, QByteArray>> files{
-            {u"label.zpl"_s, "^XA^PW400^LL200^FO20,20^A0N,40^FD{{NAAM}}^FS^PQ2^XZ"},
-            {u"product.json"_s, R"({"ID": 5, "Name": "Zeep^Lavendel"})"},
-        };
-        for (const auto& [name, content] : files) {
-            QFile file(m_dir->filePath(name));
-            QVERIFY(file.open(QIODevice::WriteOnly) && file.write(content) == content.size());
-        }
+        QVERIFY(TestHome::writeFile(m_dir->filePath(u"label.zpl"_s),
+                                    "^XA^PW400^LL200^FO20,20^A0N,40^FD{{NAAM}}^FS^PQ2^XZ"));
+        QVERIFY(TestHome::writeFile(m_dir->filePath(u"product.json"_s),
+                                    R"({"ID": 5, "Name": "Zeep^Lavendel"})"));
     }
 
     void run_data()
