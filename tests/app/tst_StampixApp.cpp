@@ -5,7 +5,6 @@
 #include "app/UpdaterViewModel.h"
 #include "viewmodels/ProductListViewModel.h"
 #include "views/common/AppInfo.h"
-#include "views/main/AboutView.h"
 #include "views/main/ContentView.h"
 
 #include <QAction>
