@@ -12,11 +12,8 @@ int settingsDocument(const std::uint8_t* data, std::size_t size);
 int productResponse(const std::uint8_t* data, std::size_t size);
 // A label template and a product, NUL-separated (see LabelInput.h).
 int zplTemplate(const std::uint8_t* data, std::size_t size);
-// A label template and a product as for zplTemplate, filled and drawn.
 int labelRender(const std::uint8_t* data, std::size_t size);
-// A printer's answer to ~HS, as it arrives in pieces.
 int printerStatus(const std::uint8_t* data, std::size_t size);
-// An update feed.
 int appcast(const std::uint8_t* data, std::size_t size);
 
 } // namespace stampixfuzz

@@ -16,26 +16,19 @@ struct LabelInput
     QString zplTemplate;
     Product product;
 
-    static std::optional<QString> field(const QList<QByteArray>& fields, qsizetype index)
-    {
-        if (index >= fields.size() || fields.at(index) == "\x7f")
-            return std::nullopt;
-        return QString::fromUtf8(fields.at(index));
-    }
-
     static LabelInput read(const std::uint8_t* data, std::size_t size)
     {
         const QList<QByteArray> fields = toBytes(data, size).split('\0');
+        const auto field = [&fields](qsizetype index) -> std::optional<QString> {
+            if (index >= fields.size() || fields.at(index) == "\x7f")
+                return std::nullopt;
+            return QString::fromUtf8(fields.at(index));
+        };
         bool parsed = false;
-        const double price = field(fields, 5).value_or(QString()).toDouble(&parsed);
-        return {field(fields, 0).value_or(QString()),
-                {1,
-                 field(fields, 1),
-                 field(fields, 2),
-                 field(fields, 3),
-                 parsed ? std::optional(price) : std::nullopt,
-                 field(fields, 4),
-                 {}}};
+        const double price = field(5).value_or(QString()).toDouble(&parsed);
+        const std::optional<double> sellPrice = parsed ? std::optional(price) : std::nullopt;
+        return {field(0).value_or(QString()),
+                {1, field(1), field(2), field(3), sellPrice, field(4), {}}};
     }
 };
 

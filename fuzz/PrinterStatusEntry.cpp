@@ -11,15 +11,6 @@ using namespace Qt::StringLiterals;
 // and byte by byte; all three must end the same way.
 namespace {
 
-const QStringList kProblems{u"Papier op"_s, u"Gepauzeerd"_s,           u"Kop open"_s,
-                            u"Lint op"_s,   u"Ontvangstbuffer vol"_s,  u"Te warm"_s,
-                            u"Te koud"_s,   u"Configuratie verloren"_s};
-
-QString describe(const std::optional<PrinterStatus>& status)
-{
-    return status ? status->summary() : u"need more"_s;
-}
-
 // A first read of `firstRead` bytes, then reads of `piece` bytes, stopping at
 // the first outcome as the query does.
 std::optional<PrinterStatus> feed(const QByteArray& stream, qsizetype firstRead, qsizetype piece)
@@ -35,20 +26,6 @@ std::optional<PrinterStatus> feed(const QByteArray& stream, qsizetype firstRead,
     return std::nullopt;
 }
 
-bool isKnownSummary(const PrinterStatus& status)
-{
-    const QString summary = status.summary();
-    if (!status.failure().isEmpty())
-        return summary == u"Onbekend antwoord van de printer"_s;
-    if (summary == u"Gereed"_s)
-        return true;
-    if (summary == u"Gereed, formaten in de buffer: %1"_s.arg(status.formatsInBuffer))
-        return status.formatsInBuffer > 0;
-    const QStringList parts = summary.split(u", "_s);
-    return std::all_of(parts.cbegin(), parts.cend(),
-                       [](const QString& part) { return kProblems.contains(part); });
-}
-
 } // namespace
 
 int stampixfuzz::printerStatus(const std::uint8_t* data, std::size_t size)
@@ -56,7 +33,7 @@ int stampixfuzz::printerStatus(const std::uint8_t* data, std::size_t size)
     const QByteArray stream = toBytes(data, size);
     const qsizetype bound = PrinterStatus::kMaxAnswerBytes;
     const std::optional<PrinterStatus> whole = PrinterStatus::fromReceived(stream);
-    const QString outcome = describe(whole);
+    const QString outcome = whole ? whole->summary() : u"need more"_s;
 
     const qsizetype split = stream.isEmpty() ? 0 : qsizetype(data[0]) * stream.size() / 256 + 1;
     check(feed(stream, split, stream.size()) == whole, "two reads end as one does",
@@ -70,14 +47,11 @@ int stampixfuzz::printerStatus(const std::uint8_t* data, std::size_t size)
               "the query waits only while a whole answer may still come within the bound");
         return 0;
     }
-    check(isKnownSummary(*whole), "a summary holds only known texts", whole->summary());
     if (!whole->failure().isEmpty()) {
         check(wholeInBound || stream.size() > bound,
               "a failure comes from a whole answer or from too many bytes", outcome);
         return 0;
     }
     check(wholeInBound, "a status comes from three strings within the bound", outcome);
-    check(whole->isReady() == whole->summary().startsWith(u"Gereed"_s),
-          "ready exactly when the summary says so", whole->summary());
     return 0;
 }

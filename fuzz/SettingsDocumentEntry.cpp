@@ -13,7 +13,6 @@ int settingsDocument(const std::uint8_t* data, std::size_t size)
         check(!error.isEmpty(), "an unreadable document comes with a description");
         return 0;
     }
-    check(!first->templates.isEmpty(), "a read document always holds a template");
 
     const QByteArray written = first->write();
     const std::optional<SettingsData> second = SettingsData::read(written, &error);

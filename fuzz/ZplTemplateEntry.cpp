@@ -7,12 +7,7 @@
 
 using namespace Qt::StringLiterals;
 
-// Input layout: see LabelInput.h.
 namespace {
-
-const QStringList kMessages{
-    u"Ontbreekt ^XA (etiket start)"_s, u"Ontbreekt ^XZ (etiket einde)"_s,
-    u"Geen placeholders gevonden. Gebruik {{ARTIKELNR}}, {{NAAM}}, of {{PRIJS}}"_s};
 
 bool holdsPlaceholder(const QString& text)
 {
@@ -48,11 +43,9 @@ int stampixfuzz::zplTemplate(const std::uint8_t* data, std::size_t size)
     if (label && std::all_of(values.cbegin(), values.cend(), isInert))
         check(!holdsPlaceholder(*label), "no placeholder survives the fill", *label);
 
-    const ZPLService::Validation validation = zpl.validateTemplate(zplTemplate);
-    for (const QString& error : validation.errors)
-        check(kMessages.contains(error), "validation gives only known messages", error);
     // A template that the fill changed holds a placeholder.
-    check(!filled || !validation.errors.contains(kMessages[2]),
+    check(!filled ||
+              zpl.validateTemplate(zplTemplate).errors.filter(u"Geen placeholders"_s).isEmpty(),
           "a template with a placeholder is not reported as having none");
     const QString preview = zpl.previewZPL(zplTemplate).value_or(QString());
     check(!holdsPlaceholder(preview), "a preview holds no placeholder", preview);

@@ -5,10 +5,10 @@
 #include "app/UpdaterViewModel.h"
 #include "viewmodels/ProductListViewModel.h"
 #include "views/common/AppInfo.h"
-#include "views/main/AboutView.h"
 #include "views/main/ContentView.h"
 
 #include <QAction>
+#include <QDialogButtonBox>
 #include <QFileDialog>
 #include <QLabel>
 #include <QListView>
@@ -18,7 +18,6 @@
 #include <QProgressDialog>
 #include <QPushButton>
 #include <QSignalSpy>
-#include <QTcpSocket>
 #include <QTest>
 
 using namespace Qt::StringLiterals;
@@ -108,34 +107,28 @@ void StampixAppTest::menusAndFileDialogs()
     const QList<std::pair<QAction*, QStringList>> commands{
         {m_app->exportSettingsAction(),
          {u"Exporteer Instellingen"_s, u"Kies een locatie om de instellingen op te slaan"_s,
-          u"JSON (*.json)"_s, u"stampix-settings.json"_s}},
+          u"JSON (*.json)"_s, u"Annuleren"_s, u"stampix-settings.json"_s}},
         {m_app->importSettingsAction(),
          {u"Importeer Instellingen"_s, u"Selecteer een settings.json bestand om te importeren"_s,
-          u"JSON (*.json)"_s}}};
+          u"JSON (*.json)"_s, u"Annuleren"_s}}};
     for (const auto& [command, expected] : commands) {
         QStringList shown;
-        // Offscreen there is no platform dialog: Qt's own is shown under the message.
+        // Offscreen there is no platform dialog: Qt's own, in Dutch, is shown under the message.
         whenShown<QDialog>([&](QDialog* window) {
             auto* dialog = window->findChild<QFileDialog*>();
             auto* message = window->findChild<QLabel*>(u"messageLabel"_s);
             QVERIFY(dialog && message);
             auto* list = dialog->findChild<QListView*>(u"listView"_s);
+            auto* buttons = dialog->findChild<QDialogButtonBox*>();
             if (message->isVisible() && message->y() < list->mapTo(window, QPoint()).y())
-                shown << window->windowTitle() << message->text() << dialog->nameFilters();
+                shown << window->windowTitle() << message->text() << dialog->nameFilters()
+                      << buttons->button(QDialogButtonBox::Cancel)->text();
             if (dialog->acceptMode() == QFileDialog::AcceptSave)
                 shown << QFileInfo(dialog->selectedFiles().value(0)).fileName();
         });
         command->trigger();
         QCOMPARE(shown, expected);
     }
-
-    // Qt's own socket errors read in Dutch.
-    const quint16 port = m_fixture->server().port();
-    m_fixture->server().close();
-    QTcpSocket socket;
-    socket.connectToHost(QHostAddress::LocalHost, port);
-    QVERIFY(!socket.waitForConnected(5000));
-    QCOMPARE(socket.errorString(), u"Verbinding is geweigerd"_s);
 }
 
 void StampixAppTest::printSelectedLabelPrintsExactlyOneLabel()
@@ -168,7 +161,6 @@ void StampixAppTest::shortcutsWorkFromTheSettingsWindow()
     QTRY_COMPARE_WITH_TIMEOUT(m_fixture->productRequestCount(), 1, 5000);
     QTest::keyClick(m_app->settingsWindow(), Qt::Key_R, Qt::ControlModifier);
     QTRY_COMPARE_WITH_TIMEOUT(m_fixture->productRequestCount(), 2, 5000);
-    // Also with every product window closed.
     main->close();
     QTest::keyClick(m_app->settingsWindow(), Qt::Key_R, Qt::ControlModifier);
     QTRY_COMPARE_WITH_TIMEOUT(m_fixture->productRequestCount(), 3, 5000);
@@ -192,8 +184,7 @@ void StampixAppTest::labelPreviewIsPerWindow()
     first->activateWindow();
     QVERIFY(QTest::qWaitForWindowActive(first));
     QCOMPARE(shown(), (QList<bool>{false, true, false}));
-    for (int press = 0; press < 3; ++press)
-        QTest::keyClick(first, Qt::Key_L, Qt::ControlModifier);
+    QTest::keyClick(first, Qt::Key_L, Qt::ControlModifier);
     QCOMPARE(shown(), (QList<bool>{true, true, true}));
 }
 
@@ -213,35 +204,24 @@ void StampixAppTest::singleInstanceWindowsComeForward()
         QCOMPARE(window(), first.data());
         QVERIFY(!first->isMinimized() && first->isVisible());
     }
-    // The about window's link is in the caption colour, not a link blue.
-    const QImage link = m_app->aboutWindow()->view()->linkLabel()->grab().toImage();
-    for (int i = 0; i < link.width() * link.height(); ++i) {
-        const QColor pixel = link.pixelColor(i % link.width(), i / link.width());
-        QVERIFY(pixel.blue() <= pixel.red() + 60);
-    }
 }
 
 void StampixAppTest::readsTheNewestUsableItem_data()
 {
     QTest::addColumn<QByteArray>("feed");
     QTest::addColumn<QString>("expected");
-    QTest::newRow("newest by number") << feed(item("9", "1.9") + item("10", "1.10") + item("2b1"))
-                                      << u"10 1.10 https://s.example/10.zip"_s;
-    QTest::newRow("versions on the enclosure")
+    QTest::newRow("newest by number, versions on the enclosure")
         << feed(
-               R"(<item><enclosure url="https://s.example/a.zip" sparkle:version="41" sparkle:shortVersionString="0.9"/></item>)")
-        << u"41 0.9 https://s.example/a.zip"_s;
-    QTest::newRow("web downloads only")
+               item("9", "1.9") +
+               R"(<item><enclosure url="https://s.example/a.zip" sparkle:version="10" sparkle:shortVersionString="1.10"/></item>)")
+        << u"10 1.10 https://s.example/a.zip"_s;
+    // Downloads come over https; plain http only from this machine.
+    QTest::newRow("web downloads only, https link behind a plain enclosure")
         << feed(
                R"(<item><sparkle:version>8</sparkle:version><enclosure url="file:///etc/passwd"/></item>
-                   <item><sparkle:version>7</sparkle:version><link>https://s.example/get</link></item>)")
-        << u"7 7 https://s.example/get"_s;
+                   <item><sparkle:version>7</sparkle:version><enclosure url="http://s.example/7.zip"/><link>https://s.example/7</link></item>)")
+        << u"7 7 https://s.example/7"_s;
     QTest::newRow("no items") << feed({}) << u"De updatefeed noemt geen enkele versie."_s;
-    // Downloads come over https; plain http only from this machine.
-    QTest::newRow("https link behind a plain enclosure")
-        << feed(
-               R"(<item><sparkle:version>5</sparkle:version><enclosure url="http://s.example/5.zip"/><link>https://s.example/5</link></item>)")
-        << u"5 5 https://s.example/5"_s;
     QTest::newRow("only plain http") << feed(item("9", {}, "http://s.example/9.zip") +
                                              item("8", {}, "HTTP://localhost.s.example/"))
                                      << u"De updatefeed biedt geen enkele versie via https aan."_s;

@@ -20,7 +20,6 @@ constexpr bool kBudgetHolds = !__has_feature(address_sanitizer);
 constexpr bool kBudgetHolds = true;
 #endif
 
-// `unit` repeated to fill `bytes`, or just under.
 QString repeated(const QString& unit, qsizetype bytes = kMiB)
 {
     return unit.repeated(bytes / unit.toUtf8().size());
@@ -83,12 +82,6 @@ private slots:
         QTest::newRow("1 MiB in a block at the largest font")
             << u"^XA^PW800^LL800^FO0,0^A0N,32000,32000^FB32000,9999,9999,J^FD{{NAAM}}^FS^XZ"_s
             << product(repeated(u"Wij "_s, kMiB - 100)) << 1 << QString();
-        QTest::newRow("field data in a thousand pieces")
-            << u"^XA^FO0,0^FD{{NAAM}}^FS^XZ"_s << product(repeated(u"a^FD"_s, kMiB - 40)) << 1
-            << QString();
-        QTest::newRow("invalid UTF-8 under ^CI28")
-            << u"^XA^CI28^FO0,0^FH^FD{{NAAM}}^FS^XZ"_s
-            << product(repeated(u"_FF_C3_80_E2"_s, kMiB - 100)) << 1 << QString();
         QTest::newRow("a warning for every field")
             << fd << product(repeated(u"^FS^FO9999,9999^BEN,10^FD1^FS^FO0,0^FDé"_s, kMiB - 40)) << 1
             << u"Etiket ingekort tot 4800 bij 4800 punten."_s;

@@ -8,7 +8,6 @@ using namespace zbar; // zbar.h puts its C API in a namespace under C++
 
 namespace {
 
-// Every symbol zbar finds in the picture, as "TYPE:data".
 QStringList scan(const QImage& picture)
 {
     const QImage gray = picture.convertToFormat(QImage::Format_Grayscale8);
@@ -66,7 +65,6 @@ const auto kLayout =
     "^FO50,200^A0I,40,40^FDTTT^FS"
     "^FO400,200^A0B,40,40^FDTTT^FS"
     "^FT50,400^A0N,40,20^FDTTT^FS"
-    "^FO400,350^A0N,30,30^FB200,3,0,C^FDT^FS"
     "^FO400,420^A0N,30,30^FB200,3,0,L^FDTTTT TTTT TTTT TTTT TTTT TTTT TTTT TTTT TTTT TTTT^FS"
     "^FO50,550^GB200,100,5^FS"
     "^FO400,550^GB200,100,100^FS^FO420,570^FR^A0N,40,40^FDTT^FS"
@@ -88,17 +86,12 @@ private slots:
         QTest::newRow("EAN-13 adds its check digit")
             << 8 << u"^BEN,80,Y,N^FD590123412345"_s << u"EAN-13:5901234123457"_s;
         QTest::newRow("EAN-8") << 8 << u"^B8N,60^FD9638507"_s << u"EAN-8:96385074"_s;
-        // Short data is padded with zeros on the left; the symbol stays the one asked for.
-        QTest::newRow("EAN-13 from 7 digits")
-            << 8 << u"^BEN,80^FD4006381"_s << u"UPC-A:000040063812"_s;
         QTest::newRow("UPC-A") << 8 << u"^BUN,80^FD03600029145"_s << u"UPC-A:036000291452"_s;
         QTest::newRow("Code 128, subset C invocation, text above")
             << 8 << u"^BCN,60,Y,Y^FD>;12345678"_s << u"CODE-128:12345678"_s;
         QTest::newRow("Code 128 rotated, 12 dots/mm")
             << 12 << u"^BY3^BCR,120,N^FDART-0042"_s << u"CODE-128:ART-0042"_s;
         QTest::newRow("Code 39") << 8 << u"^BY2,2^B3N,N,80,Y^FDABC-123"_s << u"CODE-39:ABC-123"_s;
-        QTest::newRow("QR with mode prefix") << 8 << u"^BQN,2,4^FDQA,https://example.com/p?id=42"_s
-                                             << u"QR-Code:https://example.com/p?id=42"_s;
         QTest::newRow("QR with a ^FH escape")
             << 24 << u"^BQN,2,8^FH^FDHA,A_5EB"_s << u"QR-Code:A^B"_s;
     }
@@ -130,8 +123,6 @@ private slots:
         QTest::newRow("B") << QRect(350, 195, 350, 150) << QRect(400, 200, 40, -1) << u"B"_s;
         QTest::newRow("baseline origin, half width")
             << QRect(0, 340, 350, 100) << QRect(50, 371, -1, 29) << u"N"_s;
-        QTest::newRow("block centred")
-            << QRect(400, 340, 300, 40) << QRect(492, 350, -1, 30) << u"N"_s;
         QTest::newRow("block wraps")
             << QRect(400, 410, 300, 120) << QRect(400, 420, -1, 90) << u"N"_s;
     }

@@ -53,17 +53,11 @@ private slots:
         QVERIFY(server.listen());
         server.setHandler([](const Request&) { return Response::json(kTwoProducts); });
         KalmoraAPIService service(server.baseUrl());
-        // Plain concatenation: a query in the base swallows "/product" and is replaced.
-        KalmoraAPIService withQuery(server.baseUrl() + u"/api?stale=1"_s);
 
-        const Result first = fetch(service);
-        QVERIFY2(first, qPrintable(describe(first)));
-        QCOMPARE(first.value().size(), 2);
-        QCOMPARE(first.value().at(0).SellPrice1WithVat, 4.5);
+        QCOMPARE(describe(fetch(service)), u"2 products"_s);
         QVERIFY(fetch(service, u"key-456"_s, QString(), 25, 50));
-        QVERIFY(fetch(withQuery));
 
-        QCOMPARE(server.requests().size(), 3);
+        QCOMPARE(server.requests().size(), 2);
         const Request& request = server.requests().at(0);
         QCOMPARE(request.method + ' ' + request.path + '?' + request.query,
                  "GET /product?limit=1000&offset=0");
@@ -73,15 +67,13 @@ private slots:
         const Request& paged = server.requests().at(1);
         QCOMPARE(paged.query + ' ' + paged.header("ApiKey"), "limit=25&offset=50 key-456");
         QVERIFY(paged.hasHeader("Bookyear")); // an empty book year is an empty header
-        const Request& withBaseQuery = server.requests().at(2);
-        QCOMPARE(withBaseQuery.path + '?' + withBaseQuery.query, "/api?limit=1000&offset=0");
 
         // Nothing goes out without a key or a usable address.
         KalmoraAPIService empty{QString()}, noScheme(u"not a url"_s), broken(u"http://[::1"_s);
         QCOMPARE(describe(fetch(service, QString())), u"Geen API key geconfigureerd"_s);
         for (KalmoraAPIService* unusable : {&empty, &noScheme, &broken})
             QCOMPARE(describe(fetch(*unusable)), u"Ongeldige API URL"_s);
-        QCOMPARE(server.connectionCount(), 3);
+        QCOMPARE(server.connectionCount(), 2);
     }
 
     void outcomes_data()
@@ -117,7 +109,6 @@ private slots:
         // What arrives is valid JSON on its own; it must still not count.
         add("cut short", Mode::truncated, R"({"data":[]})", 200, 5000, kNetwork);
         add("streamed oversized", Mode::stream, {}, 200, 20000, kInvalid);
-        add("not HTTP", Mode::raw, "\x01\xffSSH-2.0-x\r\n\r\n", 200, 5000, kNetwork);
         // The API key never follows a redirect to another origin.
         add("redirect", Mode::normal, "/moved", 302, 5000, u"2 products"_s);
         add("redirect to another origin", Mode::normal, "http://localhost:{port}/moved", 301, 5000,
@@ -127,10 +118,6 @@ private slots:
             "HTTP/1.1 200 OK\r\nContent-Encoding: gzip\r\nContent-Length: 20\r\n\r\n" +
                 QByteArray::fromHex("1f8b0800000000000003ffffffff") + "broken",
             200, 5000, kNetwork);
-        // Decodable, were it not past the cap.
-        add("past 16 MiB", Mode::normal,
-            "{\"data\":[{\"ID\":1}],\"pad\":\"" + QByteArray(kBodyCap, 'x') + "\"}", 200, 20000,
-            kInvalid);
     }
 
     // Only an undecodable 200 body writes its one decoding line, and nothing else is printed.
@@ -154,12 +141,8 @@ private slots:
         capture.reset(); // before any check, so a failing one still shows
         QVERIFY2(text.startsWith(expected), qPrintable(text));
         QVERIFY(text != kNetwork);
-        for (const Request& request : server.requests())
-            QCOMPARE(request.path == "/moved",
-                     text == u"2 products"_s && &request != &server.requests()[0]);
-        const bool decoded = response.mode == Response::Mode::normal && response.status == 200 &&
-                             response.body.size() <= kBodyCap;
-        const bool logged = decoded && text == kInvalid;
+        const bool logged =
+            response.mode == Response::Mode::normal && response.status == 200 && text == kInvalid;
         // QtTest's own messages land in the capture too; a service's error text never does.
         const QStringList lines = printed.split(u'\n', Qt::SkipEmptyParts)
                                       .filter(QRegularExpression(u"^(?!Q[A-Z]+ *: )"_s));
@@ -174,9 +157,7 @@ private slots:
             LoopbackHttpServer server;
             QVERIFY(server.listen());
             server.setHandler([](const Request&) {
-                Response silent;
-                silent.mode = Response::Mode::neverAnswer;
-                return silent;
+                return Response{200, {}, {}, {}, Response::Mode::neverAnswer};
             });
             auto service = std::make_unique<KalmoraAPIService>(server.baseUrl());
             std::optional<Result> result;
@@ -206,10 +187,7 @@ private slots:
         server.setHandler([](const Request&) { return Response::json(kTwoProducts); });
         KalmoraAPIService service(server.baseUrl(), 5s);
 
-        const Result result = fetch(service);
-        const QString text = describe(result);
-        QVERIFY2(!result && result.error().kind() == APIError::Kind::networkError,
-                 qPrintable(text));
+        const QString text = describe(fetch(service));
         // The transport's own reason follows, whatever words it uses.
         QVERIFY2(text.startsWith(kNetwork) && text.size() > kNetwork.size(), qPrintable(text));
         QVERIFY(server.connectionCount() >= 1); // the handshake was tried...

@@ -89,7 +89,6 @@ private slots:
             QTest::newRow(name) << row;
         };
         add("no address", {"", 0, Behaviour::normal, 10000, "Geen printer IP geconfigureerd"});
-        add("negative port", {"127.0.0.1", -1, Behaviour::normal, 10000, "Verbinding mislukt: "});
         // Would reach a real port if it were cut to 16 bits.
         add("port wrapping",
             {"127.0.0.1", 65536 + 9100, Behaviour::normal, 10000, "Verbinding mislukt: "});

@@ -14,9 +14,8 @@ QCoro::Task<> storeTaskResult(QCoro::Task<T> task, std::optional<T>* result, QEv
     loop->quit();
 }
 
-// Runs the event loop until a task has finished and returns its result; a task
-// still running after `limit` aborts the test program instead of hanging it.
-// (QCoro::waitFor needs a default-constructible result, which Expected is not.)
+// Runs the event loop until a task has finished and returns its result, or aborts
+// after `limit`. (QCoro::waitFor needs a default-constructible result; Expected is not.)
 template <typename T>
 T awaitTask(QCoro::Task<T>&& task, std::chrono::milliseconds limit = std::chrono::seconds(30))
 {

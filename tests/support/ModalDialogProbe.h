@@ -5,9 +5,8 @@
 #include <QTimer>
 #include <functional>
 
-// Runs `inspect` on the modal dialog of type T once it is on screen. The
-// inspection must close the dialog; a bounded number of polls keeps a missing
-// dialog from hanging the test.
+// Runs `inspect` on the modal dialog of type T once it is on screen; a bounded
+// number of polls keeps a missing dialog from hanging the test.
 template <typename T> void whenShown(const std::function<void(T*)>& inspect, int pollsLeft = 200)
 {
     QTimer::singleShot(10, qApp, [inspect, pollsLeft] {
