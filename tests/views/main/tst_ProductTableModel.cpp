@@ -179,10 +179,6 @@ void ProductTableModelTest::keysDecideInTurnEachInItsOwnOrder_data()
     QTest::newRow("name up, price down")
         << QList<Key>{{kName, Qt::AscendingOrder}, {kPrice, Qt::DescendingOrder}} << QList<int>()
         << u"BECDA"_s;
-    QTest::newRow("price down, barcode up, name down") << QList<Key>{{kPrice, Qt::DescendingOrder},
-                                                                     {kBarcode, Qt::AscendingOrder},
-                                                                     {kName, Qt::DescendingOrder}}
-                                                       << QList<int>() << u"DEBAC"_s;
     QTest::newRow("ties left keep the service order, descending too")
         << QList<Key>{{kName, Qt::DescendingOrder}} << QList<int>() << u"ADBCE"_s;
     QTest::newRow("the check column is skipped")
