@@ -111,15 +111,15 @@ void ProductWindowTest::statesFollowTheLoadTheDossierAndTheSearch()
     showWindow(200, 200ms);
     QCOMPARE(m_view->contentState(), State::Loading);
     QTRY_COMPARE_WITH_TIMEOUT(m_view->contentState(), State::ProductList, 5000);
-    const Dossier second{QUuid::createUuid(), {}, u"key-2"_s};
-    m_settings->setDossiers({m_settings->dossiers().at(0), second, Dossier()});
+    m_settings->setDossiers(
+        {m_settings->dossiers().at(0), {QUuid::createUuid(), {}, u"key-2"_s}, {}});
     // Another dossier reloads, and a reload hides the table even with products known.
     QComboBox* picker = m_view->toolbar()->dossierPicker();
     QTest::keyClick(picker, Qt::Key_Down);
-    QCOMPARE(m_settings->selectedDossierID(), second.id);
+    QCOMPARE(m_settings->selectedDossierID(), m_settings->dossiers().at(1).id);
     QCOMPARE(m_view->contentState(), State::Loading);
     QTRY_COMPARE_WITH_TIMEOUT(m_fixture->productRequestCount(), 2, 5000);
-    emit picker->activated(picker->currentIndex());
+    emit picker->activated(picker->currentIndex()); // the same one again: no load
     // So does a change made elsewhere, for example in the settings window.
     m_settings->setSelectedDossierID(m_settings->dossiers().at(0).id);
     QCOMPARE(picker->currentIndex(), 0);
@@ -202,8 +202,7 @@ void ProductWindowTest::printRunStatusRowAndTabOrder()
     m_settings->updatePrinter(0, [](Printer& printer) { printer.ipAddress = u"127.0.0.1"_s; });
     QTest::mouseClick(print, Qt::LeftButton);
     QVERIFY(!print->isEnabled() && print->isBusy());
-    QTRY_VERIFY_WITH_TIMEOUT(!status->isPrinting(), 10000);
-    QVERIFY(print->isEnabled() && !print->isBusy());
+    QTRY_VERIFY_WITH_TIMEOUT(print->isEnabled() && !print->isBusy(), 10000);
 
     // Tab in visual order, with what a screen reader says (the pickers: their labels).
     CustomToolbar* bar = m_view->toolbar();
