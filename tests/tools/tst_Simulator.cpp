@@ -1,7 +1,6 @@
 #include "AwaitTask.h"
 #include "DemoHome.h"
 #include "SimulatedProductService.h"
-#include "SimulatorOptions.h"
 #include "TestHome.h"
 #include "VirtualPrinter.h"
 #include "labelrender/LabelRenderer.h"
@@ -24,35 +23,6 @@ class SimulatorTest : public QObject
     Q_OBJECT
 
 private slots:
-    void options_data()
-    {
-        QTest::addColumn<QString>("arguments");
-        QTest::addColumn<bool>("accepted");
-        QTest::newRow("all")
-            << u"--service-port=0 --printer-port 20000 --printers=3 --api-key=k "
-               "--products=100000 --delay=1500 --service-failure=http-500 "
-               "--printer-failure=hang --printer-state=head-open --demo-home=/tmp/d"_s
-            << true;
-        QTest::newRow("port too large") << u"--service-port=65536"_s << false;
-        QTest::newRow("ports past the end") << u"--printer-port=65535 --printers=2"_s << false;
-        QTest::newRow("unknown failure") << u"--printer-failure=boom"_s << false;
-    }
-
-    void options()
-    {
-        QFETCH(QString, arguments);
-        QFETCH(bool, accepted);
-        SimulatorOptions options;
-        QString message;
-        const auto outcome = SimulatorOptions::parse(QStringList{u"stampix-simulator"_s} +
-                                                         arguments.split(u' ', Qt::SkipEmptyParts),
-                                                     &options, &message);
-        QCOMPARE(outcome == SimulatorOptions::Outcome::run, accepted);
-        QCOMPARE(message.isEmpty(), accepted);
-        if (arguments.contains(u"head-open"_s))
-            QCOMPARE(options.printerState, VirtualPrinter::State::headOpen);
-    }
-
     void printers_data()
     {
         QTest::addColumn<QString>("state");
