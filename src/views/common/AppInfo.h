@@ -2,6 +2,7 @@
 
 #include <QString>
 #include <QStringView>
+#include <QUrl>
 
 // The program's version texts, from the build settings.
 class AppInfo
@@ -14,4 +15,7 @@ public:
 
     // The rule behind version(): a configured text, or "1.0" when it is empty.
     static QString versionOrFallback(QStringView configured);
+    // The maker's site, linked from both About pages.
+    static QString makerDomain() { return QStringLiteral("stampix.app"); }
+    static QUrl makerURL() { return QUrl(QStringLiteral("https://stampix.app")); }
 };

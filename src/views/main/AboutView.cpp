@@ -42,7 +42,8 @@ AboutView::AboutView(QWidget* parent) : QWidget(parent), m_iconSpace(new QWidget
     // The link is in the caption's colour, not the link blue: rich text takes
     // a link's colour from the application palette unless the link names one.
     m_link = captionLabel(u"<a href=\"%1\" style=\"color: %2\">%3</a>"_s.arg(
-        makerURL().toString(), palette().color(Theme::kSecondaryText).name(), makerDomain()));
+        AppInfo::makerURL().toString(), palette().color(Theme::kSecondaryText).name(),
+        AppInfo::makerDomain()));
     m_link->setTextFormat(Qt::RichText);
     m_link->setTextInteractionFlags(Qt::LinksAccessibleByMouse | Qt::LinksAccessibleByKeyboard);
     connect(m_link, &QLabel::linkActivated, this,

@@ -1,6 +1,5 @@
 #pragma once
 
-#include <QUrl>
 #include <QWidget>
 
 class QLabel;
@@ -15,9 +14,6 @@ public:
     static constexpr int kSize = 320;
 
     explicit AboutView(QWidget* parent = nullptr);
-
-    static QString makerDomain() { return QStringLiteral("stampix.app"); }
-    static QUrl makerURL() { return QUrl(QStringLiteral("https://stampix.app")); }
 
     QLabel* linkLabel() const { return m_link; }
 

@@ -1,9 +1,9 @@
 #include "views/settings/AboutSettingsPage.h"
 
+#include "views/common/AppInfo.h"
 #include "views/common/Divider.h"
 #include "views/common/SymbolLabel.h"
 #include "views/common/Theme.h"
-#include "views/main/AboutView.h"
 #include "views/settings/SettingsView.h"
 
 #include <QDate>
@@ -64,9 +64,9 @@ AboutSettingsPage::AboutSettingsPage(QWidget* parent)
         Theme::label(u"© %1 Stampix. Alle rechten voorbehouden."_s.arg(QDate::currentDate().year()),
                      Theme::caption(), Theme::kSecondaryText));
     auto* link = new QLabel(
-        u"<a href=\"%1\">%2</a>"_s.arg(AboutView::makerURL().toString(), AboutView::makerDomain()));
+        u"<a href=\"%1\">%2</a>"_s.arg(AppInfo::makerURL().toString(), AppInfo::makerDomain()));
     link->setFont(Theme::caption());
-    link->setAccessibleName(AboutView::makerDomain());
+    link->setAccessibleName(AppInfo::makerDomain());
     link->setTextFormat(Qt::RichText);
     link->setTextInteractionFlags(Qt::LinksAccessibleByMouse | Qt::LinksAccessibleByKeyboard);
     connect(link, &QLabel::linkActivated, this,
