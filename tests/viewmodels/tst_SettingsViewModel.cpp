@@ -1,4 +1,5 @@
 #include "LabelSink.h"
+#include "PrinterAnswers.h"
 #include "TestHome.h"
 #include "model/AppSettings.h"
 #include "viewmodels/SettingsViewModel.h"
@@ -141,10 +142,7 @@ void SettingsViewModelTest::aTestOutlivesItsWindow()
     TestHome home;
     LabelSink sink;
     QVERIFY(sink.listen());
-    sink.setStatusAnswer("\x02"
-                         "030,1,0,1218,000,0,0,0,000,0,0,0\x03\r\n\x02"
-                         "000,0,0,0,1,2,6,0,00000000,1,000\x03\r\n\x02"
-                         "1234,0\x03\r\n");
+    sink.setStatusAnswer(kPaperOutAnswer);
     QSignalSpy asked(&sink, &LabelSink::statusQueried);
     AppSettings settings;
     settings.setPrinters({{.name = u"Balie"_s, .ipAddress = u"127.0.0.1"_s, .port = sink.port()}});

@@ -1,4 +1,5 @@
 #include "LabelSink.h"
+#include "PrinterAnswers.h"
 #include "SettingsViewHarness.h"
 #include "labelrender/LabelRenderer.h"
 #include "services/PrinterService.h"
@@ -52,10 +53,7 @@ void SettingsEditorsTest::printerPageAndTestPrint()
     QCOMPARE(PrinterEditorPage::parsePort(u"-3"_s), -3);
     LabelSink sink;
     QVERIFY(sink.listen());
-    sink.setStatusAnswer("\x02"
-                         "030,1,0,1218,000,0,0,0,000,0,0,0\x03\r\n\x02"
-                         "000,0,0,0,1,2,6,0,00000000,1,000\x03\r\n\x02"
-                         "1234,0\x03\r\n");
+    sink.setStatusAnswer(kPaperOutAnswer);
     SettingsViewHarness harness;
     const Printer printer{.name = u"Balie"_s, .ipAddress = u"127.0.0.1"_s, .port = sink.port()};
     harness.settings().setPrinters({printer});
